@@ -1,0 +1,21 @@
+# The site a web server serves and the library reads: laid out below the build folder exactly as
+# it lies below / on a board.
+set(ORVGUI_STAGE ${CMAKE_BINARY_DIR}/site)
+set(ORVGUI_STAGE_SKELETONS ${ORVGUI_STAGE}/usr/local/www/skel)
+set(ORVGUI_STAGE_PAGES ${ORVGUI_STAGE}/usr/local/www/htdocs)
+set(ORVGUI_STAGE_CATALOGUES ${ORVGUI_STAGE}/etc/orv/trace)
+
+# Lays FILES of the source tree into FOLDER of the site whenever they change.
+function(orvgui_stage target folder)
+    set(staged)
+    foreach(file IN LISTS ARGN)
+        cmake_path(GET file FILENAME name)
+        cmake_path(ABSOLUTE_PATH file OUTPUT_VARIABLE source)
+        add_custom_command(
+            OUTPUT ${folder}/${name}
+            COMMAND ${CMAKE_COMMAND} -E copy ${source} ${folder}/${name}
+            DEPENDS ${source})
+        list(APPEND staged ${folder}/${name})
+    endforeach()
+    add_custom_target(${target} ALL DEPENDS ${staged})
+endfunction()

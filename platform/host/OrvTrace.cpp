@@ -1,0 +1,83 @@
+#include "orv/OrvTrace.h"
+
+#include <sys/time.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+
+#include "TraceSink.h"
+
+namespace ORVLib::trace {
+
+namespace {
+
+TraceSink traceSink = nullptr;
+
+int highestLevel() {
+    const char* const level = std::getenv("ORV_TRACE_LEVEL");
+    return level != nullptr ? std::atoi(level) : 0;
+}
+
+bool isControl(unsigned char byte) { return byte < 0x20 || byte == 0x7f; }
+
+// A text from the network must not be able to end the line and forge an entry.
+std::string oneLine(const std::string& text) {
+    std::string line;
+    line.reserve(text.size());
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (isControl(byte)) {
+            char escape[sizeof("\\xHH")];
+            std::snprintf(escape, sizeof escape, "\\x%02x", byte);
+            line += escape;
+        } else {
+            line += character;
+        }
+    }
+    return line;
+}
+
+std::string timeOfDay() {
+    timeval now{};
+    gettimeofday(&now, nullptr);
+    tm local{};
+    localtime_r(&now.tv_sec, &local);
+    char text[sizeof("YYYY-MM-DD HH:MM:SS") + 16];
+    const std::size_t length = std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &local);
+    std::snprintf(text + length, sizeof text - length, ".%06ld", static_cast<long>(now.tv_usec));
+    return text;
+}
+
+void writeToStandardError(const TraceEntry& entry) {
+    char origin[96];
+    std::snprintf(origin, sizeof origin, " [%ld] level=%d %d/%d/%d ", static_cast<long>(getpid()),
+                  entry.level, entry.category, entry.subCategory, entry.module);
+    const std::string line = timeOfDay() + origin + oneLine(entry.text) + '\n';
+    // One write an entry keeps the lines of concurrent pages apart. A log that cannot be written
+    // has nowhere left to be reported.
+    static_cast<void>(!::write(STDERR_FILENO, line.data(), line.size()));
+}
+
+}  // namespace
+
+TraceSink setTraceSink(TraceSink sink) {
+    const TraceSink before = traceSink;
+    traceSink = sink;
+    return before;
+}
+
+OrvTrace::OrvTrace(int category, int subCategory, int module)
+    : m_category(category), m_subCategory(subCategory), m_module(module) {}
+
+void OrvTrace::putLog(int level, const std::string& text) {
+    const TraceEntry entry{m_category, m_subCategory, m_module, level, text};
+    if (traceSink != nullptr) {
+        traceSink(entry);
+    } else if (level <= highestLevel()) {
+        writeToStandardError(entry);
+    }
+}
+
+}  // namespace ORVLib::trace
