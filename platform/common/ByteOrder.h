@@ -24,7 +24,9 @@ inline std::int32_t toSigned(std::uint32_t bits) {
                              : static_cast<std::int32_t>(bits - INT32_MAX - 1) + INT32_MIN;
 }
 
-inline std::int32_t readSigned32(const unsigned char* from) { return toSigned(read32(from)); }
+inline std::int32_t readSigned32(const unsigned char* from) {
+    return toSigned(read32(from));
+}
 
 inline void write32(unsigned char* to, std::int32_t number) {
     write32(to, static_cast<std::uint32_t>(number));

@@ -63,7 +63,7 @@ const char* lmsg_getmsg(int number, char* buffer, ...) {
 }
 
 const char* lgui_getmsgv(int language, int messageId, char* buffer, va_list arguments) {
-    const Table table = language == 0 ? ORVLib::OperatorTexts::japanese()
-                                      : ORVLib::OperatorTexts::english();
+    const Table table =
+        language == 0 ? ORVLib::OperatorTexts::japanese() : ORVLib::OperatorTexts::english();
     return formatText(table, messageId, buffer, arguments);
 }

@@ -17,6 +17,8 @@ constexpr Text TEXTS[] = {
 
 }  // namespace
 
-Table english() { return {TEXTS, sizeof TEXTS / sizeof *TEXTS}; }
+Table english() {
+    return {TEXTS, sizeof TEXTS / sizeof *TEXTS};
+}
 
 }  // namespace ORVLib::OperatorTexts

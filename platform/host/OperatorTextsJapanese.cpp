@@ -7,7 +7,8 @@ namespace {
 constexpr Text TEXTS[] = {
     {11, "要求を実行できませんでした。もう一度操作してください。"},
     {13, "管理ボードが応答できません。しばらくしてからもう一度操作してください。"},
-    {14, "管理ボードからの応答が時間内にありませんでした。しばらくしてからもう一度操作してください。"},
+    {14,
+     "管理ボードからの応答が時間内にありませんでした。しばらくしてからもう一度操作してください。"},
     {20, "管理ボードとの通信に失敗しました。"},
     {24, "画面の作成中に内部エラーが発生しました。"},
     {78, "管理ボードが要求を拒否しました。"},
@@ -17,6 +18,8 @@ constexpr Text TEXTS[] = {
 
 }  // namespace
 
-Table japanese() { return {TEXTS, sizeof TEXTS / sizeof *TEXTS}; }
+Table japanese() {
+    return {TEXTS, sizeof TEXTS / sizeof *TEXTS};
+}
 
 }  // namespace ORVLib::OperatorTexts

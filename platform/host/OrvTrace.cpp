@@ -20,7 +20,9 @@ int highestLevel() {
     return level != nullptr ? std::atoi(level) : 0;
 }
 
-bool isControl(unsigned char byte) { return byte < 0x20 || byte == 0x7f; }
+bool isControl(unsigned char byte) {
+    return byte < 0x20 || byte == 0x7f;
+}
 
 // A text from the network must not be able to end the line and forge an entry.
 std::string oneLine(const std::string& text) {

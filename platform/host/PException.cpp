@@ -37,7 +37,9 @@ PException::PException(int category, int subCategory, int module, int actionCode
       m_arguments{argument1, argument2, argument3, argument4,
                   argument5, argument6, argument7, argument8} {}
 
-unsigned char PException::getActionCode() const { return static_cast<unsigned char>(m_actionCode); }
+unsigned char PException::getActionCode() const {
+    return static_cast<unsigned char>(m_actionCode);
+}
 
 unsigned int PException::getExceptionDetail() const {
     return static_cast<unsigned int>(m_exceptionDetail);
@@ -60,8 +62,8 @@ unsigned int PException::getSerialized(unsigned char* buffer, unsigned int size)
     if (size < needed) {
         return 0;
     }
-    for (const int number : {m_category, m_subCategory, m_module, m_actionCode, m_exceptionDetail,
-                             m_messageNumber}) {
+    for (const int number :
+         {m_category, m_subCategory, m_module, m_actionCode, m_exceptionDetail, m_messageNumber}) {
         Bytes::write32(buffer, number);
         buffer += NUMBER_SIZE;
     }

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "gui/FormComponent.h"
+#include "gui/HTMLComponent.h"
+
+namespace ORVLib::Gui {
+
+/// A hidden input that carries a value from one page to the next request.
+///
+/// Only double quotes in the value are escaped when it is printed: an entity such as "&lt;" in
+/// the value comes back as the character it names.
+class ORVGUI_EXPORT HiddenField : public FormComponent, public HTMLComponent {
+public:
+    explicit HiddenField(const std::string& name, const std::string& value = "",
+                         const std::string& form = "")
+        : FormComponent(name, value, form) {}
+
+    void printHTML() const override;
+    bool isError() const override;
+};
+
+}  // namespace ORVLib::Gui

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "gui/FormComponent.h"
+#include "gui/HTMLComponent.h"
+
+namespace ORVLib::Gui {
+
+/// The button that puts a form's inputs back to what the page showed first.
+///
+/// Nothing is escaped, as in Button.
+class ORVGUI_EXPORT ResetButton : public FormComponent, public HTMLComponent {
+public:
+    explicit ResetButton(const std::string& name, const std::string& value = "",
+                         const std::string& form = "")
+        : FormComponent(name, value, form) {}
+
+    void printHTML() const override;
+    bool isError() const override;
+};
+
+}  // namespace ORVLib::Gui

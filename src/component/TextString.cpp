@@ -1,0 +1,34 @@
+#include "gui/TextString.h"
+
+#include <iostream>
+
+#include "gui/MessageMgr.h"
+
+namespace ORVLib::Gui {
+
+const char TextString::colorStyle[6][16] = {
+    "err_string",      // ERROR_COLOUR
+    "warning_string",  // WARNING_COLOUR
+    "degrade_string",  // DEGRADE_COLOUR
+    "normal_green",    // NORMAL_COLOUR
+    "white_string",    // WHITE_COLOUR
+    "mainte_string",   // MAINTENANCE_COLOUR
+};
+
+void TextString::printHTML() const {
+    std::string text(m_text.c_str());
+    if (!m_raw) {
+        MessageMgr::convertHTML(text);
+    }
+    if (m_colour < ERROR_COLOUR || m_colour > MAINTENANCE_COLOUR) {
+        std::cout << text;
+    } else {
+        std::cout << "<font class=\"" << colorStyle[m_colour] << "\">" << text << "</font>";
+    }
+}
+
+bool TextString::isError() const {
+    return false;
+}
+
+}  // namespace ORVLib::Gui

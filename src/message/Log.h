@@ -1,0 +1,36 @@
+#pragma once
+
+#include "orv/Messages.h"
+#include "orv/OrvTrace.h"
+
+/// How the library writes to the trace log.
+namespace ORVLib::Gui::Log {
+
+/// Origin of every entry: category, sub-category and one module a class.
+constexpr int CATEGORY = 1;
+constexpr int SUB_CATEGORY = 2;
+enum Module { CODE_GENERATOR = 0x801, FORM_INFO = 0x802, MESSAGE_MGR = 0x803 };
+
+enum Level { ERROR_LEVEL = 0, PROTOCOL_LEVEL = 200 };
+
+/// Numbers of lmsg_getmsg().
+enum LogText {
+    NOT_AVAILABLE = 20003,
+    SYSTEM_CALL_FAILED = 20011,
+    CANNOT_OPEN = 20015,
+    INPUT_ENDED = 20020,
+    NO_NUMBER = 20052
+};
+
+inline trace::OrvTrace writer(Module module) {
+    return {CATEGORY, SUB_CATEGORY, module};
+}
+
+/// Writes the log text `number`, formatted with its arguments.
+template <typename... Arguments>
+void putText(trace::OrvTrace& trace, Level level, LogText number, Arguments... arguments) {
+    char buffer[ORV_MESSAGE_SIZE];
+    trace.putLog(level, lmsg_getmsg(number, buffer, arguments...));
+}
+
+}  // namespace ORVLib::Gui::Log

@@ -1,0 +1,127 @@
+#include "gui/MessageMgr.h"
+
+#include <cstdarg>
+#include <cstdio>
+#include <sstream>
+#include <vector>
+
+#include "common/ByteOrder.h"
+#include "message/Log.h"
+#include "message/SitePaths.h"
+#include "orv/CsvInfoAccess.h"
+
+namespace ORVLib::Gui {
+
+namespace {
+
+constexpr unsigned int WORD_SIZE = 4;
+constexpr int REMAPPED_CODE = 0x700;
+constexpr int REMAPPED_FAMILY = 0xd00;
+
+const char* cataloguePath(int language) {
+    return language == 0 ? SitePaths::CATALOGUE_JAPANESE : SitePaths::CATALOGUE_ENGLISH;
+}
+
+/// Bytes of the open file, 0 when they cannot be told. Leaves the stream at its start.
+unsigned int sizeOf(std::ifstream& file) {
+    file.seekg(0, std::ios::end);
+    const std::streamoff size = file.tellg();
+    file.clear();
+    file.seekg(0);
+    if (size < 0) {
+        return 0;
+    }
+    return size > UINT32_MAX ? UINT32_MAX : static_cast<unsigned int>(size);
+}
+
+bool readWords(std::ifstream& file, unsigned int* words, unsigned int count) {
+    std::vector<unsigned char> bytes(std::size_t{count} * WORD_SIZE);
+    file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    for (unsigned int i = 0; file.good() && i < count; ++i) {
+        words[i] = Bytes::read32(&bytes[std::size_t{i} * WORD_SIZE]);
+    }
+    return file.good();
+}
+
+std::string codeSuffix(int code) {
+    char suffix[sizeof " (00:ffffffff)"];
+    std::snprintf(suffix, sizeof suffix, " (00:%04x)", static_cast<unsigned int>(code));
+    return suffix;
+}
+
+}  // namespace
+
+MessageMgr::MessageMgr(int language)
+    : m_language(language),
+      m_stream(std::make_unique<std::ifstream>(cataloguePath(language), std::ios::binary)) {
+    if (!m_stream->good() || !readOffsets(sizeOf(*m_stream))) {
+        trace::OrvTrace trace = Log::writer(Log::MESSAGE_MGR);
+        Log::putText(trace, Log::ERROR_LEVEL, Log::CANNOT_OPEN, "MessageMgr::MessageMgr(int)",
+                     cataloguePath(language));
+    }
+}
+
+MessageMgr::~MessageMgr() = default;
+
+bool MessageMgr::readOffsets(unsigned int fileSize) {
+    unsigned int count = 0;
+    if (fileSize < WORD_SIZE || !readWords(*m_stream, &count, 1) ||
+        count > (fileSize - WORD_SIZE) / WORD_SIZE) {
+        return false;
+    }
+    m_offsets = std::make_unique<unsigned int[]>(count);
+    if (!readWords(*m_stream, m_offsets.get(), count)) {
+        return false;
+    }
+    m_count = count;
+    m_dataStart = m_stream->tellg();
+    return true;
+}
+
+std::string MessageMgr::getString(int id) {
+    if (id < 0 || m_count <= static_cast<unsigned int>(id)) {
+        return "failed to read string for CGI";
+    }
+    std::string text;
+    m_stream->clear();  // an earlier string may have run to the end of the file
+    m_stream->seekg(m_dataStart +
+                    static_cast<std::streamoff>(m_offsets[static_cast<unsigned>(id)]));
+    std::getline(*m_stream, text, '\0');
+    return text;
+}
+
+std::string MessageMgr::getMessage(int msgId, int code, ...) {
+    char buffer[ORV_MESSAGE_SIZE];
+    va_list arguments;
+    va_start(arguments, code);
+    std::string text = lgui_getmsgv(m_language, msgId, buffer, arguments);
+    va_end(arguments);
+    return code > 0 ? text + codeSuffix(code) : text;
+}
+
+int MessageMgr::shownCode(int code, unsigned char expCode) {
+    return code == REMAPPED_CODE ? REMAPPED_FAMILY | expCode : code;
+}
+
+bool MessageMgr::getCsvExMsgId(ORVUi::CsvInfoAccess& csv, unsigned int key, unsigned int& msgId) {
+    if (csv.isFault()) {
+        return false;
+    }
+    std::string record;
+    csv.searchRecord(0, std::to_string(key), record);
+    std::istringstream fields(record);
+    unsigned int recordKey = 0;
+    char separator = '\0';
+    unsigned int number = 0;
+    fields >> recordKey >> separator >> number;
+    if (number == 0) {
+        trace::OrvTrace trace = Log::writer(Log::MESSAGE_MGR);
+        Log::putText(trace, Log::ERROR_LEVEL, Log::NO_NUMBER, "MessageMgr::getCsvExMsgId() tmpId",
+                     number);
+        return false;
+    }
+    msgId = number;
+    return true;
+}
+
+}  // namespace ORVLib::Gui

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <climits>
+#include <cstdint>
+#include <cstdlib>
+
+/// Numbers read from text as the board's 32-bit C library reads them, on every machine: what does
+/// not fit saturates instead of being cut.
+namespace ORVLib::Gui::Numbers {
+
+inline int saturate(long long number) {
+    if (number > INT32_MAX) {
+        return INT32_MAX;
+    }
+    return number < INT32_MIN ? INT32_MIN : static_cast<int>(number);
+}
+
+/// As atoi() on the board.
+inline int readInt(const char* text) {
+    return saturate(std::strtoll(text, nullptr, 10));
+}
+
+}  // namespace ORVLib::Gui::Numbers

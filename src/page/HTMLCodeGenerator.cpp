@@ -1,0 +1,134 @@
+#include "gui/HTMLCodeGenerator.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <iostream>
+
+#include "common/FileDescriptor.h"
+#include "gui/HTMLPage.h"
+#include "gui/MessageMgr.h"
+#include "message/Log.h"
+
+namespace ORVLib::Gui {
+
+namespace {
+
+constexpr std::size_t BLOCK_SIZE = 16384;
+constexpr char MARKER = '$';
+
+// The message that stands where a page should be when its skeleton cannot be read.
+constexpr int NO_SKELETON_LANGUAGE = 0;
+constexpr int NO_SKELETON_MESSAGE = 13;
+constexpr int NO_SKELETON_CODE = 1026;
+
+ssize_t readBlock(const FileDescriptor& file, char* block) {
+    ssize_t length = 0;
+    do {
+        length = read(file.get(), block, BLOCK_SIZE);
+    } while (length < 0 && errno == EINTR);
+    return length;
+}
+
+/// Finds the markers in a skeleton that arrives in blocks.
+class MarkerScanner {
+public:
+    /// Hands the texts between markers in [block, end) to `onText`, the names of markers that
+    /// close in it to `onMarker`.
+    template <typename OnText, typename OnMarker>
+    void scan(const char* block, const char* end, OnText onText, OnMarker onMarker) {
+        while (block != end) {
+            const void* const found =
+                std::memchr(block, MARKER, static_cast<std::size_t>(end - block));
+            const char* const stop = found != nullptr ? static_cast<const char*>(found) : end;
+            if (m_inMarker) {
+                m_name.append(block, stop);
+            } else {
+                onText(block, stop - block);
+            }
+            if (found == nullptr) {
+                return;
+            }
+            if (m_inMarker) {
+                finish(onMarker);
+            } else {
+                m_inMarker = true;
+            }
+            block = stop + 1;
+        }
+    }
+
+    /// Closes the marker that is still open, if any.
+    template <typename OnMarker>
+    void finish(OnMarker onMarker) {
+        if (m_inMarker) {
+            onMarker(m_name);
+        }
+        m_inMarker = false;
+        m_name.clear();
+    }
+
+private:
+    bool m_inMarker = false;
+    std::string m_name;
+};
+
+}  // namespace
+
+HTMLCodeGenerator::HTMLCodeGenerator(ComponentMap* map)
+    : m_skeletonFileName(HTMLPage::SKELETON_FILE_NAME), m_map(map) {}
+
+HTMLCodeGenerator::~HTMLCodeGenerator() = default;
+
+void HTMLCodeGenerator::printHTML() const {
+    const FileDescriptor skeleton(open(m_skeletonFileName.c_str(), O_RDONLY | O_CLOEXEC));
+    char block[BLOCK_SIZE];
+    ssize_t length = skeleton.isOpen() ? readBlock(skeleton, block) : -1;
+    if (length < 0) {
+        printUnreadable();
+        return;
+    }
+    MarkerScanner scanner;
+    const auto onText = [](const char* text, std::ptrdiff_t size) { std::cout.write(text, size); };
+    const auto onMarker = [this](const std::string& name) { printMarker(name); };
+    while (length > 0) {
+        scanner.scan(block, block + length, onText, onMarker);
+        length = readBlock(skeleton, block);
+    }
+    scanner.finish(onMarker);
+    if (length < 0) {
+        logUnreadable();
+    }
+}
+
+void HTMLCodeGenerator::printMarker(const std::string& name) const {
+    if (name.empty()) {
+        std::cout << MARKER;
+        return;
+    }
+    const auto entry = m_map->find(name);
+    if (entry != m_map->end()) {
+        entry->second->printHTML();
+    }
+}
+
+void HTMLCodeGenerator::printUnreadable() const {
+    std::cout << MessageMgr(NO_SKELETON_LANGUAGE).getMessage(NO_SKELETON_MESSAGE, NO_SKELETON_CODE);
+    logUnreadable();
+}
+
+void HTMLCodeGenerator::logUnreadable() const {
+    trace::OrvTrace trace = Log::writer(Log::CODE_GENERATOR);
+    Log::putText(trace, Log::ERROR_LEVEL, Log::CANNOT_OPEN, "HTMLCodeGenerator::printHTML()",
+                 m_skeletonFileName.c_str());
+}
+
+bool HTMLCodeGenerator::isError() const {
+    return std::any_of(m_map->begin(), m_map->end(),
+                       [](const auto& entry) { return entry.second->isError(); });
+}
+
+}  // namespace ORVLib::Gui

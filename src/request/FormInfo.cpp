@@ -1,0 +1,281 @@
+#include "gui/FormInfo.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <stdexcept>
+#include <utility>
+
+#include "message/Log.h"
+#include "message/Numbers.h"
+#include "orv/PException.h"
+
+// The request as a whole and URL-encoded bodies; multipart bodies are in FormInfoUpload.cpp.
+
+namespace ORVLib::Gui {
+
+namespace {
+
+constexpr int ADDRESS_FIELDS = 4;
+constexpr std::size_t ESCAPE_LENGTH = 3;
+
+// How a failed read of the body is reported.
+constexpr int READ_ACTION_CODE = 1;
+constexpr int READ_EXCEPTION_DETAIL = 1043;
+
+PException readException(Log::LogText text, const char* operation, int error) {
+    return {Log::CATEGORY,
+            Log::SUB_CATEGORY,
+            Log::FORM_INFO,
+            READ_ACTION_CODE,
+            READ_EXCEPTION_DETAIL,
+            text,
+            operation,
+            error,
+            0,
+            0,
+            0,
+            0,
+            0,
+            0};
+}
+
+/// As getenv(), with an entry in the trace log, which names the variable, when it is not set.
+const char* getenvLogged(const char* name, const char* logged) {
+    const char* const value = std::getenv(name);
+    if (value == nullptr) {
+        trace::OrvTrace trace = Log::writer(Log::FORM_INFO);
+        Log::putText(trace, Log::ERROR_LEVEL, Log::NOT_AVAILABLE, logged);
+    }
+    return value;
+}
+
+/// Takes the next token off the front of `rest`. Runs of delimiters count as one, and those in
+/// front are skipped. Returns false when nothing but delimiters is left.
+bool takeToken(std::string_view& rest, char delimiter, std::string_view& token) {
+    const std::size_t start = rest.find_first_not_of(delimiter);
+    if (start == std::string_view::npos) {
+        return false;
+    }
+    rest.remove_prefix(start);
+    token = rest.substr(0, rest.find(delimiter));
+    rest.remove_prefix(token.size());
+    return true;
+}
+
+int hexDigit(char character) {
+    if (character >= '0' && character <= '9') {
+        return character - '0';
+    }
+    const int lower = character | 0x20;
+    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
+}
+
+/// The byte that the two characters of an escape stand for. Anything but two hexadecimal digits
+/// gives the low byte of what strtoul() reads in them: signs and blanks count, and a character
+/// that is no digit ends the number.
+char unescaped(char first, char second) {
+    const int high = hexDigit(first);
+    const int low = hexDigit(second);
+    if (high >= 0 && low >= 0) {
+        return static_cast<char>(high << 4 | low);
+    }
+    const char digits[] = {first, second, '\0'};
+    return static_cast<char>(std::strtoul(digits, nullptr, 16) & 0xff);
+}
+
+}  // namespace
+
+FormInfo* FormInfo::myInstance = nullptr;
+
+FormInfo::FormInfo() {
+    setURLInfo();
+    if (!isPostMethod()) {
+        if (const char* const query = std::getenv("QUERY_STRING")) {
+            tokenize(query, std::strlen(query));
+        }
+        return;
+    }
+    const char* const length = std::getenv("CONTENT_LENGTH");
+    if (length == nullptr) {
+        return;
+    }
+    m_contentLength = Numbers::readInt(length);
+    if (m_contentLength > LARGEST_BODY_AT_START) {
+        m_readSkip = true;
+    } else if (m_contentLength > 0) {
+        readPostData(m_contentLength);
+    }
+}
+
+FormInfo::~FormInfo() {
+    terminate();
+}
+
+bool FormInfo::isPostMethod() const {
+    const char* const method = std::getenv("REQUEST_METHOD");
+    return method != nullptr && std::strcmp(method, "POST") == 0;
+}
+
+bool FormInfo::getFormData(const std::string& name, std::string& value) const {
+    const auto field = m_fields.find(name);
+    if (field == m_fields.end()) {
+        return false;
+    }
+    value = field->second;
+    return true;
+}
+
+bool FormInfo::getFormIPAddr(const std::string& name, unsigned char* address) const {
+    for (int i = 0; i < ADDRESS_FIELDS; ++i) {
+        std::string value;
+        if (!getFormData(name + std::to_string(i), value)) {
+            return false;
+        }
+        address[i] = static_cast<unsigned char>(Numbers::readInt(value.c_str()) & 0xff);
+    }
+    return true;
+}
+
+std::string FormInfo::getQueryString() {
+    std::string query;
+    const char* separator = "";
+    for (const auto& [name, value] : m_fields) {
+        query.append(separator).append(name).append("=").append(value);
+        separator = "&";
+    }
+    return query;
+}
+
+void FormInfo::readSkipData() {
+    const bool skipped = std::exchange(m_readSkip, false);
+    const char* const length = std::getenv("CONTENT_LENGTH");
+    if (skipped && length != nullptr) {
+        readPostData(Numbers::readInt(length));
+    }
+}
+
+void FormInfo::terminate() {
+    m_readBuffer.reset();
+    removeTemporaryFile();
+}
+
+void FormInfo::setURLInfo() {
+    if (const char* const host = getenvLogged("HTTP_HOST", "FormInfo::getenv(HTTP_HOST)")) {
+        m_host = host;
+    }
+    if (const char* const port = getenvLogged("SERVER_PORT", "FormInfo::getenv(SERVER_PORT)")) {
+        m_port = port;
+    }
+}
+
+void FormInfo::readPostData(int length) {
+    try {
+        m_readBuffer.reset(new char[READ_BUFFER_SIZE]);
+        const unsigned int buffered = readToBuffer(nullptr, nullptr);
+        if (buffered == 0) {
+            return;
+        }
+        const char* const type = std::getenv("CONTENT_TYPE");
+        if (type != nullptr &&
+            std::strncmp(type, checkStringType.data(), checkStringType.size()) == 0) {
+            m_boundary = type + checkStringType.size();
+            readMultipart(buffered);
+        } else {
+            readUrlEncoded(static_cast<unsigned int>(length), buffered);
+        }
+    } catch (...) {
+        terminate();
+        throw;
+    }
+}
+
+/// Moves the bytes [from, to) to the start of the read buffer and fills the rest of it from the
+/// body. Returns the number of valid bytes.
+unsigned int FormInfo::readToBuffer(const char* from, const char* to) {
+    const auto kept = static_cast<unsigned int>(to - from);
+    if (kept > 0) {
+        std::memmove(m_readBuffer.get(), from, kept);
+    }
+    const unsigned int unread = static_cast<unsigned int>(m_contentLength) - m_bytesRead;
+    const unsigned int wanted = std::min(READ_BUFFER_SIZE - kept, unread);
+    unsigned int received = 0;
+    while (received < wanted) {
+        const ssize_t result =
+            read(STDIN_FILENO, m_readBuffer.get() + kept + received, wanted - received);
+        if (result > 0) {
+            received += static_cast<unsigned int>(result);
+        } else if (result == 0) {
+            throw readException(Log::INPUT_ENDED, "FormInfo::readToBuffer: 0 byte read", 0);
+        } else if (errno != EINTR) {
+            throw readException(Log::SYSTEM_CALL_FAILED, "read", errno);
+        }
+    }
+    m_bytesRead += wanted;
+    return kept + wanted;
+}
+
+bool FormInfo::isBodyRead() const {
+    return m_bytesRead >= static_cast<unsigned int>(m_contentLength);
+}
+
+void FormInfo::readUrlEncoded(unsigned int length, unsigned int buffered) {
+    const char* text = m_readBuffer.get();
+    std::unique_ptr<char[]> whole;
+    if (length > buffered) {
+        whole.reset(new char[length]);
+        std::memcpy(whole.get(), text, buffered);
+        // One read for all the rest, and what it brings is the body: a form this long comes from
+        // the web server's own file, not from a slow client.
+        const ssize_t rest = read(STDIN_FILENO, whole.get() + buffered, length - buffered);
+        length = buffered + (rest > 0 ? static_cast<unsigned int>(rest) : 0);
+        m_bytesRead = length;
+        text = whole.get();
+    }
+    tokenize(text, strnlen(text, length));
+}
+
+void FormInfo::tokenize(const char* text, std::size_t length) {
+    std::string_view rest(text, length);
+    std::string_view pair;
+    while (takeToken(rest, '&', pair)) {
+        std::string_view nameToken;
+        std::string_view valueToken;
+        if (!takeToken(pair, '=', nameToken)) {
+            continue;
+        }
+        takeToken(pair, '=', valueToken);
+        std::string name(nameToken);
+        std::string value(valueToken);
+        decode(name);
+        decode(value);
+        m_fields[std::move(name)] = std::move(value);
+    }
+}
+
+void FormInfo::decode(std::string& text) {
+    std::replace(text.begin(), text.end(), '+', ' ');
+    std::size_t escape = text.find('%');
+    if (escape == std::string::npos) {
+        return;
+    }
+    std::string result;
+    result.reserve(text.size());
+    std::size_t copied = 0;
+    while (escape != std::string::npos) {
+        if (text.size() - escape < ESCAPE_LENGTH) {
+            throw std::out_of_range("FormInfo::decode: text ends inside an escape");
+        }
+        result.append(text, copied, escape - copied);
+        result += unescaped(text[escape + 1], text[escape + 2]);
+        copied = escape + ESCAPE_LENGTH;
+        escape = text.find('%', copied);
+    }
+    result.append(text, copied, std::string::npos);
+    text = std::move(result);
+}
+
+}  // namespace ORVLib::Gui

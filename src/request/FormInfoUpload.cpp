@@ -1,0 +1,288 @@
+#include <fcntl.h>
+#include <sys/time.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "common/FileDescriptor.h"
+#include "gui/FormInfo.h"
+#include "message/Log.h"
+
+// Multipart bodies: parsed part by part in the one read buffer, a file's bytes passed on from
+// there.
+
+namespace ORVLib::Gui {
+
+namespace {
+
+constexpr char TEMPORARY_FILE_PREFIX[] = "/var/tmp/tmp_";
+constexpr int NAME_ATTEMPTS = 100;
+constexpr mode_t OWNER_ONLY = 0600;
+
+constexpr std::string_view LINE_END = "\r\n";
+constexpr std::string_view DASHES = "--";
+constexpr std::string_view LAST_PART_END = "--\r\n";
+
+// Whose temporary file the end of the process removes.
+FormInfo* uploadOwner = nullptr;
+pid_t uploadProcess = 0;
+
+char* findBytes(char* from, char* to, std::string_view pattern) {
+    return static_cast<char*>(
+        memmem(from, static_cast<std::size_t>(to - from), pattern.data(), pattern.size()));
+}
+
+/// True when the bytes from `from` on, up to `to`, start with `pattern`.
+bool startsWith(const char* from, const char* to, std::string_view pattern) {
+    return static_cast<std::size_t>(to - from) >= pattern.size() &&
+           std::memcmp(from, pattern.data(), pattern.size()) == 0;
+}
+
+void putLog(Log::Level level, const char* text) {
+    trace::OrvTrace trace = Log::writer(Log::FORM_INFO);
+    trace.putLog(level, text);
+}
+
+std::string temporaryName() {
+    timeval now{};
+    gettimeofday(&now, nullptr);
+    char name[sizeof TEMPORARY_FILE_PREFIX + 48];
+    std::snprintf(name, sizeof name, "%s%ld%ld", TEMPORARY_FILE_PREFIX,
+                  static_cast<long>(now.tv_sec), static_cast<long>(now.tv_usec));
+    return name;
+}
+
+}  // namespace
+
+void FormInfo::readMultipart(unsigned int buffered) {
+    char* part = m_readBuffer.get();
+    while (part != nullptr) {
+        part = setUploadedFileInfo(part, buffered);
+    }
+}
+
+/// Takes the first part that starts in the `length` bytes at `from`. Returns where its end lies,
+/// with `length` counting from there, or null when no further part can be read.
+char* FormInfo::setUploadedFileInfo(char* from, unsigned int& length) {
+    char* to = from + length;
+    char* const headers = getNextBlock(from, to);
+    if (headers == nullptr) {
+        return nullptr;
+    }
+    std::string fieldName;
+    char* const body = skipHeaders(setFileName(headers, to, fieldName), to);
+    if (body == nullptr) {
+        return nullptr;
+    }
+    char* end = fieldName.empty() ? receiveFile(body, to) : receiveField(body, to, fieldName);
+    if (end == nullptr) {
+        return nullptr;
+    }
+    topUpBuffer(end, to);
+    length = static_cast<unsigned int>(to - end);
+    return end;
+}
+
+/// Where the headers of the next part start, or null.
+char* FormInfo::getNextBlock(char* from, char* to) const {
+    const std::string marker = m_boundary + std::string(LINE_END);
+    char* const block = findBytes(from, to, marker);
+    return block != nullptr ? block + marker.size() : nullptr;
+}
+
+/// Looks for the marker that ends a file's part. Found: its position, and true. Otherwise the
+/// position from which on bytes may belong to a marker that is not wholly in the buffer, and false.
+bool FormInfo::getBlockEnd(char* from, char* to, char** end) const {
+    const std::string marker = std::string(LINE_END).append(DASHES).append(m_boundary);
+    const std::ptrdiff_t nextPartSize =
+        static_cast<std::ptrdiff_t>(marker.size() + LINE_END.size());
+    if (to - from < nextPartSize) {
+        putLog(Log::PROTOCOL_LEVEL, "FormInfo::getBlockEnd() Data too short.");
+        *end = to;
+        return true;
+    }
+    for (*end = findBytes(from, to, marker); *end != nullptr;
+         *end = findBytes(*end + 1, to, marker)) {
+        const char* const tail = *end + marker.size();
+        if (startsWith(tail, to, LINE_END) || startsWith(tail, to, LAST_PART_END)) {
+            return true;
+        }
+        // The last marker is the longer one: it may lack its final byte where the other would fit.
+        if (to - tail == 3 && startsWith(tail, to, LAST_PART_END.substr(0, 3))) {
+            return false;
+        }
+    }
+    *end = to - nextPartSize;
+    return false;
+}
+
+/// Reads the header line of a part that names it. A field's name goes to `fieldName`; a file's
+/// part, and one without a name, leaves it empty. Returns the start of the next line, or null when
+/// the part does not begin with that header.
+char* FormInfo::setFileName(char* from, char* to, std::string& fieldName) {
+    char* const next = startsWith(from, to, checkStringForm) ? getNextLine(from, to) : nullptr;
+    std::string line(next != nullptr ? from : "");
+    if (line.size() <= checkStringForm.size()) {
+        return nullptr;
+    }
+    line.pop_back();  // the closing quote
+    const std::size_t file = line.find(checkStringFile);
+    if (file == std::string::npos) {
+        fieldName = line.substr(checkStringForm.size());
+        return next;
+    }
+    const std::string path = line.substr(file + checkStringFile.size());
+    const std::size_t folderEnd = path.find_last_of("\\/");
+    if (folderEnd != std::string::npos) {
+        m_uploadedFileName = path.substr(folderEnd + 1);
+    } else if (m_uploadedFileName.empty()) {
+        m_uploadedFileName = path;
+    }
+    return next;
+}
+
+/// Ends the line at `from` with a NUL in place of its CR LF and returns the start of the next, or
+/// null when no byte follows the line.
+char* FormInfo::getNextLine(char* from, char* to) {
+    char* const end = findBytes(from, to, LINE_END);
+    if (end == nullptr || to - end <= static_cast<std::ptrdiff_t>(LINE_END.size())) {
+        return nullptr;
+    }
+    *end = '\0';
+    return end + LINE_END.size();
+}
+
+/// The start of the part's body, behind the blank line that ends the headers from `line` on.
+char* FormInfo::skipHeaders(char* line, char* to) {
+    while (line != nullptr && !startsWith(line, to, LINE_END)) {
+        line = getNextLine(line, to);
+    }
+    return line != nullptr ? getNextLine(line, to) : nullptr;
+}
+
+/// Keeps the first line of a field's body, up to its first NUL byte. A field that does not fit
+/// into the buffer ends the parsing, as every part does that makes no sense.
+char* FormInfo::receiveField(char* from, char* to, const std::string& fieldName) {
+    char* const end = getNextLine(from, to);
+    if (end != nullptr) {
+        m_fields[fieldName] = from;
+    }
+    return end;
+}
+
+char* FormInfo::receiveFile(char* from, char*& to) {
+    FileDescriptor file = createTemporaryFile();
+    if (!file.isOpen()) {
+        return nullptr;
+    }
+    char* end = from;
+    bool found = false;
+    do {
+        topUpBuffer(end, to);
+        from = end;
+        found = getBlockEnd(from, to, &end);
+        writeFile(file, from, static_cast<unsigned int>(end - from));
+    } while (!found && !isBodyRead());
+    if (!found) {
+        putLog(Log::ERROR_LEVEL, "FormInfo::setUploadedFileInfo() Nomore data");
+    }
+    closeFile(file);
+    return end;
+}
+
+/// While body is unread: moves [from, to) to the start of the buffer and fills it up.
+void FormInfo::topUpBuffer(char*& from, char*& to) {
+    if (!isBodyRead()) {
+        const unsigned int length = readToBuffer(from, to);
+        from = m_readBuffer.get();
+        to = from + length;
+    }
+}
+
+/// Makes a new, empty file for an upload in place of an earlier one, which nobody could reach any
+/// more. The file is the owner's alone, and an existing one or a link is never opened.
+FileDescriptor FormInfo::createTemporaryFile() {
+    removeTemporaryFile();
+    std::string path;
+    int descriptor = -1;
+    int attempts = 0;
+    do {
+        path = temporaryName();
+        descriptor =
+            open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, OWNER_ONLY);
+    } while (descriptor < 0 && errno == EEXIST && ++attempts < NAME_ATTEMPTS);
+    FileDescriptor file(descriptor);
+    if (!file.isOpen()) {
+        trace::OrvTrace trace = Log::writer(Log::FORM_INFO);
+        Log::putText(trace, Log::ERROR_LEVEL, Log::CANNOT_OPEN, "FormInfo::setUploadedFileInfo",
+                     path.c_str());
+        return file;
+    }
+    m_temporaryFilePath = path;
+    if (uploadProcess == 0) {
+        std::atexit(removeTemporaryFileAtExit);
+        // A file over the process's size limit is a failed write, not the end of the process.
+        std::signal(SIGXFSZ, SIG_IGN);
+    }
+    uploadOwner = this;
+    uploadProcess = getpid();
+    return file;
+}
+
+/// Writes what still fits under the limit. After a failed write the upload is given up: the rest
+/// of it is dropped.
+void FormInfo::writeFile(FileDescriptor& file, const char* data, unsigned int length) {
+    length = std::min(length, LARGEST_UPLOAD - m_bytesWritten);
+    while (file.isOpen() && length > 0) {
+        const ssize_t written = write(file.get(), data, length);
+        if (written > 0) {
+            data += written;
+            length -= static_cast<unsigned int>(written);
+            m_bytesWritten += static_cast<unsigned int>(written);
+        } else if (written == 0 || errno != EINTR) {
+            abandonFile(file, "write");
+        }
+    }
+}
+
+void FormInfo::closeFile(FileDescriptor& file) {
+    if (!file.close()) {
+        abandonFile(file, "close");
+    }
+}
+
+void FormInfo::abandonFile(FileDescriptor& file, const char* operation) {
+    trace::OrvTrace trace = Log::writer(Log::FORM_INFO);
+    Log::putText(trace, Log::ERROR_LEVEL, Log::SYSTEM_CALL_FAILED, operation, errno);
+    file.close();
+    removeTemporaryFile();
+}
+
+void FormInfo::removeTemporaryFile() {
+    m_bytesWritten = 0;
+    if (m_temporaryFilePath.empty()) {
+        return;
+    }
+    // A page may have moved the file to where it belongs.
+    if (std::remove(m_temporaryFilePath.c_str()) != 0 && errno != ENOENT) {
+        trace::OrvTrace trace = Log::writer(Log::FORM_INFO);
+        Log::putText(trace, Log::ERROR_LEVEL, Log::SYSTEM_CALL_FAILED, "remove", errno);
+    }
+    m_temporaryFilePath.clear();
+    if (uploadOwner == this) {
+        uploadOwner = nullptr;
+    }
+}
+
+void FormInfo::removeTemporaryFileAtExit() {
+    if (uploadOwner != nullptr && uploadProcess == getpid()) {
+        uploadOwner->removeTemporaryFile();
+    }
+}
+
+}  // namespace ORVLib::Gui
