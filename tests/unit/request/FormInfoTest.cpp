@@ -1,0 +1,221 @@
+#include "gui/FormInfo.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "orv/PException.h"
+#include "support/Captured.h"
+#include "support/CgiRequest.h"
+#include "support/Files.h"
+
+using ORVLib::PException;
+using ORVLib::Gui::FormInfo;
+
+namespace {
+
+constexpr int MODULE = 0x802;
+
+struct Case {
+    std::string text;
+    std::string joined;  // the fields as the query string shows them
+};
+
+const Case PAIRS[] = {
+    {"", ""},
+    {"b=2&a=1", "a=1&b=2"},
+    {"a=1&&b=2&", "a=1&b=2"},
+    {"&&&", ""},
+    {"a=1&a=2", "a=2"},
+    {"a=b=c", "a=b"},
+    {"a==b", "a=b"},
+    {"=v", "v="},
+    {"a", "a="},
+    {"a=", "a="},
+    {"=&==&a=1", "a=1"},
+    {"A=1&a=2&\xe4=3", "A=1&a=2&\xe4=3"},
+    {"a+b=c+d", "a b=c d"},
+    {"x=%41%2b+", "x=A+ "},
+    {"%41%3d=%26", "A==&"},
+    {"x=%41", "x=A"},
+    {"x=%4g", "x=\x04"},
+    {"x=%g4|", bytes("x=\0|")},
+    {"x=%zz", bytes("x=\0")},
+    {"x=%0x1", bytes("x=\0") + "1"},
+    {"x=%-1", "x=\xff"},
+    {"x=%+5", "x=\x05"},
+    {"x=%\t5", "x=\x05"},
+    {"x=%%414", bytes("x=\0") + "14"},
+    {"x=%a4%A2", "x=\xa4\xa2"},
+};
+
+TEST(UrlEncoded, IsSplitAndDecodedTheSameInQueryAndBody) {
+    for (const Case& c : PAIRS) {
+        CgiRequest request;
+        request.get(c.text);
+        EXPECT_EQ(FormInfo().getQueryString(), c.joined) << "GET " << c.text;
+        request.postForm(c.text);
+        EXPECT_EQ(FormInfo().getQueryString(), c.joined) << "POST " << c.text;
+    }
+}
+
+TEST(UrlEncoded, ThatEndsInsideAnEscapeIsRefused) {
+    for (const char* const text : {"x=%4", "x=%", "%=1", "a%4=1", "a=1&b=%", "x=%41%"}) {
+        CgiRequest request;
+        request.get(text);
+        EXPECT_THROW(FormInfo(), std::out_of_range) << text;
+        request.postForm(text);
+        EXPECT_THROW(FormInfo(), std::out_of_range) << text;
+    }
+}
+
+TEST(UrlEncoded, BodyEndsAtItsFirstNul) {
+    CgiRequest request;
+    request.postForm(bytes("a=1&b=2\0&c=%"));
+    EXPECT_EQ(FormInfo().getQueryString(), "a=1&b=2");
+}
+
+TEST(UrlEncoded, BodiesAroundAndBeyondTheBufferAreWhole) {
+    for (const std::size_t size : {65535U, 65536U, 65537U, 100000U, 0x200000U}) {
+        CgiRequest request;
+        const std::string value(size - 2, 'v');
+        request.postForm("a=" + value);
+        std::string stored;
+        EXPECT_TRUE(FormInfo().getFormData("a", stored));
+        EXPECT_TRUE(stored == value) << size;
+    }
+    std::string body;
+    for (int i = 0; i < 100000; ++i) {
+        body += "f" + std::to_string(i) + "=" + std::to_string(i) + "&";
+    }
+    CgiRequest request;
+    request.postForm(body);
+    EXPECT_EQ(FormInfo().getFields().size(), 100000U);
+}
+
+TEST(UrlEncoded, RestOfALongBodyIsWhatOneReadBrings) {
+    CgiRequest request;
+    const std::string body = "a=" + std::string(70000, 'v');
+    request.post("", body, "80000");
+    std::string stored;
+    EXPECT_TRUE(FormInfo().getFormData("a", stored));
+    EXPECT_EQ(stored.size(), 70000U);
+}
+
+TEST(Body, LengthDecidesWhatIsRead) {
+    struct Length {
+        const char* announced;
+        const char* joined;
+        bool skipped;
+    };
+    for (const Length& c : {
+             Length{"3", "a=1", false},
+             Length{"2", "a=", false},
+             Length{"0", "", false},
+             Length{"-1", "", false},
+             Length{"-2147483648", "", false},
+             Length{"-99999999999999999999", "", false},
+             Length{"", "", false},
+             Length{"x", "", false},
+             Length{" +3x", "a=1", false},
+             Length{"2097153", "", true},
+             Length{"4294967299", "", true},
+             Length{"99999999999999999999", "", true},
+         }) {
+        CgiRequest request;
+        request.post("", "a=1", c.announced);
+        FormInfo form;
+        EXPECT_EQ(form.getQueryString(), c.joined) << c.announced;
+        EXPECT_EQ(form.isReadSkip(), c.skipped) << c.announced;
+    }
+}
+
+TEST(Body, AboveTheLimitWaitsForReadSkipData) {
+    CgiRequest request;
+    request.postForm("a=" + std::string(0x200000 - 1, 'v'));
+    FormInfo form;
+    std::string value;
+    EXPECT_TRUE(form.isReadSkip());
+    EXPECT_FALSE(form.getFormData("a", value));
+    form.readSkipData();
+    EXPECT_FALSE(form.isReadSkip());
+    EXPECT_TRUE(form.getFormData("a", value));
+    EXPECT_EQ(value.size(), 0x200000U - 1);
+    form.readSkipData();
+}
+
+TEST(Body, CutShortOrUnreadableThrows) {
+    CgiRequest request;
+    request.post("", "a=1", "4");
+    try {
+        FormInfo form;
+        ADD_FAILURE();
+    } catch (const PException& e) {
+        EXPECT_EQ(e.getExceptionDetail(), 1043U);
+        EXPECT_EQ(e.getActionCode(), 1);
+        EXPECT_EQ(e.getMessageNumber(), 20020);
+        EXPECT_EQ(e.getArgument(0).getText(), "FormInfo::readToBuffer: 0 byte read");
+    }
+    request.post("", "a=1");
+    close(STDIN_FILENO);
+    try {
+        FormInfo form;
+        ADD_FAILURE();
+    } catch (const PException& e) {
+        EXPECT_EQ(e.getExceptionDetail(), 1043U);
+        EXPECT_EQ(e.getMessageNumber(), 20011);
+        EXPECT_EQ(e.getArgument(0).getText(), "read");
+        EXPECT_EQ(e.getArgument(1).getNumber(), EBADF);
+    }
+}
+
+TEST(Method, PostIsComparedExactly) {
+    CgiRequest request;
+    request.postForm("a=1");
+    EXPECT_TRUE(FormInfo().isPostMethod());
+    setenv("QUERY_STRING", "q=1", 1);
+    for (const char* const method : {"post", "POST ", "GET", ""}) {
+        setenv("REQUEST_METHOD", method, 1);
+        EXPECT_FALSE(FormInfo().isPostMethod()) << method;
+        EXPECT_EQ(FormInfo().getQueryString(), "q=1") << method;
+    }
+    unsetenv("REQUEST_METHOD");
+    unsetenv("QUERY_STRING");
+    EXPECT_EQ(FormInfo().getQueryString(), "");
+}
+
+TEST(Host, ThatIsUnknownIsLogged) {
+    CgiRequest request;
+    request.get("");
+    unsetenv("HTTP_HOST");
+    unsetenv("SERVER_PORT");
+    const CapturedTrace trace;
+    FormInfo form;
+    EXPECT_TRUE(trace.has(0, MODULE, "FormInfo::getenv(HTTP_HOST)"));
+    EXPECT_TRUE(trace.has(0, MODULE, "FormInfo::getenv(SERVER_PORT)"));
+}
+
+TEST(Address, IsReadFromFourFieldsCutToBytes) {
+    struct Address {
+        const char* query;
+        bool found;
+        unsigned char bytes[4];
+    };
+    for (const Address& c : {
+             Address{"ip0=192&ip1=168&ip2=0&ip3=10", true, {192, 168, 0, 10}},
+             Address{"ip0=256&ip1=-1&ip2=x&ip3=", true, {0, 255, 0, 0}},
+             Address{"ip0=4294967297&ip1=-4294967297&ip2=2147483648&ip3=1", true, {255, 0, 255, 1}},
+             Address{"ip0=1&ip1=2&ip2=3", false, {1, 2, 3, 99}},
+             Address{"ip=1", false, {99, 99, 99, 99}},
+         }) {
+        CgiRequest request;
+        request.get(c.query);
+        unsigned char address[4] = {99, 99, 99, 99};
+        EXPECT_EQ(FormInfo().getFormIPAddr("ip", address), c.found) << c.query;
+        for (int i = 0; i < 4; ++i) {
+            EXPECT_EQ(address[i], c.bytes[i]) << c.query << " byte " << i;
+        }
+    }
+}
+
+}  // namespace
