@@ -1,0 +1,385 @@
+#include "mkcatalogueForms.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <iomanip>
+#include <sstream>
+
+#include "common/ByteOrder.h"
+
+namespace ORVLib::Catalogue {
+
+namespace {
+
+constexpr char HEX_DIGITS[] = "0123456789abcdef";
+constexpr std::string_view BLANKS = " \t";
+
+// No set whose characters stand for themselves, without shift sequences, needs more.
+constexpr std::size_t LONGEST_CHARACTER = 4;
+
+constexpr std::size_t NUMBER_SIZE = 4;
+
+bool isBlank(char character) {
+    return BLANKS.find(character) != std::string_view::npos;
+}
+
+bool isDigit(char character) {
+    return character >= '0' && character <= '9';
+}
+
+std::size_t utf8LengthFromLead(unsigned int lead) {
+    if (lead < 0x80) {
+        return 1;
+    }
+    if (lead < 0xc0 || lead >= 0xf8) {
+        return 0;
+    }
+    return lead < 0xe0 ? 2 : lead < 0xf0 ? 3 : 4;
+}
+
+// Bytes of the well-formed UTF-8 character that `text` begins with, and its code point; 0 when
+// it is overlong, cut off, a surrogate or beyond U+10FFFF.
+std::size_t utf8Length(std::string_view text, std::uint32_t& codePoint) {
+    const unsigned int lead = text.empty() ? 0xffU : static_cast<unsigned char>(text[0]);
+    const std::size_t length = utf8LengthFromLead(lead);
+    if (length == 0 || length > text.size()) {
+        return 0;
+    }
+    codePoint = length == 1 ? lead : lead & (0xffU >> (length + 1));
+    for (const char next : text.substr(1, length - 1)) {
+        const unsigned int byte = static_cast<unsigned char>(next);
+        if ((byte & 0xc0U) != 0x80) {
+            return 0;
+        }
+        codePoint = codePoint << 6 | (byte & 0x3fU);
+    }
+    constexpr std::uint32_t LOWEST[] = {0, 0, 0x80, 0x800, 0x10000};
+    const bool surrogate = codePoint >= 0xd800 && codePoint <= 0xdfff;
+    return codePoint < LOWEST[length] || codePoint > 0x10ffff || surrogate ? 0 : length;
+}
+
+// What makes a line no text at all, comment or not; empty when it is well-formed.
+std::string lineFault(std::string_view line) {
+    if (line.find('\0') != std::string_view::npos) {
+        return "the line holds a NUL byte";
+    }
+    for (std::size_t length = 0; !line.empty(); line.remove_prefix(length)) {
+        std::uint32_t codePoint = 0;
+        length = utf8Length(line, codePoint);
+        if (length == 0) {
+            return "malformed UTF-8";
+        }
+    }
+    return "";
+}
+
+std::string codePointName(std::uint32_t codePoint) {
+    std::ostringstream name;
+    name << "U+" << std::hex << std::uppercase << std::setfill('0') << std::setw(4) << codePoint;
+    return name.str();
+}
+
+// An empty name would mean the locale's set, and a slash begins options such as //TRANSLIT.
+const std::string& plainName(const std::string& name) {
+    if (name.empty() || name.find('/') != std::string::npos) {
+        throw Failure("unknown character set '" + name + "'; give its name alone");
+    }
+    return name;
+}
+
+int hexValue(char digit) {
+    if (isDigit(digit)) {
+        return digit - '0';
+    }
+    const char lower = static_cast<char>(digit | 0x20);
+    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
+}
+
+// Takes the escape that `text` begins with and returns its byte; a problem goes to `fault`.
+char takeEscape(std::string_view& text, std::string& fault) {
+    const char kind = text.size() > 1 ? text[1] : '\0';
+    const bool hex =
+        kind == 'x' && text.size() > 3 && hexValue(text[2]) >= 0 && hexValue(text[3]) >= 0;
+    const int value = hex ? hexValue(text[2]) * 16 + hexValue(text[3]) : 0;
+    text.remove_prefix(std::min<std::size_t>(hex ? 4 : 2, text.size()));
+    switch (kind) {
+        case 'n':
+            return '\n';
+        case 't':
+            return '\t';
+        case '\\':
+            return '\\';
+        default:
+            break;
+    }
+    if (!hex) {
+        fault = "unknown escape; known are \\n, \\t, \\\\ and \\xHH with two hex digits";
+    } else if (value == 0) {
+        fault = "\\x00 would end the text";
+    }
+    return static_cast<char>(value);
+}
+
+std::string hexEscaped(std::string_view bytes) {
+    std::string text;
+    for (const char character : bytes) {
+        const auto byte = static_cast<unsigned char>(character);
+        text += {'\\', 'x', HEX_DIGITS[byte >> 4], HEX_DIGITS[byte & 0xf]};
+    }
+    return text;
+}
+
+bool isControl(std::string_view character) {
+    std::uint32_t codePoint = 0;
+    utf8Length(character, codePoint);
+    return codePoint < 0x20 || (codePoint >= 0x7f && codePoint < 0xa0);
+}
+
+// One character of the text form: `character` is the UTF-8 of `bytes`, empty when there is none.
+std::string escaped(const std::string& character, std::string_view bytes) {
+    if (character == "\n") {
+        return "\\n";
+    }
+    if (character == "\t") {
+        return "\\t";
+    }
+    if (character == "\\") {
+        return "\\\\";
+    }
+    return character.empty() || isControl(character) ? hexEscaped(bytes) : character;
+}
+
+void append32(std::string& bytes, std::uint32_t number) {
+    unsigned char buffer[NUMBER_SIZE];
+    Bytes::write32(buffer, number);
+    bytes.append(buffer, buffer + NUMBER_SIZE);
+}
+
+std::uint32_t read32(std::string_view bytes, std::size_t at) {
+    return Bytes::read32(reinterpret_cast<const unsigned char*>(bytes.data() + at));
+}
+
+}  // namespace
+
+Converter::Converter(const std::string& to, const std::string& from, const std::string& set)
+    : m_handle(iconv_open(to.c_str(), from.c_str())) {
+    if (reinterpret_cast<std::intptr_t>(m_handle) != -1) {
+        return;
+    }
+    if (errno == EINVAL) {
+        throw Failure("unknown character set '" + set + "'; 'iconv --list' shows those known here");
+    }
+    throw Failure("character set '" + set + "': " + std::strerror(errno));
+}
+
+std::string Converter::convert(std::string character) const {
+    constexpr auto FAILED = static_cast<std::size_t>(-1);
+    char result[64];
+    char* in = character.data();
+    std::size_t inLeft = character.size();
+    char* out = result;
+    std::size_t outLeft = sizeof result;
+    iconv(m_handle, nullptr, nullptr, nullptr, nullptr);
+    if (iconv(m_handle, &in, &inLeft, &out, &outLeft) == FAILED ||
+        iconv(m_handle, nullptr, nullptr, &out, &outLeft) == FAILED) {
+        return "";
+    }
+    return std::string(result, out);
+}
+
+CharacterSet::CharacterSet(const std::string& name)
+    : m_name(plainName(name)), m_fromUtf8(name, "UTF-8", name), m_toUtf8("UTF-8", name, name) {
+    for (char character = 1; character < 0x7f; ++character) {
+        if (encode({character}) != std::string{character}) {
+            throw Failure("character set '" + name + "' cannot be used: ASCII changes in it");
+        }
+    }
+}
+
+std::string CharacterSet::encode(const std::string& character) const {
+    const std::string bytes = m_fromUtf8.convert(character);
+    return m_toUtf8.convert(bytes) == character ? bytes : "";
+}
+
+std::string CharacterSet::decodeFirst(std::string_view bytes, std::size_t& length) const {
+    for (length = 1; length <= std::min(bytes.size(), LONGEST_CHARACTER); ++length) {
+        const std::string candidate(bytes.substr(0, length));
+        std::string character = m_toUtf8.convert(candidate);
+        std::uint32_t codePoint = 0;
+        const bool single =
+            !character.empty() && utf8Length(character, codePoint) == character.size();
+        if (single && m_fromUtf8.convert(character) == candidate) {
+            return character;
+        }
+    }
+    return "";
+}
+
+TextReader::TextReader(std::string_view file, const CharacterSet& characters)
+    : m_characters(characters) {
+    constexpr std::string_view BYTE_ORDER_MARK = "\xef\xbb\xbf";
+    if (file.substr(0, BYTE_ORDER_MARK.size()) == BYTE_ORDER_MARK) {
+        file.remove_prefix(BYTE_ORDER_MARK.size());
+    }
+    for (std::size_t line = 1; !file.empty(); ++line) {
+        const std::size_t end = std::min(file.find('\n'), file.size());
+        readLine(line, file.substr(0, end));
+        file.remove_prefix(std::min(end + 1, file.size()));
+    }
+    findGaps();
+    std::stable_sort(m_problems.begin(), m_problems.end(),
+                     [](const Problem& a, const Problem& b) { return a.line < b.line; });
+}
+
+std::vector<std::string> TextReader::strings() const {
+    std::vector<std::string> strings;
+    for (const auto& [number, entry] : m_entries) {
+        strings.push_back(entry.bytes);
+    }
+    return strings;
+}
+
+void TextReader::readLine(std::size_t line, std::string_view text) {
+    if (!text.empty() && text.back() == '\r') {
+        text.remove_suffix(1);
+    }
+    const std::string fault = lineFault(text);
+    if (!fault.empty()) {
+        report(line, fault);
+    }
+    text = text.substr(0, text.find_last_not_of(BLANKS) + 1);
+    if (text.empty() || text[0] == '#') {
+        return;
+    }
+    std::uint32_t number = 0;
+    if (!readNumber(line, text, number)) {
+        return;
+    }
+    text.remove_prefix(std::min(text.find_first_not_of(BLANKS), text.size()));
+    const std::string bytes = fault.empty() ? readText(line, text) : "";
+    const auto [entry, added] = m_entries.insert({number, Entry{line, bytes}});
+    if (!added) {
+        report(line, "number " + std::to_string(number) + " is already used on line " +
+                         std::to_string(entry->second.line));
+    }
+}
+
+// Takes the number off `text`. Stops adding digits at the limit, so any length is safe.
+bool TextReader::readNumber(std::size_t line, std::string_view& text, std::uint32_t& number) {
+    const bool negative = text[0] == '-';
+    std::size_t length = negative ? 1 : 0;
+    while (length < text.size() && isDigit(text[length])) {
+        if (number <= MAX_NUMBER) {
+            number = number * 10 + static_cast<std::uint32_t>(text[length] - '0');
+        }
+        ++length;
+    }
+    if (length == (negative ? 1U : 0U) || (length < text.size() && !isBlank(text[length]))) {
+        report(line, "the line does not begin with a number and a blank");
+        return false;
+    }
+    if (negative || number > MAX_NUMBER) {
+        report(line, "the number is out of range; numbers are 0 to " + std::to_string(MAX_NUMBER));
+        return false;
+    }
+    text.remove_prefix(length);
+    return true;
+}
+
+// REQUIRES: `text` is well-formed UTF-8.
+std::string TextReader::readText(std::size_t line, std::string_view text) {
+    std::string bytes;
+    std::string fault;
+    while (!text.empty() && fault.empty()) {
+        if (text[0] == '\\') {
+            bytes += takeEscape(text, fault);
+            continue;
+        }
+        std::uint32_t codePoint = 0;
+        const std::size_t length = utf8Length(text, codePoint);
+        const std::string encoded = m_characters.encode(std::string(text.substr(0, length)));
+        if (encoded.empty()) {
+            fault = m_characters.name() + " cannot hold " + codePointName(codePoint);
+        }
+        bytes += encoded;
+        text.remove_prefix(length);
+    }
+    if (!fault.empty()) {
+        report(line, fault);
+    }
+    return bytes;
+}
+
+void TextReader::findGaps() {
+    std::uint32_t expected = 0;
+    for (const auto& [number, entry] : m_entries) {
+        if (number == expected + 1) {
+            report(entry.line, "number " + std::to_string(expected) + " is missing");
+        } else if (number > expected) {
+            report(entry.line, "numbers " + std::to_string(expected) + " to " +
+                                   std::to_string(number - 1) + " are missing");
+        }
+        expected = number + 1;
+    }
+}
+
+std::string textLine(std::size_t number, std::string_view bytes, const CharacterSet& characters) {
+    std::string line = std::to_string(number);
+    if (!bytes.empty()) {
+        line += ' ';
+    }
+    for (std::size_t at = 0; at < bytes.size();) {
+        std::size_t length = 0;
+        const std::string character = characters.decodeFirst(bytes.substr(at), length);
+        length = character.empty() ? 1 : length;
+        const bool atEdge = at == 0 || at + length == bytes.size();
+        line += atEdge && character == " " ? "\\x20" : escaped(character, bytes.substr(at, length));
+        at += length;
+    }
+    return line + '\n';
+}
+
+std::string makeBinary(const std::vector<std::string>& strings) {
+    std::string table;
+    std::string area;
+    append32(table, static_cast<std::uint32_t>(strings.size()));
+    for (const std::string& string : strings) {
+        append32(table, static_cast<std::uint32_t>(area.size()));
+        area += string;
+        area += '\0';
+        if (table.size() + area.size() > MAX_BINARY_SIZE) {
+            throw Failure("the catalogue would be larger than 64 MiB");
+        }
+    }
+    return table + area;
+}
+
+std::vector<std::string_view> readBinary(std::string_view file) {
+    if (file.size() < NUMBER_SIZE) {
+        throw Failure("too short for a catalogue: the number of strings is cut off");
+    }
+    const std::uint32_t count = read32(file, 0);
+    if (count > MAX_NUMBER + 1 || count > file.size() / NUMBER_SIZE - 1) {
+        throw Failure("damaged: " + std::to_string(count) + " strings do not fit in this file");
+    }
+    const std::string_view area = file.substr(NUMBER_SIZE * (count + 1));
+    std::vector<std::string_view> strings;
+    std::size_t left = MAX_BINARY_SIZE;
+    for (std::uint32_t i = 0; i < count; ++i) {
+        const std::uint32_t offset = read32(file, NUMBER_SIZE * (i + 1));
+        if (offset > area.size()) {
+            throw Failure("damaged: string " + std::to_string(i) + " begins after the end");
+        }
+        const std::string_view rest = area.substr(offset);
+        strings.push_back(rest.substr(0, rest.find('\0')));
+        // Strings may share bytes; they must not add up to more than a catalogue can hold.
+        if (strings.back().size() >= left) {
+            throw Failure("damaged: the strings add up to more than 64 MiB");
+        }
+        left -= strings.back().size() + 1;
+    }
+    return strings;
+}
+
+}  // namespace ORVLib::Catalogue
