@@ -1,0 +1,177 @@
+// The request inspector: a form that can be sent every way a form can, and what arrived of it.
+
+#include <nettle/sha2.h>
+
+#include <array>
+#include <cstdlib>
+#include <fstream>
+#include <iostream>
+#include <vector>
+
+#include "gui/FormInfo.h"
+#include "gui/HiddenField.h"
+#include "gui/HyperLink.h"
+#include "gui/MessageMgr.h"
+#include "gui/ResetButton.h"
+#include "gui/SubmitButton.h"
+#include "gui/TextString.h"
+#include "shared/Page.h"
+#include "shared/SkeletonPart.h"
+#include "shared/Texts.h"
+
+using namespace ORVLib::Gui;
+
+namespace {
+
+constexpr char PAGE_PATH[] = "/common/request.cgi";
+constexpr char LANGUAGE_FIELD[] = "language";
+
+/// A table of two columns whose cells are texts that printing escapes.
+class TextTable : public HTMLComponent {
+public:
+    void addRow(const std::string& head, const std::string& text) {
+        m_rows.emplace_back(head, text);
+    }
+
+    void printHTML() const override {
+        std::cout << "<table>\n";
+        for (const auto& [head, text] : m_rows) {
+            std::cout << "<tr><th scope=\"row\">";
+            head.printHTML();
+            std::cout << "</th><td><code>";
+            text.printHTML();
+            std::cout << "</code></td></tr>\n";
+        }
+        std::cout << "</table>";
+    }
+
+    bool isError() const override { return false; }
+
+private:
+    std::vector<std::pair<TextString, TextString>> m_rows;
+};
+
+/// Control characters in a form that can be seen.
+std::string visible(const std::string& text) {
+    constexpr char DIGITS[] = "0123456789abcdef";
+    std::string result;
+    result.reserve(text.size());
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (byte < 0x20 || byte == 0x7f) {
+            result.append("\\x").append(1, DIGITS[byte >> 4]).append(1, DIGITS[byte & 0xf]);
+        } else {
+            result += character;
+        }
+    }
+    return result;
+}
+
+/// The SHA-256 digest of a file in hexadecimal; empty when the file cannot be read.
+std::string digestOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    sha256_ctx context{};
+    sha256_init(&context);
+    std::array<char, 65536> block{};
+    while (file) {
+        file.read(block.data(), block.size());
+        sha256_update(&context, static_cast<std::size_t>(file.gcount()),
+                      reinterpret_cast<const std::uint8_t*>(block.data()));
+    }
+    if (!file.eof()) {
+        return "";
+    }
+    std::array<std::uint8_t, SHA256_DIGEST_SIZE> digest{};
+    sha256_digest(&context, digest.size(), digest.data());
+    std::string text;
+    for (const std::uint8_t byte : digest) {
+        constexpr char DIGITS[] = "0123456789abcdef";
+        text.append(1, DIGITS[byte >> 4]).append(1, DIGITS[byte & 0xf]);
+    }
+    return text;
+}
+
+std::unique_ptr<HTMLComponent> fieldTable(const FormInfo& form, MessageMgr& messages) {
+    if (form.getFields().empty()) {
+        return std::make_unique<TextString>(messages.getString(Console::TEXT_NO_FIELDS));
+    }
+    auto table = std::make_unique<TextTable>();
+    for (const auto& [name, value] : form.getFields()) {
+        table->addRow(visible(name), visible(value));
+    }
+    return table;
+}
+
+std::unique_ptr<HTMLComponent> fileTable(const FormInfo& form, MessageMgr& messages) {
+    const std::string& path = form.getTemporaryFilePath();
+    const std::string digest = path.empty() ? "" : digestOf(path);
+    if (digest.empty()) {
+        const bool lost = !path.empty() || !form.getUploadedFileName().empty();
+        return std::make_unique<TextString>(
+            messages.getString(lost ? Console::TEXT_FILE_LOST : Console::TEXT_NO_FILE), false,
+            false, lost ? TextString::ERROR_COLOUR : TextString::PLAIN);
+    }
+    auto table = std::make_unique<TextTable>();
+    table->addRow(messages.getString(Console::TEXT_FILE_NAME), visible(form.getUploadedFileName()));
+    table->addRow(
+        messages.getString(Console::TEXT_SIZE),
+        std::to_string(form.getWrittenSize()) + " " + messages.getString(Console::TEXT_BYTES));
+    table->addRow(messages.getString(Console::TEXT_SHA256), digest);
+    return table;
+}
+
+std::unique_ptr<HTMLComponent> languageLink(const char* language, const char* name) {
+    return std::make_unique<HyperLink>(
+        std::string(PAGE_PATH) + "?" + LANGUAGE_FIELD + "=" + language, "_self", "", "", false,
+        std::make_unique<TextString>(name));
+}
+
+void putLabels(Console::SkeletonPart& body, MessageMgr& messages) {
+    struct Label {
+        const char* marker;
+        Console::Text text;
+    };
+    constexpr Label LABELS[] = {
+        {"inspector", Console::TEXT_INSPECTOR},       {"purpose", Console::TEXT_INSPECTOR_PURPOSE},
+        {"language_label", Console::TEXT_LANGUAGE},   {"text_label", Console::TEXT_INPUT},
+        {"second_label", Console::TEXT_SECOND_INPUT}, {"file_label", Console::TEXT_FILE_INPUT},
+        {"send_get", Console::TEXT_SEND_GET},         {"send_post", Console::TEXT_SEND_POST},
+        {"method_label", Console::TEXT_METHOD},       {"fields_label", Console::TEXT_FIELDS},
+        {"query_label", Console::TEXT_QUERY_STRING},  {"upload_label", Console::TEXT_UPLOADED_FILE},
+    };
+    for (const Label& label : LABELS) {
+        body.putText(label.marker, messages.getString(label.text));
+    }
+}
+
+int inspect(FormInfo& form) {
+    std::string chosen;
+    const int language = form.getFormData(LANGUAGE_FIELD, chosen) && chosen == "0" ? 0 : 1;
+    MessageMgr messages(language);
+
+    auto body = std::make_unique<Console::SkeletonPart>("skeleton_request.txt");
+    putLabels(*body, messages);
+    body->put("english", languageLink("1", "English"));
+    body->put("japanese",
+              languageLink("0", language == 0 ? "\xc6\xfc\xcb\xdc\xb8\xec" : "Japanese"));
+    body->put("language_field",
+              std::make_unique<HiddenField>(LANGUAGE_FIELD, std::to_string(language)));
+    body->put("reset",
+              std::make_unique<ResetButton>("reset", messages.getString(Console::TEXT_RESET)));
+    body->put("upload",
+              std::make_unique<SubmitButton>("upload", messages.getString(Console::TEXT_UPLOAD)));
+
+    const char* const method = std::getenv("REQUEST_METHOD");
+    body->putText("method", visible(method != nullptr ? method : ""));
+    body->put("fields", fieldTable(form, messages));
+    body->putText("query", visible(form.getQueryString()));
+    body->put("file", fileTable(form, messages));
+    Console::printPage(language, messages.getString(Console::TEXT_INSPECTOR), std::move(body));
+    return 0;
+}
+
+}  // namespace
+
+int main() {
+    return Console::servePage(inspect);
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "gui/HTMLCodeGenerator.h"
+#include "gui/HTMLMapUtil.h"
+
+namespace Console {
+
+/// A part of a page with a skeleton of its own, for the "body" marker of the page around it.
+class SkeletonPart : public ORVLib::Gui::HTMLComponent {
+public:
+    /// `skeleton` is a file name in the folder of the page skeletons.
+    explicit SkeletonPart(const std::string& skeleton);
+    ~SkeletonPart() override;
+    SkeletonPart(const SkeletonPart&) = delete;
+    SkeletonPart& operator=(const SkeletonPart&) = delete;
+
+    void printHTML() const override;
+    bool isError() const override;
+
+    void put(const std::string& marker, std::unique_ptr<ORVLib::Gui::HTMLComponent> component);
+
+    /// Puts a text that printing escapes.
+    void putText(const std::string& marker, const std::string& text);
+
+private:
+    ORVLib::Gui::ComponentMap m_map;
+    ORVLib::Gui::HTMLCodeGenerator m_generator;
+};
+
+}  // namespace Console

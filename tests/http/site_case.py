@@ -1,0 +1,28 @@
+"""The console of CONSOLE_BUILD, served for the tests of one file."""
+
+import os
+import tempfile
+import unittest
+
+from console_client import ConsoleClient
+from console_site import ConsoleSite
+
+SANITIZER_REPORTS = ("AddressSanitizer", "LeakSanitizer", "runtime error:")
+
+
+class SiteCase(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.run_folder = cls.enterClassContext(tempfile.TemporaryDirectory())
+        cls.site = cls.enterClassContext(ConsoleSite(os.environ["CONSOLE_BUILD"], cls.run_folder))
+        cls.client = ConsoleClient(cls.site.url)
+
+    def tearDown(self):
+        log = self.trace_log()
+        for report in SANITIZER_REPORTS:
+            self.assertNotIn(report, log)
+
+    def trace_log(self):
+        if not self.site.trace_log.exists():
+            return ""
+        return self.site.trace_log.read_text(encoding="utf-8", errors="replace")

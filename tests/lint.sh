@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# Layout and static checks over every C++ source of the project: lint.sh BUILD_FOLDER
+set -u
+cd "$(dirname "$0")/.." || exit 1
+build=$1
+
+sources() {
+    find include src platform board console tools tests fuzz -name "$1" 2>/dev/null
+}
+
+status=0
+sources '*.h' | cat - <(sources '*.cpp') | xargs clang-format --dry-run -Werror || status=1
+# The compiler's own warnings are its business; clang does not know all of their names.
+sources '*.cpp' | grep -v OperatorTextsJapanese |
+    xargs run-clang-tidy -quiet -p "$build" -extra-arg=-Wno-unknown-warning-option >"$build/tidy.log" 2>&1 || {
+    grep -E 'error:|warning:' "$build/tidy.log" | sort -u
+    status=1
+}
+exit $status

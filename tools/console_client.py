@@ -1,0 +1,65 @@
+"""A user's browser, as far as the console's checks and tests need one."""
+
+import dataclasses
+import html
+import http.client
+import re
+import urllib.parse
+
+TIME_LIMIT_SECONDS = 60
+BOUNDARY = "----console-client-d41d8cd98f00b204"
+ROW = re.compile(rb'<tr><th scope="row">(.*?)</th><td><code>(.*?)</code></td></tr>', re.DOTALL)
+
+
+@dataclasses.dataclass
+class Answer:
+    status: int
+    headers: dict
+    body: bytes
+
+    def rows(self):
+        """The two-column tables of the page: texts by the text in front of them."""
+        return {plain(head): plain(text) for head, text in ROW.findall(self.body)}
+
+
+def plain(markup):
+    """The bytes that a page shows for a piece of HTML text."""
+    text = html.unescape(markup.decode("latin-1"))
+    return text.replace("\xa0", " ").encode("latin-1")
+
+
+def multipart(fields, file_name, content, boundary=BOUNDARY):
+    """The body of a multipart request: fields, then one file."""
+    parts = [b'--%s\r\nContent-Disposition: form-data; name="%s"\r\n\r\n%s\r\n'
+             % (boundary.encode(), name, value) for name, value in fields.items()]
+    parts.append(b'--%s\r\nContent-Disposition: form-data; name="file"; filename="%s"\r\n'
+                 b"Content-Type: application/octet-stream\r\n\r\n%s\r\n"
+                 % (boundary.encode(), file_name, content))
+    return b"".join(parts) + b"--%s--\r\n" % boundary.encode()
+
+
+class ConsoleClient:
+    def __init__(self, url):
+        self.server = urllib.parse.urlsplit(url).netloc
+
+    def request(self, method, path, body=None, headers=None):
+        connection = http.client.HTTPConnection(self.server, timeout=TIME_LIMIT_SECONDS)
+        try:
+            connection.request(method, path, body, headers or {})
+            answer = connection.getresponse()
+            return Answer(answer.status, {name.lower(): value for name, value in answer.getheaders()},
+                          answer.read())
+        finally:
+            connection.close()
+
+    def get(self, path):
+        return self.request("GET", path)
+
+    def post(self, path, fields):
+        """Posts fields as a form does. Names and values are text or bytes."""
+        return self.request("POST", path, urllib.parse.urlencode(fields),
+                            {"Content-Type": "application/x-www-form-urlencoded"})
+
+    def upload(self, path, fields, file_name, content):
+        return self.request("POST", path, multipart(fields, file_name, content),
+                            {"Content-Type": "multipart/form-data; boundary=" + BOUNDARY})

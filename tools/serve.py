@@ -1,0 +1,57 @@
+"""Serves the console of a build folder until Ctrl-C, or checks it once."""
+
+import argparse
+import pathlib
+import signal
+import sys
+
+from console_check import run_checks
+from console_site import ConsoleSite, SiteError
+
+DEFAULT_PORT = 8080
+
+
+def port_number(text):
+    port = int(text)
+    if not 0 < port < 65536:
+        raise argparse.ArgumentTypeError(f"{port} is no port: give one from 1 to 65535")
+    return port
+
+
+def parse_arguments():
+    parser = argparse.ArgumentParser(prog="./run", description=__doc__)
+    parser.add_argument("--port", type=port_number,
+                        help=f"port on loopback (default {DEFAULT_PORT}; with --check a free one)")
+    parser.add_argument("--check", action="store_true",
+                        help="fetch the main pages, print what came, stop, exit 0 or 1")
+    parser.add_argument("--build", required=True, help=argparse.SUPPRESS)
+    return parser.parse_args()
+
+
+def serve(site):
+    print(f"The console is at {site.url}/")
+    print(f"Trace log: {site.trace_log}")
+    print("Ctrl-C stops it.", flush=True)
+    ended = site.wait()
+    raise SiteError(f"a server ended by itself ({ended}): see the logs in {site.run}")
+
+
+def main():
+    arguments = parse_arguments()
+    port = arguments.port or (0 if arguments.check else DEFAULT_PORT)
+    run = pathlib.Path(arguments.build) / "run"
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(0))
+    try:
+        with ConsoleSite(arguments.build, run, port) as site:
+            if arguments.check:
+                return 0 if run_checks(site.url) else 1
+            serve(site)
+    except SiteError as problem:
+        print(f"run: {problem}", file=sys.stderr)
+        return 1
+    except KeyboardInterrupt:
+        print("\nstopped")
+    return 0
+
+
+sys.exit(main())

@@ -1,0 +1,43 @@
+# What ./run and ./test share; sourced by them. Installs packages and builds a preset.
+
+BUILD_PACKAGES="cmake g++ libc-bin lighttpd ninja-build nettle-dev python3 util-linux"
+TEST_PACKAGES="clang-format clang-tidy libgtest-dev"
+
+fail() {
+    printf '%s: %s\n' "$(basename "$0")" "$1" >&2
+    exit 1
+}
+
+# install_packages NAME… : those of the Debian packages that are not installed yet.
+install_packages() {
+    local missing=() package privileged=()
+    command -v dpkg-query >/dev/null && command -v apt-get >/dev/null ||
+        fail "this needs Debian's apt-get to install: $*"
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] ||
+            missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+    if [ "$(id -u)" != 0 ]; then
+        command -v sudo >/dev/null || fail "as root, install first: apt-get install ${missing[*]}"
+        privileged=(sudo)
+    fi
+    echo "Installing ${missing[*]}"
+    "${privileged[@]}" apt-get update -qq &&
+        "${privileged[@]}" env DEBIAN_FRONTEND=noninteractive \
+            apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null ||
+        fail "apt-get could not install: ${missing[*]}"
+}
+
+# build_preset NAME [CMAKE OPTION…] : configures and builds; shows the output only when it fails.
+build_preset() {
+    local preset=$1 log
+    shift
+    mkdir -p build 2>/dev/null && [ -w build ] || fail "cannot write to $PWD/build"
+    log=build/$preset.log
+    echo "Building preset $preset (log: $log)"
+    { cmake --preset "$preset" "$@" && cmake --build --preset "$preset"; } >"$log" 2>&1 || {
+        tail -n 50 "$log" >&2
+        fail "the build failed: see $log"
+    }
+}
