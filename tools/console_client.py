@@ -24,8 +24,7 @@ class Answer:
 
 def plain(markup):
     """The bytes that a page shows for a piece of HTML text."""
-    text = html.unescape(markup.decode("latin-1"))
-    return text.replace("\xa0", " ").encode("latin-1")
+    return html.unescape(markup.replace(b"&nbsp;", b" ").decode("latin-1")).encode("latin-1")
 
 
 def multipart(fields, file_name, content, boundary=BOUNDARY):

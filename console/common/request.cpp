@@ -120,7 +120,7 @@ std::unique_ptr<HTMLComponent> fileTable(const FormInfo& form, MessageMgr& messa
     return table;
 }
 
-std::unique_ptr<HTMLComponent> languageLink(const char* language, const char* name) {
+std::unique_ptr<HTMLComponent> languageLink(const char* language, const std::string& name) {
     return std::make_unique<HyperLink>(
         std::string(PAGE_PATH) + "?" + LANGUAGE_FIELD + "=" + language, "_self", "", "", false,
         std::make_unique<TextString>(name));
@@ -151,9 +151,8 @@ int inspect(FormInfo& form) {
 
     auto body = std::make_unique<Console::SkeletonPart>("skeleton_request.txt");
     putLabels(*body, messages);
-    body->put("english", languageLink("1", "English"));
-    body->put("japanese",
-              languageLink("0", language == 0 ? "\xc6\xfc\xcb\xdc\xb8\xec" : "Japanese"));
+    body->put("english", languageLink("1", messages.getString(Console::TEXT_ENGLISH)));
+    body->put("japanese", languageLink("0", messages.getString(Console::TEXT_JAPANESE)));
     body->put("language_field",
               std::make_unique<HiddenField>(LANGUAGE_FIELD, std::to_string(language)));
     body->put("reset",

@@ -30,7 +30,9 @@ enum Text {
     TEXT_UNREADABLE_REQUEST = 23,
     TEXT_METHOD = 24,
     TEXT_LANGUAGE = 25,
-    TEXT_RESET = 26
+    TEXT_RESET = 26,
+    TEXT_ENGLISH = 27,
+    TEXT_JAPANESE = 28
 };
 
 }  // namespace Console

@@ -16,7 +16,7 @@ const char TextString::colorStyle[6][16] = {
 };
 
 void TextString::printHTML() const {
-    std::string text(m_text.c_str());
+    std::string text = m_text.substr(0, m_text.find('\0'));
     if (!m_raw) {
         MessageMgr::convertHTML(text);
     }

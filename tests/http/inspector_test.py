@@ -68,7 +68,7 @@ class Inspector(SiteCase):
             self.assertIn(heading, answer.body)
 
     def test_a_request_that_cannot_be_read_is_refused(self):
-        answer = self.client.get(PAGE + "?x=%4")
+        answer = self.client.request("POST", PAGE, "x=%4")
         self.assertEqual(answer.status, 400)
         self.assertIn(b"The&nbsp;request&nbsp;could&nbsp;not&nbsp;be&nbsp;read.", answer.body)
         self.assertIn("escape", self.trace_log())
