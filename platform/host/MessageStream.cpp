@@ -51,7 +51,7 @@ bool MessageStream::send() {
 }
 
 MessageStream::Arrival MessageStream::receive() {
-    std::array<char, CHUNK_SIZE> chunk;  // NOLINT(cppcoreguidelines-pro-type-member-init)
+    std::array<char, CHUNK_SIZE> chunk;
     while (true) {
         const ssize_t count = ::recv(m_socket.get(), chunk.data(), chunk.size(), 0);
         if (count > 0) {
