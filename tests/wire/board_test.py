@@ -48,8 +48,8 @@ class BoardError(Exception):
 class Connection:
     def __init__(self, path):
         self.socket = socket.socket(socket.AF_UNIX)
-        self.socket.settimeout(LIMIT)
         self.socket.connect(path)
+        self.socket.settimeout(LIMIT)
 
     def __enter__(self):
         return self
