@@ -51,7 +51,7 @@ Sessions::Sessions(BoardState& state, std::chrono::seconds timeout)
 
 std::string Sessions::open(const std::string& user, const Event& event) {
     makeRoom(user);
-    const std::string id = randomId();
+    std::string id = randomId();
     m_state.addSession({id, user, std::chrono::system_clock::now()}, event);
     m_sessions[id] = {user, Clock::now(), false};
     return id;

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "IpcServer.h"
+#include "MessageStream.h"
 #include "common/FileDescriptor.h"
 #include "orv/ORVIpc.h"
 #include "orv/PException.h"
@@ -168,7 +169,7 @@ TEST_F(IPCClientTest, FramesWhatItSends) {
               "\0\0\0\0"s +
                   HELLO);
     EXPECT_EQ(detailOf([&] { connection->sendRequest(TYPE, "x", -1); }), 1026U);
-    EXPECT_EQ(detailOf([&] { connection->sendRequest(TYPE, "x", 1024 * 1024 + 1); }), 1026U);
+    EXPECT_EQ(detailOf([&] { connection->sendRequest(TYPE, "x", MAX_PAYLOAD_SIZE + 1); }), 1026U);
     EXPECT_EQ(detailOf([&] { connection->sendRequest(TYPE, nullptr, 1); }), 1026U);
 }
 
@@ -198,7 +199,7 @@ TEST_F(IPCClientTest, PutsMessagesTogetherFromPieces) {
 }
 
 TEST_F(IPCClientTest, CarriesTheLongestMessageBothWays) {
-    const std::string payload(1024 * 1024, 'x');
+    const std::string payload(MAX_PAYLOAD_SIZE, 'x');
     auto connection = connectTo([&payload](int socket) {
         sleepMs(50);  // the client's socket is full by now
         const std::string request = read(socket, 8 + payload.size());
@@ -259,7 +260,7 @@ TEST_F(IPCClientTest, DoesNotWaitForEver) {
             sleepMs(100);
         }
     };
-    const std::string payload(1024 * 1024, 'x');
+    const std::string payload(MAX_PAYLOAD_SIZE, 'x');
     const auto send = [&payload](IPCConnection& connection) {
         connection.sendRequest(TYPE, payload.data(), static_cast<int>(payload.size()));
     };
