@@ -1,0 +1,221 @@
+#include "Daemon.h"
+
+#include <poll.h>
+#include <sys/signalfd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <system_error>
+#include <vector>
+
+#include "Protocol.h"
+#include "orv/OrvTrace.h"
+
+namespace ORVLib::Board {
+
+namespace {
+
+constexpr std::size_t MAX_CLIENTS = 128;
+// So few at a time that everybody is listened to several times before being the oldest.
+constexpr std::size_t ACCEPT_BATCH = 16;
+constexpr std::chrono::seconds ACCEPT_PAUSE{1};
+
+// The entries of poll() before those of the clients.
+enum { SIGNALS, SERVER, PASSWORDS, FIRST_CLIENT };
+
+void putLog(const std::string& text) {
+    trace::OrvTrace(2, 1, 3).putLog(0, text);
+}
+
+FileDescriptor openSignals() {
+    sigset_t set;
+    sigemptyset(&set);
+    sigaddset(&set, SIGTERM);
+    sigaddset(&set, SIGINT);
+    FileDescriptor signals(::signalfd(-1, &set, SFD_CLOEXEC | SFD_NONBLOCK));
+    if (!signals.isOpen()) {
+        throw std::system_error(errno, std::generic_category(), "cannot wait for signals");
+    }
+    return signals;
+}
+
+}  // namespace
+
+Daemon::Daemon(const Options& options)
+    : m_faults(options.faults),
+      m_clientTimeout(options.clientTimeout),
+      m_signals(openSignals()),
+      m_server(options.socket),
+      m_state(options.state),
+      m_sessions(m_state, options.sessionTimeout),
+      m_requests(m_state, m_sessions),
+      m_nextStore(Clock::now() + Sessions::STORE_INTERVAL),
+      m_nextAccept(Clock::now()) {}
+
+void Daemon::run() {
+    while (!m_stopped) {
+        waitAndServe();
+        expireClients();
+        m_clients.remove_if([](const Client& client) { return !client.isOpen(); });
+        if (Clock::now() >= m_nextStore) {
+            storeSessions();
+        }
+    }
+    storeSessions();
+}
+
+int Daemon::getWaitMs() const {
+    Clock::time_point next = m_nextStore;
+    if (m_nextAccept > Clock::now()) {
+        next = std::min(next, m_nextAccept);
+    }
+    for (const Client& client : m_clients) {
+        next = std::min(next, client.getDeadline());
+    }
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(next - Clock::now());
+    return static_cast<int>(std::max(left, left.zero()).count());
+}
+
+void Daemon::waitAndServe() {
+    const bool accepts = Clock::now() >= m_nextAccept;
+    std::vector<pollfd> entries = {
+        {m_signals.get(), POLLIN, 0},
+        {accepts ? m_server.getDescriptor() : -1, POLLIN, 0},
+        {m_passwords.getDescriptor(), POLLIN, 0},
+    };
+    for (const Client& client : m_clients) {
+        entries.push_back({client.getDescriptor(), client.getEvents(), 0});
+    }
+    if (::poll(entries.data(), entries.size(), getWaitMs()) < 0) {
+        if (errno == EINTR) {
+            return;
+        }
+        throw std::system_error(errno, std::generic_category(), "poll");
+    }
+    m_stopped = entries[SIGNALS].revents != 0;
+    auto entry = entries.cbegin() + FIRST_CLIENT;
+    for (Client& client : m_clients) {
+        if ((entry++)->revents != 0) {
+            serve(client);
+        }
+    }
+    if (entries[PASSWORDS].revents != 0) {
+        finishLogins();
+    }
+    if (entries[SERVER].revents != 0) {
+        acceptClients();
+    }
+}
+
+void Daemon::acceptClients() {
+    try {
+        for (std::size_t i = 0; i < ACCEPT_BATCH; ++i) {
+            FileDescriptor socket = m_server.accept();
+            if (!socket.isOpen()) {
+                return;
+            }
+            addClient(std::move(socket));
+        }
+    } catch (const std::system_error& error) {
+        // Clients that end give descriptors back; until then the others are served.
+        putLog(error.what());
+        m_nextAccept = Clock::now() + ACCEPT_PAUSE;
+    }
+}
+
+void Daemon::addClient(FileDescriptor socket) {
+    if (m_clients.size() >= MAX_CLIENTS) {
+        dropOldest();
+    }
+    m_clients.emplace_back(m_nextTicket++, std::move(socket), m_clientTimeout);
+    serve(m_clients.back());
+}
+
+// Whoever floods the daemon with connections fills the places of its own: one that does its
+// exchange is gone long before it is the oldest. There are fewer passwords checked at a time than
+// places, so somebody always can go.
+void Daemon::dropOldest() {
+    auto oldest = m_clients.end();
+    for (auto at = m_clients.begin(); at != m_clients.end(); ++at) {
+        if (!at->isWorkedOn() &&
+            (oldest == m_clients.end() || at->getSince() < oldest->getSince())) {
+            oldest = at;
+        }
+    }
+    if (oldest != m_clients.end()) {
+        m_clients.erase(oldest);
+    }
+}
+
+void Daemon::serve(Client& client) {
+    if (client.isOpen() && client.proceed()) {
+        carryOut(client);
+    }
+}
+
+void Daemon::carryOut(Client& client) {
+    const Request& request = client.getRequest();
+    const FaultKind fault = m_faults.find(request.type);
+    if (fault == FaultKind::SILENCE) {
+        client.ignore();
+    } else if (fault == FaultKind::ERROR) {
+        client.answer(Reply::error(boardError(ERROR_BOARD_FAILURE, "a fault was asked for",
+                                              request.type, ACTION_INJECTED)));
+    } else if (request.type == PROCEDURE_LOGIN) {
+        startLogin(client);
+    } else {
+        client.answer(m_requests.handle(request), fault);
+    }
+}
+
+FaultKind Daemon::getDamage(const Client& client) const {
+    return m_faults.find(client.getRequest().type);
+}
+
+void Daemon::startLogin(Client& client) {
+    try {
+        Requests::Login login = m_requests.beginLogin(client.getRequest());
+        if (!m_passwords.submit({client.getTicket(), login.password, login.hash})) {
+            throw boardError(ERROR_BUSY, "too many logins at a time");
+        }
+        m_logins[client.getTicket()] = std::move(login);
+    } catch (const PException& refusal) {
+        client.answer(Reply::error(refusal), getDamage(client));
+    }
+}
+
+void Daemon::finishLogins() {
+    for (const PasswordWorker::Result& result : m_passwords.takeResults()) {
+        const auto login = m_logins.extract(result.ticket);
+        const auto client =
+            std::find_if(m_clients.begin(), m_clients.end(), [&result](const Client& candidate) {
+                return candidate.getTicket() == result.ticket && candidate.isWorkedOn();
+            });
+        if (client != m_clients.end()) {
+            client->answer(
+                m_requests.endLogin(client->getRequest(), login.mapped(), result.matches),
+                getDamage(*client));
+        }
+    }
+}
+
+void Daemon::expireClients() {
+    const Clock::time_point now = Clock::now();
+    for (Client& client : m_clients) {
+        if (client.isOpen() && client.getDeadline() <= now) {
+            client.expire();
+        }
+    }
+}
+
+void Daemon::storeSessions() {
+    m_nextStore = Clock::now() + Sessions::STORE_INTERVAL;
+    try {
+        m_sessions.store();
+    } catch (const DatabaseError& error) {
+        putLog(std::string("cannot store when sessions were used: ") + error.what());
+    }
+}
+
+}  // namespace ORVLib::Board

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <list>
+#include <map>
+
+#include "BoardState.h"
+#include "Client.h"
+#include "IpcServer.h"
+#include "Options.h"
+#include "PasswordWorker.h"
+#include "Requests.h"
+#include "Sessions.h"
+#include "common/FileDescriptor.h"
+
+namespace ORVLib::Board {
+
+/// Serves all clients from one loop that never waits for any of them. Only passwords are checked
+/// beside it; writing a setting holds it up for one flush to the disk.
+class Daemon {
+public:
+    /// Ready to serve once made. Throws std::runtime_error, with a line for the administrator.
+    /// REQUIRES: SIGTERM and SIGINT are blocked.
+    explicit Daemon(const Options& options);
+
+    /// Serves until SIGTERM or SIGINT.
+    void run();
+
+private:
+    using Clock = Client::Clock;
+    using Clients = std::list<Client>;
+
+    int getWaitMs() const;
+    void waitAndServe();
+    void acceptClients();
+    void addClient(FileDescriptor socket);
+    void dropOldest();
+    void serve(Client& client);
+    void carryOut(Client& client);
+    void startLogin(Client& client);
+    void finishLogins();
+    void expireClients();
+    void storeSessions();
+
+    FaultKind getDamage(const Client& client) const;
+
+    Faults m_faults;
+    std::chrono::milliseconds m_clientTimeout;
+    FileDescriptor m_signals;
+    ORVIpc::IpcServer m_server;
+    BoardState m_state;
+    Sessions m_sessions;
+    Requests m_requests;
+    PasswordWorker m_passwords;
+    Clients m_clients;
+    std::map<std::uint64_t, Requests::Login> m_logins;  ///< being checked, by client
+    std::uint64_t m_nextTicket = 1;
+    Clock::time_point m_nextStore;
+    Clock::time_point m_nextAccept;
+    bool m_stopped = false;
+};
+
+}  // namespace ORVLib::Board

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+namespace ORVLib::Board {
+
+/// Hashes a new password with the system's crypt() and a random salt.
+/// Throws std::runtime_error when the system cannot.
+std::string hashPassword(const std::string& password);
+
+/// Takes some tens of milliseconds whatever the password is.
+bool matchesPassword(const std::string& password, const std::string& hash);
+
+}  // namespace ORVLib::Board

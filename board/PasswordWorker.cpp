@@ -1,0 +1,71 @@
+#include "PasswordWorker.h"
+
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <system_error>
+
+#include "Password.h"
+
+namespace ORVLib::Board {
+
+namespace {
+
+constexpr std::size_t MAX_WAITING = 32;
+
+}  // namespace
+
+PasswordWorker::PasswordWorker() : m_wake(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+    if (!m_wake.isOpen()) {
+        throw std::system_error(errno, std::generic_category(), "eventfd");
+    }
+    m_thread = std::thread(&PasswordWorker::work, this);
+}
+
+PasswordWorker::~PasswordWorker() {
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_ending = true;
+    }
+    m_changed.notify_one();
+    m_thread.join();
+}
+
+bool PasswordWorker::submit(Job job) {
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_jobs.size() >= MAX_WAITING) {
+            return false;
+        }
+        m_jobs.push_back(std::move(job));
+    }
+    m_changed.notify_one();
+    return true;
+}
+
+std::vector<PasswordWorker::Result> PasswordWorker::takeResults() {
+    eventfd_t count = 0;
+    ::eventfd_read(m_wake.get(), &count);
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return std::exchange(m_results, {});
+}
+
+void PasswordWorker::work() {
+    std::unique_lock<std::mutex> lock(m_mutex);
+    while (true) {
+        m_changed.wait(lock, [this] { return m_ending || !m_jobs.empty(); });
+        if (m_ending) {
+            return;
+        }
+        const Job job = std::move(m_jobs.front());
+        m_jobs.pop_front();
+        lock.unlock();
+        const bool matches = matchesPassword(job.password, job.hash);
+        lock.lock();
+        m_results.push_back({job.ticket, matches});
+        ::eventfd_write(m_wake.get(), 1);
+    }
+}
+
+}  // namespace ORVLib::Board

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "orv/PException.h"
+
+/// Numbers that pages and the board agree on.
+namespace ORVLib::Board {
+
+// Procedures. Every other ID of the same family is an information item.
+constexpr std::uint32_t PROCEDURE_GET_LANGUAGE = 0x02010001;
+constexpr std::uint32_t PROCEDURE_LOGIN = 0x02010002;
+constexpr std::uint32_t PROCEDURE_LOGOUT = 0x02010004;
+constexpr std::uint32_t PROCEDURE_CHECK_SESSION = 0x02010005;
+constexpr std::uint32_t PROCEDURE_GET_USER_INFO = 0x02010025;
+
+// Items: 0x0201 and 14 bits of number. The two bits between say what is done with the item, and
+// with that whether a payload follows the telegram.
+constexpr std::uint32_t FAMILY_MASK = 0xffff0000;
+constexpr std::uint32_t FAMILY = 0x02010000;
+constexpr std::uint32_t ACCESS_MASK = 0x0000c000;
+constexpr std::uint32_t ACCESS_READ = 0x00000000;
+constexpr std::uint32_t ACCESS_EXCHANGE = 0x00004000;
+constexpr std::uint32_t ACCESS_WRITE = 0x00008000;
+
+constexpr std::uint32_t ITEM_DEFAULT_LANGUAGE = PROCEDURE_GET_LANGUAGE;
+constexpr std::uint32_t ITEM_OWN_LANGUAGE = 0x02010026;
+constexpr std::uint32_t ITEM_OWN_REFRESH_INTERVAL = 0x02010027;
+constexpr std::uint32_t ITEM_EVENT_LOG = 0x02010041;
+constexpr std::uint32_t ITEM_HTTPS_PORT = 0x02010073;
+constexpr std::uint32_t ITEM_MAINTENANCE_MODE = 0x020100b4;
+constexpr std::uint32_t ITEM_MAINTENANCE_PERMISSION = 0x020100d1;
+
+constexpr std::uint32_t TYPE_ERROR = 0x87ff0001;
+
+/// The longest payload a page can announce.
+constexpr int MAX_REQUEST_SIZE = 65535;
+
+// Roles of a user.
+constexpr std::uint32_t ROLE_SYSTEM_ADMINISTRATOR = 1U << 31;
+constexpr std::uint32_t ROLE_TECHNICAL_STAFF = 1U << 30;
+constexpr std::uint32_t ROLE_GUEST = 1U << 29;
+constexpr std::uint32_t ROLE_OPERATOR = 1U << 28;
+
+// Exception details of error responses.
+constexpr int ERROR_NO_SESSION = 1031;
+constexpr int ERROR_LOGIN_REFUSED = 1281;
+constexpr int ERROR_NOT_AUTHORISED = 1282;
+constexpr int ERROR_NO_SUCH_ITEM = 1283;
+constexpr int ERROR_BAD_REQUEST = 1284;
+constexpr int ERROR_BUSY = 1285;
+
+/// The board itself failed; the action code says at what.
+constexpr int ERROR_BOARD_FAILURE = 1792;
+constexpr int ACTION_NONE = 0;
+constexpr int ACTION_STATE = 1;
+constexpr int ACTION_INJECTED = 2;
+
+/// An error response: what is wrong and the number it is wrong with.
+inline PException boardError(int detail, const char* what, std::uint32_t number = 0,
+                             int actionCode = ACTION_NONE) {
+    const auto argument = static_cast<int>(number);
+    return {2, 1, 1, actionCode, detail, 20034, what, argument, 0, 0, 0, 0, 0, 0};
+}
+
+}  // namespace ORVLib::Board

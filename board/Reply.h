@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "Fault.h"
+#include "Telegram.h"
+#include "orv/PException.h"
+
+namespace ORVLib::Board {
+
+/// The response to one request: one message, or two when there is a payload.
+struct Reply {
+    std::uint32_t type = 0;
+    std::string header;
+    std::optional<std::string> payload;
+
+    static Reply make(std::uint32_t type, const Telegram& telegram) {
+        return {type, telegram.format(), std::nullopt};
+    }
+    static Reply error(const PException& exception);
+
+    /// Damages the reply as the fault wants it.
+    void damage(FaultKind kind);
+
+    /// The messages as they are sent.
+    std::string frame() const;
+};
+
+}  // namespace ORVLib::Board

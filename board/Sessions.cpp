@@ -1,0 +1,122 @@
+#include "Sessions.h"
+
+#include <sys/random.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <system_error>
+
+#include "Telegram.h"
+
+namespace ORVLib::Board {
+
+namespace {
+
+constexpr std::size_t MAX_SESSIONS_PER_USER = 64;
+
+// 64 characters, six random bits each, and none that a cookie or an address gives a meaning.
+constexpr char ID_CHARACTERS[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
+
+std::string randomId() {
+    std::array<unsigned char, Telegram::MAX_SESSION_ID_LENGTH> random{};
+    // So few bytes come whole or not at all, and only an early boot lets the call be interrupted.
+    while (::getrandom(random.data(), random.size(), 0) != static_cast<ssize_t>(random.size())) {
+        if (errno != EINTR) {
+            throw std::system_error(errno, std::generic_category(), "getrandom");
+        }
+    }
+    std::string id;
+    for (const unsigned char byte : random) {
+        id += ID_CHARACTERS[byte & 63U];
+    }
+    return id;
+}
+
+}  // namespace
+
+Sessions::Sessions(BoardState& state, std::chrono::seconds timeout)
+    : m_state(state), m_timeout(timeout) {
+    const auto now = std::chrono::system_clock::now();
+    for (const StoredSession& stored : m_state.readSessions()) {
+        const auto unused = now - stored.lastUse;
+        if (unused >= m_timeout) {
+            m_ended.push_back(stored.id);
+            continue;
+        }
+        m_sessions[stored.id] = {
+            stored.user, Clock::now() - std::chrono::duration_cast<Clock::duration>(unused), false};
+    }
+}
+
+std::string Sessions::open(const std::string& user, const Event& event) {
+    makeRoom(user);
+    std::string id = randomId();
+    m_state.addSession({id, user, std::chrono::system_clock::now()}, event);
+    m_sessions[id] = {user, Clock::now(), false};
+    return id;
+}
+
+void Sessions::makeRoom(const std::string& user) {
+    std::size_t count = 0;
+    auto oldest = m_sessions.end();
+    for (auto at = m_sessions.begin(); at != m_sessions.end(); ++at) {
+        if (at->second.user != user) {
+            continue;
+        }
+        ++count;
+        if (oldest == m_sessions.end() || at->second.lastUse < oldest->second.lastUse) {
+            oldest = at;
+        }
+    }
+    if (count >= MAX_SESSIONS_PER_USER) {
+        m_ended.push_back(oldest->first);
+        m_sessions.erase(oldest);
+    }
+}
+
+std::optional<std::string> Sessions::find(const std::string& id, bool renew) {
+    const auto found = m_sessions.find(id);
+    if (found == m_sessions.end() || isOver(found->second)) {
+        return std::nullopt;
+    }
+    if (renew) {
+        found->second.lastUse = Clock::now();
+        found->second.used = true;
+    }
+    return found->second.user;
+}
+
+void Sessions::close(const std::string& id, const Event& event) {
+    m_state.removeSession(id, event);
+    m_sessions.erase(id);
+}
+
+void Sessions::store() {
+    for (auto at = m_sessions.begin(); at != m_sessions.end();) {
+        if (isOver(at->second)) {
+            m_ended.push_back(at->first);
+            at = m_sessions.erase(at);
+        } else {
+            ++at;
+        }
+    }
+    std::vector<StoredSession> used;
+    for (const auto& [id, session] : m_sessions) {
+        if (session.used) {
+            const auto unused =
+                std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - session.lastUse);
+            used.push_back({id, session.user, std::chrono::system_clock::now() - unused});
+        }
+    }
+    if (used.empty() && m_ended.empty()) {
+        return;
+    }
+    m_state.updateSessions(used, m_ended);
+    m_ended.clear();
+    for (const StoredSession& session : used) {
+        m_sessions[session.id].used = false;
+    }
+}
+
+}  // namespace ORVLib::Board

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace ORVLib::Board {
+
+struct Authority {
+    std::uint32_t roles = 0;
+    std::uint32_t partitions = 0;
+};
+
+/// The header of every request and response.
+struct Telegram {
+    static constexpr std::size_t SIZE = 48;
+    static constexpr std::size_t MAX_SESSION_ID_LENGTH = 31;
+
+    std::uint32_t processId = 0;
+    std::string sessionId;
+    unsigned char language = 0;
+    Authority authority;
+
+    /// Takes the fields from the bytes of a telegram. REQUIRES: bytes.size() == SIZE.
+    static Telegram parse(const std::string& bytes);
+
+    std::string format() const;
+};
+
+/// The text of a field that a NUL ends, or the field's end.
+std::string readField(const std::string& bytes, std::size_t offset, std::size_t size);
+
+std::uint32_t readNumber(const std::string& bytes, std::size_t offset);
+std::string formatNumber(std::uint32_t number);
+
+}  // namespace ORVLib::Board
