@@ -1,4 +1,4 @@
-"""The console of a build folder, served by lighttpd on loopback."""
+"""The console of a build folder: a simulated board and lighttpd on loopback."""
 
 import contextlib
 import os
@@ -12,6 +12,7 @@ import urllib.request
 
 PROJECT = pathlib.Path(__file__).resolve().parent.parent
 START_LIMIT_SECONDS = 10
+COMMAND_WORD = 3  # where a server's own command begins, behind setpriv's words
 
 
 class SiteError(Exception):
@@ -37,12 +38,15 @@ def is_port_free(port):
 class ConsoleSite(contextlib.AbstractContextManager):
     """Starts the servers when entered and stops them when left.
 
-    `build` is a build folder; `run` is where logs and the generated configuration go.
+    `build` is a build folder; `run` is where the board's state, its socket, logs and the generated
+    configuration go. `board_options` are further words for orvboardd.
     """
 
-    def __init__(self, build, run, port=0):
-        self.site = pathlib.Path(build).resolve() / "site"
+    def __init__(self, build, run, port=0, board_options=()):
+        self.build = pathlib.Path(build).resolve()
         self.run = pathlib.Path(run).resolve()
+        self.socket = self.run / "board.sock"
+        self.board_options = list(board_options)
         self.port = port or free_port()
         self.url = f"http://127.0.0.1:{self.port}"
         self.trace_log = self.run / "trace.log"
@@ -53,6 +57,7 @@ class ConsoleSite(contextlib.AbstractContextManager):
             raise SiteError(f"port {self.port} is in use: choose another one with --port")
         self.run.mkdir(parents=True, exist_ok=True)
         try:
+            self.start_board()
             self._start_web_server()
         except BaseException:
             self.stop()
@@ -77,13 +82,22 @@ class ConsoleSite(contextlib.AbstractContextManager):
         while True:
             for process in self._processes:
                 if process.poll() is not None:
-                    return process.args[-1]
+                    return pathlib.Path(process.args[COMMAND_WORD]).name
             time.sleep(0.2)
 
-    def _start(self, *command):
+    def start_board(self):
+        """Starts the simulated board; returns its process."""
+        board = self._start(self.build / "board" / "orvboardd", "--state", self.run / "board.db",
+                            "--socket", self.socket, *self.board_options,
+                            stdout=subprocess.PIPE)
+        if not board.stdout.readline().startswith(b"orvboardd: ready"):
+            raise SiteError("orvboardd did not start: it says why above")
+        return board
+
+    def _start(self, *command, **options):
         # A server goes with whoever started it, even when that one is killed.
         process = subprocess.Popen(["setpriv", "--pdeathsig", "TERM", *command],
-                                   stdin=subprocess.DEVNULL)
+                                   stdin=subprocess.DEVNULL, **options)
         self._processes.append(process)
         return process
 
@@ -102,8 +116,8 @@ class ConsoleSite(contextlib.AbstractContextManager):
 
     def _configuration(self):
         text = (PROJECT / "console" / "lighttpd.conf.in").read_text(encoding="utf-8")
-        values = {"PORT": self.port, "SITE": self.site, "RUN": self.run,
-                  "TRACE_LEVEL": os.environ.get("ORV_TRACE_LEVEL", "0")}
+        values = {"PORT": self.port, "SITE": self.build / "site", "RUN": self.run,
+                  "SOCKET": self.socket, "TRACE_LEVEL": os.environ.get("ORV_TRACE_LEVEL", "0")}
         for name, value in values.items():
             text = text.replace(f"@{name}@", str(value))
         return text

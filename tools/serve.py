@@ -30,6 +30,9 @@ def parse_arguments():
 
 def serve(site):
     print(f"The console is at {site.url}/")
+    print("The board's users: admin, operator (Japanese), staff, guest, part;")
+    print("each one's password is the name and -pass, such as admin-pass.")
+    print(f"Look at the board: ORV_IPC_SOCKET={site.socket} {site.build}/tools/boardctl --help")
     print(f"Trace log: {site.trace_log}")
     print("Ctrl-C stops it.", flush=True)
     ended = site.wait()

@@ -1,6 +1,7 @@
 # What ./run and ./test share; sourced by them. Installs packages and builds a preset.
 
-BUILD_PACKAGES="cmake g++ libc-bin lighttpd ninja-build nettle-dev python3 util-linux"
+BUILD_PACKAGES="cmake g++ libc-bin libcrypt-dev libsqlite3-dev lighttpd ninja-build nettle-dev
+    python3 util-linux"
 TEST_PACKAGES="clang-format clang-tidy libgtest-dev"
 
 fail() {

@@ -13,6 +13,8 @@ class FileDescriptor;
 
 namespace ORVLib::Gui {
 
+class CGIRequester;
+
 /// The request a page answers: its fields, and the file that came with it.
 ///
 /// The constructor reads all of it from the CGI environment and standard input. A body above
@@ -64,6 +66,12 @@ public:
     /// Every field as name=value in the order of the names, joined with "&", decoded as the
     /// fields are.
     std::string getQueryString();
+
+    /// The URL the page was asked under, up to its path: scheme, host as the browser named it, and
+    /// port, which is always there. The scheme is "https" when the daemon says that the port
+    /// serves it, and "http" when the daemon cannot be asked. The host may hold any bytes: escape
+    /// it like a field.
+    std::string getURLInfo(CGIRequester& requester);
 
     /// All fields, in the byte order of their names.
     const FieldMap& getFields() const { return m_fields; }

@@ -9,6 +9,9 @@
 #include <stdexcept>
 #include <utility>
 
+#include "common/ByteOrder.h"
+#include "gui/BackendNumbers.h"
+#include "gui/CGIRequester.h"
 #include "message/Log.h"
 #include "message/Numbers.h"
 #include "orv/PException.h"
@@ -170,6 +173,19 @@ void FormInfo::setURLInfo() {
     if (const char* const port = getenvLogged("SERVER_PORT", "FormInfo::getenv(SERVER_PORT)")) {
         m_port = port;
     }
+}
+
+std::string FormInfo::getURLInfo(CGIRequester& requester) {
+    int httpsPort = -1;
+    unsigned char answer[4];
+    if (requester.getInfo(ITEM_HTTPS_PORT, answer, sizeof answer) != 0) {
+        httpsPort = Bytes::readSigned32(answer);
+    } else {
+        trace::OrvTrace trace = Log::writer(Log::FORM_INFO);
+        Log::putText(trace, Log::ERROR_LEVEL, Log::NOT_AVAILABLE, "FormInfo::getURLInfo()");
+    }
+    const char* const scheme = Numbers::readInt(m_port.c_str()) == httpsPort ? "https" : "http";
+    return std::string(scheme) + "://" + m_host + ":" + m_port;
 }
 
 void FormInfo::readPostData(int length) {

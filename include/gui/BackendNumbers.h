@@ -1,0 +1,28 @@
+#pragma once
+
+/// The numbers that pages and the back-end daemon agree on.
+namespace ORVLib::Gui {
+
+/// What a telegram asks for.
+enum Procedure : unsigned int {
+    PROCEDURE_GET_LANGUAGE = 0x02010001,
+    PROCEDURE_LOGIN = 0x02010002,
+    PROCEDURE_LOGOUT = 0x02010004,
+    PROCEDURE_CHECK_SESSION = 0x02010005,
+    PROCEDURE_GET_USER_INFO = 0x02010025
+};
+
+/// Information items that the library itself asks for.
+enum Item : unsigned int {
+    ITEM_HTTPS_PORT = 0x02010073,        // 32-bit signed number
+    ITEM_MAINTENANCE_MODE = 0x020100b4,  // ORV_MAINTENANCE_MODE
+    ITEM_MAINTENANCE_POWER = 0x020100d1  // GeneralPurposePacket: may technical staff use power
+};
+
+/// Type of a response that carries an exception instead of an answer.
+constexpr unsigned int ERROR_RESPONSE = 0x87ff0001;
+
+/// Exception details that pages tell apart.
+enum ErrorNumber : unsigned int { ERROR_SESSION_INVALID = 1031 };
+
+}  // namespace ORVLib::Gui

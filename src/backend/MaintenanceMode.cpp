@@ -1,0 +1,42 @@
+#include "gui/MaintenanceMode.h"
+
+#include <cstring>
+
+#include "orv/PException.h"
+
+namespace ORVLib::ORVUi {
+
+namespace {
+
+constexpr unsigned int RECORD_SIZE = sizeof(ORV_MAINTENANCE_MODE);
+
+}  // namespace
+
+template <>
+unsigned int PrimitiveTypeWrapper<ORV_MAINTENANCE_MODE>::getSerialized(unsigned char* buffer,
+                                                                       unsigned int size) const {
+    if (size < RECORD_SIZE) {
+        throw PException(1, 80, 19200, 1, 1537, 20019, "Too short size", 0, 0, 0, 0, 0, 0, 0);
+    }
+    std::memcpy(buffer, getValue().bytes, RECORD_SIZE);
+    return RECORD_SIZE;
+}
+
+template <>
+unsigned int PrimitiveTypeWrapper<ORV_MAINTENANCE_MODE>::getSerializedSize() const {
+    return RECORD_SIZE;
+}
+
+template <>
+bool PrimitiveTypeWrapper<ORV_MAINTENANCE_MODE>::setSerialized(const unsigned char* data,
+                                                               unsigned int size) {
+    if (size > RECORD_SIZE) {
+        return false;
+    }
+    ORV_MAINTENANCE_MODE record{};
+    std::memcpy(record.bytes, data, size);
+    setValue(record);
+    return true;
+}
+
+}  // namespace ORVLib::ORVUi

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstring>
+#include <string>
+
+#include "common/ByteOrder.h"
+#include "gui/CGIAuthority.h"
+
+/// Where the fields of a telegram's 48 bytes lie.
+namespace ORVLib::Gui::Telegram {
+
+constexpr int PROCESS_ID = 0;
+constexpr int SESSION_ID = 4;
+constexpr int SESSION_ID_SIZE = 32;
+constexpr int LANGUAGE = 39;
+constexpr int ROLES = 40;
+constexpr int PARTITIONS = 44;
+
+/// A session ID that fills its field without a NUL ends with the field.
+inline std::string sessionId(const unsigned char* telegram) {
+    const char* const text = reinterpret_cast<const char*>(telegram + SESSION_ID);
+    return {text, strnlen(text, SESSION_ID_SIZE)};
+}
+
+inline int language(const unsigned char* telegram) {
+    return telegram[LANGUAGE];
+}
+
+inline CGI_AUTHORITY authority(const unsigned char* telegram) {
+    return {Bytes::read32(telegram + ROLES), Bytes::read32(telegram + PARTITIONS)};
+}
+
+inline void setAuthority(unsigned char* telegram, const CGIAuthority& authority) {
+    CGI_AUTHORITY record{};
+    authority.getAuthority(record);
+    Bytes::write32(telegram + ROLES, record.roles);
+    Bytes::write32(telegram + PARTITIONS, record.partitions);
+}
+
+}  // namespace ORVLib::Gui::Telegram

@@ -1,0 +1,44 @@
+#include "gui/Cookie.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <iostream>
+
+namespace ORVLib::Gui {
+
+namespace {
+
+constexpr char PREFIX[] = "sid=";
+constexpr std::size_t PREFIX_LENGTH = sizeof PREFIX - 1;
+
+bool isControl(char character) {
+    const auto byte = static_cast<unsigned char>(character);
+    return byte < 0x20 || byte == 0x7f;
+}
+
+}  // namespace
+
+Cookie::Cookie() {
+    const char* const header = std::getenv("HTTP_COOKIE");
+    if (header == nullptr || std::strncmp(header, PREFIX, PREFIX_LENGTH) != 0) {
+        m_error = true;
+    } else {
+        m_sessionId = header + PREFIX_LENGTH;
+    }
+}
+
+void Cookie::printHTML() const {
+    const auto end = std::find_if(m_sessionId.begin(), m_sessionId.end(), isControl);
+    std::cout << "Set-Cookie: sid=" << std::string(m_sessionId.begin(), end);
+    if (m_expired) {
+        std::cout << "; path=/; expires=Thu,01-Jan-1970 09:00:00 GMT";
+    }
+    std::cout << std::endl;
+}
+
+bool Cookie::isError() const {
+    return m_error;
+}
+
+}  // namespace ORVLib::Gui

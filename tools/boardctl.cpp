@@ -1,0 +1,281 @@
+// A command-line client of the back-end daemon, built on the library's requester as a page is.
+
+#include <termios.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <iomanip>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "gui/CGIAuthority.h"
+#include "gui/CGIRequester.h"
+#include "orv/CommonUtil.h"
+#include "orv/SerializableObject.h"
+
+namespace {
+
+using ORVLib::Gui::CGIAuthority;
+using ORVLib::Gui::CGIRequester;
+
+constexpr int EXIT_USAGE = 2;
+constexpr std::size_t LARGEST_PAYLOAD = 0xffff;
+
+constexpr char USAGE[] =
+    "usage: boardctl COMMAND\n"
+    "  login USER          open a session and print its ID; the password comes from the terminal,\n"
+    "                      or from the first line of standard input\n"
+    "  check SID           is the session valid; language, refresh interval and rights\n"
+    "  language            the board's own language\n"
+    "  user SID            the session's user: language and rights\n"
+    "  get SID ID          an information item as hexadecimal bytes; ID as 0x02010073\n"
+    "  set SID ID BYTES    write an item; BYTES in hexadecimal\n"
+    "  logout SID          end the session\n"
+    "Exit status: 0 done; 1 the daemon refused or cannot be reached; 2 wrong usage.\n";
+
+class UsageError {};
+
+/// The bytes of an item, whatever they mean.
+class RawItem : public ORVLib::SerializableObject {
+public:
+    unsigned int getSerialized(unsigned char* buffer, unsigned int size) const override {
+        if (size < m_bytes.size()) {
+            return 0;
+        }
+        std::copy(m_bytes.begin(), m_bytes.end(), buffer);
+        return getSerializedSize();
+    }
+    unsigned int getSerializedSize() const override {
+        return static_cast<unsigned int>(m_bytes.size());
+    }
+    bool setSerialized(const unsigned char* data, unsigned int size) override {
+        m_bytes.assign(data, data + size);
+        return true;
+    }
+    const std::vector<unsigned char>& bytes() const { return m_bytes; }
+
+private:
+    std::vector<unsigned char> m_bytes;
+};
+
+/// Keeps the terminal from showing what is typed while the object lives.
+class EchoOff {
+public:
+    EchoOff() : m_terminal(tcgetattr(STDIN_FILENO, &m_before) == 0) {
+        if (m_terminal) {
+            termios silent = m_before;
+            silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+            tcsetattr(STDIN_FILENO, TCSAFLUSH, &silent);
+        }
+    }
+    ~EchoOff() {
+        if (m_terminal) {
+            tcsetattr(STDIN_FILENO, TCSAFLUSH, &m_before);
+        }
+    }
+    EchoOff(const EchoOff&) = delete;
+    EchoOff& operator=(const EchoOff&) = delete;
+
+    bool isTerminal() const { return m_terminal; }
+
+private:
+    termios m_before{};
+    bool m_terminal;
+};
+
+std::string readPassword() {
+    const EchoOff silence;
+    if (silence.isTerminal()) {
+        std::cerr << "Password: ";
+    }
+    std::string password;
+    std::getline(std::cin, password);
+    if (silence.isTerminal()) {
+        std::cerr << '\n';
+    }
+    return password;
+}
+
+unsigned int itemId(const std::string& text) {
+    char* end = nullptr;
+    errno = 0;
+    const unsigned long long id = std::strtoull(text.c_str(), &end, 0);
+    if (text.empty() || text[0] == '-' || *end != '\0' || errno != 0 || id > 0xffffffffU) {
+        std::cerr << "boardctl: " << text << " is no item ID: give one such as 0x02010073\n";
+        throw UsageError();
+    }
+    return static_cast<unsigned int>(id);
+}
+
+std::vector<unsigned char> hexBytes(const std::string& text) {
+    const bool digitsOnly = text.find_first_not_of("0123456789abcdefABCDEF") == std::string::npos;
+    if (text.empty() || text.size() % 2 != 0 || !digitsOnly || text.size() / 2 > LARGEST_PAYLOAD) {
+        std::cerr << "boardctl: BYTES are pairs of hexadecimal digits, up to " << LARGEST_PAYLOAD
+                  << " bytes\n";
+        throw UsageError();
+    }
+    std::vector<unsigned char> bytes;
+    for (std::size_t i = 0; i < text.size(); i += 2) {
+        bytes.push_back(
+            static_cast<unsigned char>(std::strtoul(text.substr(i, 2).c_str(), nullptr, 16)));
+    }
+    return bytes;
+}
+
+void printUser(int language, const CGIAuthority& authority) {
+    std::cout << "language: " << language << "\nrights:";
+    const std::pair<bool, const char*> roles[] = {
+        {authority.isSystemAdmin(), " system-administrator"},
+        {authority.isTechnicalStaff(), " technical-staff"},
+        {authority.isGuest(), " guest"},
+        {authority.isOperator(), " operator"},
+    };
+    for (const auto& [held, name] : roles) {
+        std::cout << (held ? name : "");
+    }
+    for (int partition = 0; partition < ORVLib::ORVUi::CommonUtil::getMaxPartitionNum();
+         ++partition) {
+        if (authority.isPartitionAdmin(partition)) {
+            std::cout << " partition-" << partition;
+        }
+    }
+    std::cout << '\n';
+}
+
+/// The commands; each returns whether the daemon did what was asked.
+class Command {
+public:
+    explicit Command(std::vector<std::string> words) : m_words(std::move(words)) {}
+
+    bool run() {
+        struct Entry {
+            const char* name;
+            std::size_t words;
+            bool (Command::*run)();
+        };
+        constexpr Entry ENTRIES[] = {
+            {"login", 2, &Command::login},       {"check", 2, &Command::check},
+            {"language", 1, &Command::language}, {"user", 2, &Command::user},
+            {"get", 3, &Command::get},           {"set", 4, &Command::set},
+            {"logout", 2, &Command::logout},
+        };
+        for (const Entry& entry : ENTRIES) {
+            if (m_words[0] == entry.name && m_words.size() == entry.words) {
+                return (this->*entry.run)();
+            }
+        }
+        throw UsageError();
+    }
+
+    const CGIRequester& requester() const { return m_requester; }
+
+private:
+    /// The requester, in the session that the command names.
+    CGIRequester& session() {
+        m_requester.setSessionId(m_words[1].c_str());
+        return m_requester;
+    }
+
+    bool login() {
+        int language = 0;
+        std::string sessionId;
+        if (m_requester.login(m_words[1], readPassword(), "boardctl", language, sessionId) == 0) {
+            return false;
+        }
+        std::cout << sessionId << '\n';
+        return true;
+    }
+
+    bool check() {
+        int language = 0;
+        unsigned int interval = 0;
+        CGIAuthority authority;
+        if (session().checkSession(language, interval, &authority, false) == 0) {
+            return false;
+        }
+        std::cout << "refresh: " << interval << " s\n";
+        printUser(language, authority);
+        return true;
+    }
+
+    bool language() {
+        int language = 0;
+        if (m_requester.getLanguage(language) == 0) {
+            return false;
+        }
+        std::cout << language << '\n';
+        return true;
+    }
+
+    bool user() {
+        int language = 0;
+        CGIAuthority authority;
+        if (session().getUserInfo(language, authority, nullptr) == 0) {
+            return false;
+        }
+        printUser(language, authority);
+        return true;
+    }
+
+    bool get() {
+        const unsigned int id = itemId(m_words[2]);
+        RawItem item;
+        if (session().getInfo(id, item) == 0) {
+            return false;
+        }
+        std::cout << std::hex << std::setfill('0');
+        for (const unsigned char byte : item.bytes()) {
+            std::cout << std::setw(2) << static_cast<unsigned int>(byte);
+        }
+        std::cout << '\n';
+        return true;
+    }
+
+    bool set() {
+        const unsigned int id = itemId(m_words[2]);
+        const std::vector<unsigned char> bytes = hexBytes(m_words[3]);
+        return session().setInfo(id, static_cast<unsigned int>(bytes.size()), bytes.data()) != 0;
+    }
+
+    bool logout() { return session().logout() != 0; }
+
+    std::vector<std::string> m_words;
+    CGIRequester m_requester;
+};
+
+int report(const CGIRequester& requester) {
+    std::cerr << "boardctl: the daemon refused or cannot be reached: error "
+              << requester.getErrorDetail() << ", action code "
+              << static_cast<int>(requester.getActionCode()) << '\n';
+    return EXIT_FAILURE;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::vector<std::string> words(argv + 1, argv + argc);
+    if (words.size() == 1 && words[0] == "--help") {
+        std::cout << USAGE;
+        return EXIT_SUCCESS;
+    }
+    try {
+        if (words.empty()) {
+            throw UsageError();
+        }
+        Command command(words);
+        if (!command.run()) {
+            return report(command.requester());
+        }
+    } catch (const UsageError&) {
+        std::cerr << USAGE;
+        return EXIT_USAGE;
+    }
+    if (!std::cout.flush()) {
+        std::cerr << "boardctl: cannot write to standard output\n";
+        return EXIT_FAILURE;
+    }
+    return EXIT_SUCCESS;
+}
