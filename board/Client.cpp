@@ -11,6 +11,9 @@ namespace ORVLib::Board {
 
 namespace {
 
+// Not an error: a client must not be able to fill the log.
+constexpr int EXCESS_LEVEL = 100;
+
 using ORVIpc::MessageStream;
 
 std::string describeExcess(std::uint32_t type) {
@@ -178,7 +181,7 @@ void Client::awaitEnd() {
     }
     if (!m_stream.isEmpty() && !m_hasLoggedExcess) {
         m_hasLoggedExcess = true;
-        trace::OrvTrace(2, 1, 2).putLog(0, describeExcess(m_request.type));
+        trace::OrvTrace(2, 1, 2).putLog(EXCESS_LEVEL, describeExcess(m_request.type));
     }
     m_stream.discard();
 }
