@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "gui/BackendNumbers.h"
 #include "gui/CGIAuthority.h"
 #include "gui/CGIRequester.h"
 #include "orv/CommonUtil.h"
@@ -237,7 +238,8 @@ private:
     bool set() {
         const unsigned int id = itemId(m_words[2]);
         const std::vector<unsigned char> bytes = hexBytes(m_words[3]);
-        return session().setInfo(id, static_cast<unsigned int>(bytes.size()), bytes.data()) != 0;
+        return session().setInfo(id | ORVLib::Gui::ITEM_WRITE,
+                                 static_cast<unsigned int>(bytes.size()), bytes.data()) != 0;
     }
 
     bool logout() { return session().logout() != 0; }

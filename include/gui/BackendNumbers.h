@@ -19,6 +19,10 @@ enum Item : unsigned int {
     ITEM_MAINTENANCE_POWER = 0x020100d1  // GeneralPurposePacket: may technical staff use power
 };
 
+/// Bits of an item's procedure ID. What is sent under an item's own ID reads it.
+constexpr unsigned int ITEM_WRITE = 0x8000;     // setInfo()
+constexpr unsigned int ITEM_EXCHANGE = 0x4000;  // getInfo() and callTransaction() with `in`
+
 /// Type of a response that carries an exception instead of an answer.
 constexpr unsigned int ERROR_RESPONSE = 0x87ff0001;
 
