@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <numeric>
 #include <sstream>
 
 #include "gui/JudgeAuthority.h"
@@ -116,9 +117,7 @@ TEST(DisplayMode, OfOnePartitionIsItsAdministrators) {
 TEST(MaintenanceRecord, CrossesTheWireAsItIs) {
     using Wrapper = ORVLib::ORVUi::PrimitiveTypeWrapper<ORVLib::ORVUi::ORV_MAINTENANCE_MODE>;
     unsigned char bytes[35];
-    for (unsigned char i = 0; i < sizeof bytes; ++i) {
-        bytes[i] = static_cast<unsigned char>(i + 1);
-    }
+    std::iota(std::begin(bytes), std::end(bytes), static_cast<unsigned char>(1));
     Wrapper wrapper;
     EXPECT_EQ(wrapper.getSerializedSize(), 34U);
     EXPECT_FALSE(wrapper.setSerialized(bytes, 35));

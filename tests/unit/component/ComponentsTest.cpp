@@ -6,6 +6,7 @@
 #include "gui/Button.h"
 #include "gui/HiddenField.h"
 #include "gui/HyperLink.h"
+#include "gui/JsFunction.h"
 #include "gui/ResetButton.h"
 #include "gui/SubmitButton.h"
 #include "gui/TextString.h"
@@ -67,6 +68,20 @@ TEST(HyperLink, FollowsItsUrlOrRunsItsScript) {
     const HyperLink script("/a?b", "t", "", "go(1)", true, std::make_unique<TextString>("x"));
     EXPECT_EQ(printed(script), "<a href=\"#\" onClick='go(1);blur()'>x</a>");
     EXPECT_EQ(printed(HyperLink("")), R"(<a href="" target="" onClick='blur()'></a>)");
+}
+
+TEST(JsFunction, PrintsItsLinesInOrder) {
+    EXPECT_EQ(printed(JsFunction("f()")), "function f(){\n}\n");
+    JsFunction function("check(form)");
+    function.addFunction("var i = 0;");
+    function.addFunction("go", "a'b");
+    function.addArray("none", {});
+    function.addArray("a", {"1", bytes("2\0x")});
+    function.addMessage("key", "text");
+    function.addAlertFunction("No");
+    EXPECT_EQ(printed(function),
+              "function check(form){\nvar i = 0;\ngo(\"a'b\");\nnone = new Array();\n"
+              "a = new Array(\"1\", \"2\");\nstrMSG[\"key\"] = \"text\";\nalert(\"No \");\n}\n");
 }
 
 }  // namespace
