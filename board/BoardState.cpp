@@ -189,6 +189,18 @@ void BoardState::setRefreshInterval(const std::string& user, std::uint32_t secon
     transaction.commit();
 }
 
+void BoardState::setPasswordHash(const std::string& user, const std::string& hash,
+                                 const std::string& keptSession, const Event& event) {
+    Transaction transaction(m_database);
+    m_database.query("UPDATE users SET password = ? WHERE name = ?").bind(hash).bind(user).run();
+    m_database.query("DELETE FROM sessions WHERE user = ? AND id <> ?")
+        .bind(user)
+        .bind(keptSession)
+        .run();
+    insertEvent(event);
+    transaction.commit();
+}
+
 std::optional<std::string> BoardState::readItem(std::uint32_t id) {
     Query query = m_database.query("SELECT content FROM items WHERE id = ?");
     if (!query.bind(id).step()) {

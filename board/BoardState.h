@@ -46,6 +46,9 @@ public:
     std::optional<User> findUser(const std::string& name);
     void setLanguage(const std::string& user, unsigned char language, const Event& event);
     void setRefreshInterval(const std::string& user, std::uint32_t seconds, const Event& event);
+    /// Ends all of the user's sessions but `keptSession` too.
+    void setPasswordHash(const std::string& user, const std::string& hash,
+                         const std::string& keptSession, const Event& event);
 
     std::optional<std::string> readItem(std::uint32_t id);
     void writeItem(std::uint32_t id, const std::string& content, const Event& event);

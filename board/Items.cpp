@@ -10,7 +10,7 @@ namespace ORVLib::Board {
 
 namespace {
 
-enum class Who { EVERYBODY, USERS, EVERYONE_BUT_GUESTS, ADMINISTRATORS, NOBODY };
+enum class Who { EVERYBODY, USERS, ADMINISTRATORS, NOBODY };
 
 bool isAnything(const std::string& content) {
     return !content.empty();
@@ -37,6 +37,10 @@ bool isMaintenanceMode(const std::string& content) {
     return content.size() == 34;
 }
 
+bool isPasswordChange(const std::string& content) {
+    return content.size() == PasswordChange::SIZE;
+}
+
 bool isPacket(const std::string& content) {
     return ORVUi::GeneralPurposePacket().setSerialized(
         reinterpret_cast<const unsigned char*>(content.data()),
@@ -52,17 +56,18 @@ struct Rule {
 
 // clang-format off
 constexpr Rule RULES[] = {
-    {ITEM_DEFAULT_LANGUAGE,       Who::EVERYBODY,      Who::ADMINISTRATORS,      isLanguage},
-    {PROCEDURE_LOGIN,             Who::NOBODY,         Who::NOBODY,              isAnything},
-    {PROCEDURE_LOGOUT,            Who::NOBODY,         Who::NOBODY,              isAnything},
-    {PROCEDURE_CHECK_SESSION,     Who::NOBODY,         Who::NOBODY,              isAnything},
-    {PROCEDURE_GET_USER_INFO,     Who::NOBODY,         Who::NOBODY,              isAnything},
-    {ITEM_OWN_LANGUAGE,           Who::USERS,          Who::EVERYONE_BUT_GUESTS, isLanguage},
-    {ITEM_OWN_REFRESH_INTERVAL,   Who::USERS,          Who::EVERYONE_BUT_GUESTS, isInterval},
-    {ITEM_EVENT_LOG,              Who::ADMINISTRATORS, Who::NOBODY,              isAnything},
-    {ITEM_HTTPS_PORT,             Who::EVERYBODY,      Who::ADMINISTRATORS,      isPort},
-    {ITEM_MAINTENANCE_MODE,       Who::USERS,          Who::ADMINISTRATORS,      isMaintenanceMode},
-    {ITEM_MAINTENANCE_PERMISSION, Who::USERS,          Who::ADMINISTRATORS,      isPacket},
+    {ITEM_DEFAULT_LANGUAGE,       Who::EVERYBODY,      Who::ADMINISTRATORS, isLanguage},
+    {PROCEDURE_LOGIN,             Who::NOBODY,         Who::NOBODY,         isAnything},
+    {PROCEDURE_LOGOUT,            Who::NOBODY,         Who::NOBODY,         isAnything},
+    {PROCEDURE_CHECK_SESSION,     Who::NOBODY,         Who::NOBODY,         isAnything},
+    {PROCEDURE_GET_USER_INFO,     Who::NOBODY,         Who::NOBODY,         isAnything},
+    {ITEM_OWN_LANGUAGE,           Who::USERS,          Who::USERS,          isLanguage},
+    {ITEM_OWN_REFRESH_INTERVAL,   Who::USERS,          Who::USERS,          isInterval},
+    {ITEM_OWN_PASSWORD,           Who::NOBODY,         Who::USERS,          isPasswordChange},
+    {ITEM_EVENT_LOG,              Who::ADMINISTRATORS, Who::NOBODY,         isAnything},
+    {ITEM_HTTPS_PORT,             Who::EVERYBODY,      Who::ADMINISTRATORS, isPort},
+    {ITEM_MAINTENANCE_MODE,       Who::USERS,          Who::ADMINISTRATORS, isMaintenanceMode},
+    {ITEM_MAINTENANCE_PERMISSION, Who::USERS,          Who::ADMINISTRATORS, isPacket},
 };
 // clang-format on
 
@@ -84,8 +89,6 @@ bool isAmong(Who who, const User* user) {
             return true;
         case Who::USERS:
             return user != nullptr;
-        case Who::EVERYONE_BUT_GUESTS:
-            return user != nullptr && !holds(user, ROLE_GUEST);
         case Who::ADMINISTRATORS:
             return holds(user, ROLE_SYSTEM_ADMINISTRATOR);
         case Who::NOBODY:
@@ -134,12 +137,16 @@ std::string Items::read(std::uint32_t id, const User* user) {
     return *content;
 }
 
-void Items::write(std::uint32_t id, const std::string& content, const User& user) {
+void Items::checkWrite(std::uint32_t id, const std::string& content, const User& user) {
     const Rule& rule = findRule(id);
     requireAmong(rule.writers, &user, id);
     if (!rule.isFit(content)) {
         throw boardError(ERROR_BAD_REQUEST, "the payload does not fit the item", id);
     }
+}
+
+void Items::write(std::uint32_t id, const std::string& content, const User& user) {
+    checkWrite(id, content, user);
     const Event event = writtenBy(user, id, content.size());
     if (id == ITEM_OWN_LANGUAGE) {
         m_state.setLanguage(user.name, static_cast<unsigned char>(readNumber(content, 0)), event);

@@ -24,6 +24,10 @@ public:
     std::string read(std::uint32_t id, const User* user);
 
     /// Throws PException for what is not allowed or not fit for the item.
+    static void checkWrite(std::uint32_t id, const std::string& content, const User& user);
+
+    /// As checkWrite(), and stores the content.
+    /// REQUIRES: `id` is not the password, which is changed with its sessions.
     void write(std::uint32_t id, const std::string& content, const User& user);
 
 private:

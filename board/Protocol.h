@@ -27,6 +27,7 @@ constexpr std::uint32_t ACCESS_WRITE = 0x00008000;
 constexpr std::uint32_t ITEM_DEFAULT_LANGUAGE = PROCEDURE_GET_LANGUAGE;
 constexpr std::uint32_t ITEM_OWN_LANGUAGE = 0x02010026;
 constexpr std::uint32_t ITEM_OWN_REFRESH_INTERVAL = 0x02010027;
+constexpr std::uint32_t ITEM_OWN_PASSWORD = 0x02010028;
 constexpr std::uint32_t ITEM_EVENT_LOG = 0x02010041;
 constexpr std::uint32_t ITEM_HTTPS_PORT = 0x02010073;
 constexpr std::uint32_t ITEM_MAINTENANCE_MODE = 0x020100b4;
@@ -42,6 +43,13 @@ constexpr std::uint32_t ROLE_SYSTEM_ADMINISTRATOR = 1U << 31;
 constexpr std::uint32_t ROLE_TECHNICAL_STAFF = 1U << 30;
 constexpr std::uint32_t ROLE_GUEST = 1U << 29;
 constexpr std::uint32_t ROLE_OPERATOR = 1U << 28;
+
+/// The content that changes a password: the present one and the new one, each ended by a NUL.
+struct PasswordChange {
+    static constexpr std::size_t OLD_OFFSET = 0;
+    static constexpr std::size_t NEW_OFFSET = 36;
+    static constexpr std::size_t SIZE = 72;
+};
 
 // Exception details of error responses.
 constexpr int ERROR_NO_SESSION = 1031;

@@ -1,6 +1,6 @@
 #include "Requests.h"
 
-#include <system_error>
+#include <stdexcept>
 
 #include "Password.h"
 #include "Protocol.h"
@@ -16,6 +16,7 @@ constexpr std::size_t PASSWORD_OFFSET = 36;
 constexpr std::size_t ADDRESS_OFFSET = 72;
 constexpr std::size_t NAME_SIZE = 36;
 constexpr std::size_t ADDRESS_SIZE = 132;
+constexpr std::size_t MAX_PASSWORD_SIZE = 32;  // what a page's login can send
 constexpr std::size_t LOGIN_RECORD_SIZE = ADDRESS_OFFSET + ADDRESS_SIZE;
 
 constexpr std::size_t CHECK_OPTION_SIZE = 1;
@@ -71,9 +72,7 @@ Reply answered(const Step& step) {
         return step();
     } catch (const PException& refusal) {
         return Reply::error(refusal);
-    } catch (const DatabaseError& error) {
-        return Reply::error(failure(error));
-    } catch (const std::system_error& error) {
+    } catch (const std::runtime_error& error) {
         return Reply::error(failure(error));
     }
 }
@@ -185,6 +184,9 @@ Reply Requests::accessItem(const Request& request) {
         return readPublicItem(request);
     }
     const User user = requireUser(request);
+    if (id == ITEM_OWN_PASSWORD && access == ACCESS_WRITE) {
+        return changePassword(request, user);
+    }
     Reply reply = Reply::make(request.type, answerFor(user, request));
     if (access != ACCESS_READ) {
         m_items.write(id, request.payload, user);
@@ -193,6 +195,23 @@ Reply Requests::accessItem(const Request& request) {
         reply.payload = m_items.read(id, &user);
     }
     return reply;
+}
+
+// Checked here and not beside the loop like a login: only whoever is logged in comes this far.
+Reply Requests::changePassword(const Request& request, const User& user) {
+    Items::checkWrite(ITEM_OWN_PASSWORD, request.payload, user);
+    const std::string present = readText(request.payload, PasswordChange::OLD_OFFSET, NAME_SIZE);
+    const std::string wanted = readText(request.payload, PasswordChange::NEW_OFFSET, NAME_SIZE);
+    if (wanted.empty() || wanted.size() > MAX_PASSWORD_SIZE) {
+        throw boardError(ERROR_BAD_REQUEST, "a password has 1 to 32 bytes");
+    }
+    if (!matchesPassword(present, user.passwordHash)) {
+        m_state.logEvent({user.name, "password change refused"});
+        throw boardError(ERROR_LOGIN_REFUSED, "wrong password");
+    }
+    m_sessions.changePassword(user.name, hashPassword(wanted), request.telegram.sessionId,
+                              {user.name, "changed the password"});
+    return Reply::make(request.type, answerFor(user, request));
 }
 
 Reply Requests::readPublicItem(const Request& request) {

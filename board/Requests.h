@@ -53,6 +53,7 @@ private:
     Reply getUserInfo(const Request& request);
     Reply accessItem(const Request& request);
     Reply readPublicItem(const Request& request);
+    Reply changePassword(const Request& request, const User& user);
     Reply openSession(const Request& request, const Login& login, bool matches);
 
     User requireUser(const Request& request, bool renew = true);

@@ -92,6 +92,15 @@ void Sessions::close(const std::string& id, const Event& event) {
     m_sessions.erase(id);
 }
 
+void Sessions::changePassword(const std::string& user, const std::string& hash,
+                              const std::string& keptId, const Event& event) {
+    m_state.setPasswordHash(user, hash, keptId, event);
+    for (auto at = m_sessions.begin(); at != m_sessions.end();) {
+        const bool ends = at->second.user == user && at->first != keptId;
+        at = ends ? m_sessions.erase(at) : std::next(at);
+    }
+}
+
 void Sessions::store() {
     for (auto at = m_sessions.begin(); at != m_sessions.end();) {
         if (isOver(at->second)) {

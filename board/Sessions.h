@@ -30,6 +30,11 @@ public:
 
     void close(const std::string& id, const Event& event);
 
+    /// Gives a user a new password hash and ends all of the user's sessions but `keptId`: whoever
+    /// knew the old password is out.
+    void changePassword(const std::string& user, const std::string& hash, const std::string& keptId,
+                        const Event& event);
+
     /// Stores what changed since the last time.
     void store();
 

@@ -23,6 +23,7 @@ CHECK_SESSION = 0x02010005
 GET_USER_INFO = 0x02010025
 OWN_LANGUAGE = 0x02010026
 OWN_REFRESH_INTERVAL = 0x02010027
+OWN_PASSWORD = 0x02010028
 EVENT_LOG = 0x02010041
 HTTPS_PORT = 0x02010073
 MAINTENANCE_MODE = 0x020100B4
@@ -282,12 +283,12 @@ class BoardTest(unittest.TestCase):
 
     def test_who_may_write_and_read(self):
         board = self.start()
-        rights = [  # user, its own items, the board's
-            (b"admin", True, True), (b"operator", True, False), (b"staff", True, False),
-            (b"part", True, False), (b"guest", False, False)]
-        for name, own, boards in rights:
+        rights = [  # user, the board's items
+            (b"admin", True), (b"operator", False), (b"staff", False), (b"part", False),
+            (b"guest", False)]
+        for name, boards in rights:
             session = board.login(name, name + b"-pass").session
-            cases = [(OWN_LANGUAGE, bytes(4), own), (HTTPS_PORT, b"\0\0\1\0", boards),
+            cases = [(OWN_LANGUAGE, bytes(4), True), (HTTPS_PORT, b"\0\0\1\0", boards),
                      (SOME_ITEM, b"x", boards), (EVENT_LOG, b"x", False)]
             for item, content, allowed in cases:
                 with self.subTest(name + b" writes " + hex(item).encode()):
@@ -428,6 +429,31 @@ class BoardTest(unittest.TestCase):
         self.assertEqual(len(self.exchange(board, GET_LANGUAGE, b"")[0][1]), 47)
 
     # The state
+
+    def test_a_changed_password_ends_the_users_other_sessions(self):
+        board = self.start()
+        own, other, admin = (board.login(b"guest", b"guest-pass").session,
+                             board.login(b"guest", b"guest-pass").session, board.login().session)
+
+        def change(old, new):
+            board.put(OWN_PASSWORD, own, old.ljust(36, b"\0") + new.ljust(36, b"\0"))
+
+        self.assertRefused(REFUSED, change, b"wrong", b"new one")
+        self.assertRefused(BAD_REQUEST, change, b"guest-pass", b"")
+        self.assertRefused(BAD_REQUEST, change, b"guest-pass", b"x" * 33)
+        self.assertRefused(BAD_REQUEST, change, b"guest-pass", b"x" * 36)
+        self.assertRefused(BAD_REQUEST, board.put, OWN_PASSWORD, own, b"short")
+        self.assertRefused(NOT_AUTHORISED, board.get, OWN_PASSWORD, own)
+        board.check(other)
+        change(b"guest-pass", b"new one")
+        self.assertRefused(NO_SESSION, board.check, other)
+        self.assertRefused(REFUSED, board.login, b"guest", b"guest-pass")
+        board.end(signal.SIGKILL)
+        board = self.start()
+        board.login(b"guest", b"new one")
+        board.check(own)
+        board.check(admin)
+        self.assertRefused(NO_SESSION, board.check, other)
 
     def test_settings_and_sessions_outlive_a_kill(self):
         board = self.start()
