@@ -2,23 +2,63 @@
 
 #include <iostream>
 
+#include "gui/DisplayMode.h"
 #include "gui/MessageMgr.h"
 
 namespace ORVLib::Gui {
+
+bool isEditable(const int* displayMode) {
+    return displayMode == nullptr || *displayMode == EDIT_MODE;
+}
+
+bool isCarried(const int* displayMode) {
+    return displayMode != nullptr && *displayMode == CONFIRM_MODE;
+}
 
 std::string quoteEscaped(std::string value) {
     MessageMgr::convertStr(value, "\"", "&quot;");
     return value;
 }
 
+std::string callAttribute(const char* event, const std::string& function,
+                          const std::string& arguments) {
+    std::string attribute = " ";
+    attribute.append(event).append("=\"");
+    attribute.append(function).append("(").append(arguments).append(");\"");
+    return attribute;
+}
+
 void printInputStart(const char* type, const std::string& name, const std::string& value) {
     std::cout << "<input type=\"" << type << "\" name=\"" << name << "\" value=\"" << value << '"';
 }
 
-void printEvent(const char* event, const std::string& script) {
+void printEvent(const char* event, const std::string& script, bool quoted) {
     if (!script.empty()) {
-        std::cout << ' ' << event << '=' << script;
+        const char* const quote = quoted ? "\"" : "";
+        std::cout << ' ' << event << '=' << quote << script << quote;
     }
+}
+
+void printSizes(int size, int maxLength) {
+    std::cout << " size=\"" << size << "\" maxlength=\"" << maxLength << '"';
+}
+
+void printNumberedValue(const std::string& value, const std::string& name, int number) {
+    std::cout << " value=\"" << value << "\" name=\"" << name << number << '"';
+}
+
+void printDisabled() {
+    std::cout << " class=\"disabled\" disabled";
+}
+
+void printDisabledUnlessEditable(const int* displayMode) {
+    if (!isEditable(displayMode)) {
+        printDisabled();
+    }
+}
+
+void printLineEnd() {
+    std::cout << std::endl;
 }
 
 }  // namespace ORVLib::Gui

@@ -20,4 +20,9 @@ inline int readInt(const char* text) {
     return saturate(std::strtoll(text, nullptr, 10));
 }
 
+/// As atol() on the board, put into an unsigned number: a negative one counts from 2^32 down.
+inline std::uint32_t readUnsigned(const char* text) {
+    return static_cast<std::uint32_t>(readInt(text));
+}
+
 }  // namespace ORVLib::Gui::Numbers

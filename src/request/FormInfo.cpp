@@ -12,6 +12,7 @@
 #include "common/ByteOrder.h"
 #include "gui/BackendNumbers.h"
 #include "gui/CGIRequester.h"
+#include "gui/IPAddressField.h"
 #include "message/Log.h"
 #include "message/Numbers.h"
 #include "orv/PException.h"
@@ -22,7 +23,6 @@ namespace ORVLib::Gui {
 
 namespace {
 
-constexpr int ADDRESS_FIELDS = 4;
 constexpr std::size_t ESCAPE_LENGTH = 3;
 
 // How a failed read of the body is reported.
@@ -133,7 +133,7 @@ bool FormInfo::getFormData(const std::string& name, std::string& value) const {
 }
 
 bool FormInfo::getFormIPAddr(const std::string& name, unsigned char* address) const {
-    for (int i = 0; i < ADDRESS_FIELDS; ++i) {
+    for (int i = 0; i < IPAddressField::ADDR_BYTE_SIZE; ++i) {
         std::string value;
         if (!getFormData(name + std::to_string(i), value)) {
             return false;

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <list>
+#include <memory>
+
+#include "gui/FormComponent.h"
+#include "gui/HTMLComponent.h"
+
+namespace ORVLib::Gui {
+
+/// A group of check boxes, each with a name and value of its own; those of the group are not
+/// printed. Without boxes nothing is printed.
+///
+/// Nothing is escaped: names, values, labels and IDs are the page's own texts.
+class ORVGUI_EXPORT CheckBox : public FormComponent, public HTMLComponent {
+public:
+    struct CheckBoxData {
+        std::string name;
+        std::string value;
+        std::string id;
+        std::string label;
+        bool checked;
+        bool disabled;
+    };
+
+    /// `displayMode` is a DisplayMode, not owned; null is editable.
+    explicit CheckBox(const std::string& name, const std::string& value = "",
+                      const std::string& form = "", const std::string& onClick = "",
+                      bool quoteScript = false, const int* displayMode = nullptr,
+                      bool disabled = false)
+        : FormComponent(name, value, form),
+          m_onClick(onClick),
+          m_quoteScript(quoteScript),
+          m_displayMode(displayMode),
+          m_disabled(disabled) {}
+    CheckBox(const CheckBox&) = delete;
+    CheckBox& operator=(const CheckBox&) = delete;
+
+    /// Appends a box. An empty ID prints none.
+    void add(const std::string& name, const std::string& value, const std::string& label,
+             const std::string& id = "", bool checked = false, bool disabled = false);
+
+    const std::string& getOnClick() const { return m_onClick; }
+    void setOnClick(const std::string& onClick) { m_onClick = onClick; }
+
+    /// Print the script between double quotes; without, it brings its own.
+    bool isQuoteScript() const { return m_quoteScript; }
+    void setQuoteScript(bool quoteScript) { m_quoteScript = quoteScript; }
+
+    const int* getDisplayMode() const { return m_displayMode; }
+    void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
+
+    /// Disables all boxes.
+    bool isDisabled() const { return m_disabled; }
+    void setDisabled(bool disabled) { m_disabled = disabled; }
+
+    void printHTML() const override;
+    bool isError() const override;
+
+private:
+    void printBox(const CheckBoxData& box) const;
+
+    std::list<std::unique_ptr<CheckBoxData>> m_items;
+    std::string m_onClick;
+    bool m_quoteScript;
+    const int* m_displayMode;
+    bool m_disabled;
+};
+
+}  // namespace ORVLib::Gui

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "gui/FormComponent.h"
+#include "gui/HTMLComponent.h"
+
+namespace ORVLib::Gui {
+
+/// A date in three text boxes, named with the field's name followed by 0 (year), 1 (month) and 2
+/// (day).
+///
+/// Set the texts, call checkDate(), ask isError(). Nothing is escaped: escape what came from a
+/// person before (MessageMgr::convertHTML()).
+class ORVGUI_EXPORT DateField : public FormComponent, public HTMLComponent {
+public:
+    /// `displayMode` is a DisplayMode, not owned; null is editable.
+    explicit DateField(const std::string& name, const std::string& value = "",
+                       const std::string& form = "", const std::string& year = "",
+                       const std::string& month = "", const std::string& day = "",
+                       const int* displayMode = nullptr)
+        : FormComponent(name, value, form),
+          m_year(year),
+          m_month(month),
+          m_day(day),
+          m_displayMode(displayMode) {}
+
+    /// Marks the field invalid unless the texts are a date from 2000 on. Each text counts as the
+    /// number it starts with, 0 when it starts with none: what stands behind it is not looked at.
+    void checkDate();
+
+    /// Calls `function`(`arguments`) when a box gets the focus. Nothing is escaped; use single
+    /// quotes in it.
+    void setOnFocusFunction(const std::string& function, const std::string& arguments);
+
+    const std::string& getYear() const { return m_year; }
+    void setYear(const std::string& year) { m_year = year; }
+
+    const std::string& getMonth() const { return m_month; }
+    void setMonth(const std::string& month) { m_month = month; }
+
+    const std::string& getDay() const { return m_day; }
+    void setDay(const std::string& day) { m_day = day; }
+
+    const int* getDisplayMode() const { return m_displayMode; }
+    void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
+
+    void printHTML() const override;
+
+    /// What checkDate() found or setError() said.
+    bool isError() const override;
+
+    /// Marks the field invalid. False changes nothing: an error stays.
+    void setError(bool error = true) { m_error = m_error || error; }
+
+private:
+    std::string m_year;
+    std::string m_month;
+    std::string m_day;
+    const int* m_displayMode;
+    bool m_error = false;
+    std::string m_onFocus;
+};
+
+}  // namespace ORVLib::Gui

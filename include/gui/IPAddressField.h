@@ -1,0 +1,61 @@
+#pragma once
+
+#include "gui/FormComponent.h"
+#include "gui/HTMLComponent.h"
+
+namespace ORVLib::Gui {
+
+/// An IPv4 address in four text boxes, named with the field's name followed by 0 to 3;
+/// FormInfo::getFormIPAddr() reads them back.
+///
+/// Each box is checked when it is set, and an invalid text stays in it so that the user sees it
+/// again. The error never goes away: build a new field to check again. A box that was never set
+/// is empty and no error.
+///
+/// Boxes go by index, counted from the left. Indices wrap around: 5 is box 1, -1 is box 3.
+class ORVGUI_EXPORT IPAddressField : public FormComponent, public HTMLComponent {
+public:
+    static constexpr int ADDR_BYTE_SIZE = 4;  // boxes
+    static constexpr int SIZE = 4;            // width of a box in characters
+    static constexpr int MAX_LENGTH = 3;      // characters a box takes
+
+    /// `displayMode` is a DisplayMode, not owned; null is editable.
+    explicit IPAddressField(const std::string& name, const std::string& value = "",
+                            const std::string& form = "", const int* displayMode = nullptr)
+        : FormComponent(name, value, form), m_displayMode(displayMode) {}
+
+    /// Sets one box; a number outside 0 to 255 is an error.
+    void setAddress(int index, int number);
+
+    /// Sets one box from what a user typed. Anything but digits is an error and is kept escaped
+    /// for HTML; a number is kept without leading zeros.
+    void setAddress(int index, std::string text);
+
+    /// Sets all boxes from the four bytes at `address`, leftmost first.
+    void setAddress(const unsigned char* address);
+
+    /// The text in a box, as it is printed.
+    const std::string& getAddress(int index) const { return m_address[boxOf(index)]; }
+
+    /// Calls `function`(`arguments`) when a box gets the focus. Nothing is escaped; use single
+    /// quotes in it.
+    void setOnFocusFunction(const std::string& function, const std::string& arguments);
+
+    const int* getDisplayMode() const { return m_displayMode; }
+    void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
+
+    void printHTML() const override;
+    bool isError() const override;
+
+private:
+    static unsigned int boxOf(int index) {
+        return static_cast<unsigned int>(index) % ADDR_BYTE_SIZE;
+    }
+
+    std::string m_address[ADDR_BYTE_SIZE];
+    const int* m_displayMode;
+    bool m_error = false;
+    std::string m_onFocus;
+};
+
+}  // namespace ORVLib::Gui

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "gui/FormComponent.h"
+#include "gui/HTMLComponent.h"
+
+namespace ORVLib::Gui {
+
+/// A password input. The value never gets into the page: the user types it again each time, and
+/// the read-only form shows one "*" for each of its bytes.
+class ORVGUI_EXPORT PasswordField : public HTMLComponent, public FormComponent {
+public:
+    static constexpr int DEFAULT_SIZE = 20;
+    static constexpr int DEFAULT_MAX_LENGTH = 255;
+
+    /// `displayMode` is a DisplayMode, not owned; null is editable.
+    explicit PasswordField(const std::string& name, const std::string& value = "",
+                           const std::string& form = "", int size = DEFAULT_SIZE,
+                           int maxLength = DEFAULT_MAX_LENGTH, const int* displayMode = nullptr)
+        : FormComponent(name, value, form),
+          m_size(size),
+          m_maxLength(maxLength),
+          m_displayMode(displayMode) {}
+
+    void printHTML() const override;
+
+    /// Always false: what makes a good password is the page's rule.
+    bool isError() const override;
+
+    /// Width in characters.
+    int getSize() const { return m_size; }
+    void setSize(int size) { m_size = size; }
+
+    /// What the browser lets the user type; it is not checked here.
+    int getMaxLength() const { return m_maxLength; }
+    void setMaxLength(int maxLength) { m_maxLength = maxLength; }
+
+    const int* getDisplayMode() const { return m_displayMode; }
+    void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
+
+private:
+    int m_size;
+    int m_maxLength;
+    const int* m_displayMode;
+};
+
+}  // namespace ORVLib::Gui

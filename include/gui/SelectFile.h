@@ -1,0 +1,36 @@
+#pragma once
+
+#include "gui/FormComponent.h"
+#include "gui/HTMLComponent.h"
+
+namespace ORVLib::Gui {
+
+/// The browser's own file input. Its value is never printed: browsers would ignore it.
+class ORVGUI_EXPORT SelectFile : public FormComponent, public HTMLComponent {
+public:
+    static constexpr int DEFAULT_SIZE = 20;
+
+    /// `displayMode` is a DisplayMode, not owned; null is editable.
+    explicit SelectFile(const std::string& name, const std::string& value = "",
+                        const std::string& form = "", int size = DEFAULT_SIZE,
+                        const int* displayMode = nullptr)
+        : FormComponent(name, value, form), m_size(size), m_displayMode(displayMode) {}
+
+    /// Width in characters.
+    int getSize() const { return m_size; }
+    void setSize(int size) { m_size = size; }
+
+    const int* getDisplayMode() const { return m_displayMode; }
+    void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
+
+    /// The read-only form carries the word "disable", by which style sheets and scripts find it;
+    /// a browser still takes a file.
+    void printHTML() const override;
+    bool isError() const override;
+
+private:
+    int m_size;
+    const int* m_displayMode;
+};
+
+}  // namespace ORVLib::Gui

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "gui/FormComponent.h"
+#include "gui/HTMLComponent.h"
+
+namespace ORVLib::Gui {
+
+/// A time of day in three text boxes, named with the field's name followed by 0 (hour), 1 (minute)
+/// and 2 (second).
+///
+/// Set the texts, call checkTime(), ask isError(). Nothing is escaped: escape what came from a
+/// person before (MessageMgr::convertHTML()).
+class ORVGUI_EXPORT TimeField : public FormComponent, public HTMLComponent {
+public:
+    /// `displayMode` is a DisplayMode, not owned; null is editable.
+    explicit TimeField(const std::string& name, const std::string& value = "",
+                       const std::string& form = "", const std::string& hour = "",
+                       const std::string& minute = "", const std::string& second = "",
+                       const int* displayMode = nullptr)
+        : FormComponent(name, value, form),
+          m_hour(hour),
+          m_minute(minute),
+          m_second(second),
+          m_displayMode(displayMode) {}
+
+    /// Marks the field invalid unless the texts are a time from 00:00:00 to 23:59:59. Each text
+    /// counts as the number it starts with, 0 when it starts with none, so empty boxes are valid.
+    void checkTime();
+
+    const std::string& getHour() const { return m_hour; }
+    void setHour(const std::string& hour) { m_hour = hour; }
+
+    const std::string& getMinute() const { return m_minute; }
+    void setMinute(const std::string& minute) { m_minute = minute; }
+
+    const std::string& getSecond() const { return m_second; }
+    void setSecond(const std::string& second) { m_second = second; }
+
+    const int* getDisplayMode() const { return m_displayMode; }
+    void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
+
+    void printHTML() const override;
+
+    /// What checkTime() found or setError() said.
+    bool isError() const override;
+
+    /// Marks the field invalid. False changes nothing: an error stays.
+    void setError(bool error = true) { m_error = m_error || error; }
+
+private:
+    std::string m_hour;
+    std::string m_minute;
+    std::string m_second;
+    const int* m_displayMode;
+    bool m_error = false;
+};
+
+}  // namespace ORVLib::Gui

@@ -1,0 +1,41 @@
+#include "gui/CheckBox.h"
+
+#include <iostream>
+
+#include "component/Attributes.h"
+
+namespace ORVLib::Gui {
+
+void CheckBox::add(const std::string& name, const std::string& value, const std::string& label,
+                   const std::string& id, bool checked, bool disabled) {
+    m_items.push_back(
+        std::make_unique<CheckBoxData>(CheckBoxData{name, value, id, label, checked, disabled}));
+}
+
+void CheckBox::printHTML() const {
+    bool isFirst = true;
+    for (const auto& box : m_items) {
+        if (!isFirst) {
+            printLineEnd();
+        }
+        isFirst = false;
+        printBox(*box);
+    }
+}
+
+void CheckBox::printBox(const CheckBoxData& box) const {
+    printInputStart("checkbox", box.name, box.value);
+    if (!box.id.empty()) {
+        std::cout << " id=\"" << box.id << '"';
+    }
+    printEvent("onClick", m_onClick, m_quoteScript);
+    const bool disabled = m_disabled || box.disabled || !isEditable(m_displayMode);
+    std::cout << (box.checked ? " checked" : "") << (disabled ? " disabled" : "") << '>'
+              << box.label;
+}
+
+bool CheckBox::isError() const {
+    return false;
+}
+
+}  // namespace ORVLib::Gui

@@ -1,0 +1,36 @@
+#include "gui/FileField.h"
+
+#include <iostream>
+
+#include "component/Attributes.h"
+
+namespace ORVLib::Gui {
+
+void FileField::printHTML() const {
+    if (isEditable(m_displayMode)) {
+        printInputs();
+        return;
+    }
+    std::cout << (getValue().empty() ? "&nbsp;" : getValue());
+    if (isCarried(m_displayMode)) {
+        printLineEnd();
+        printInputStart("hidden", getName(), getValue());
+        std::cout << '>';
+    }
+}
+
+void FileField::printInputs() const {
+    const std::string& name = getName();
+    const std::string hidden = "browse_" + name;
+    std::cout << "<input type=\"file\" name=\"" << hidden << "\" style=\"display: none;\">\n"
+              << "<input type=\"text\" readonly size=\"" << m_size << "\" name=\"" << name
+              << "\" value=\"" << getValue() << "\">\n"
+              << "<input type=\"button\" onClick=\"" << hidden << ".click();" << name
+              << ".value=" << hidden << ".value;\" value=\"" << m_buttonLabel << "\">";
+}
+
+bool FileField::isError() const {
+    return false;
+}
+
+}  // namespace ORVLib::Gui

@@ -1,0 +1,81 @@
+#include "gui/IPAddrMaskField.h"
+
+#include <iostream>
+
+#include "component/Attributes.h"
+#include "component/Validation.h"
+#include "message/Numbers.h"
+
+namespace ORVLib::Gui {
+
+void IPAddrMaskField::setMaskBit(int bits) {
+    m_maskError = m_maskError || bits < MASK_VALUE_MIN || bits > MASK_VALUE_MAX;
+    m_mask = std::to_string(bits);
+}
+
+void IPAddrMaskField::setMaskBit(std::string text) {
+    if (!text.empty() && isAllDigits(text)) {
+        setMaskBit(Numbers::readInt(text.c_str()));
+        return;
+    }
+    m_maskError = true;
+    m_mask = quoteEscaped(std::move(text));
+}
+
+void IPAddrMaskField::printHTML() const {
+    if (isEditable(m_displayMode)) {
+        printBoxes();
+    } else if (m_showReadOnlyText) {
+        printReadOnlyText();
+    }
+    if (isCarried(m_displayMode)) {
+        printHiddenInputs();
+    }
+}
+
+void IPAddrMaskField::printBoxes() const {
+    for (int i = 0; i < ADDR_BYTE_SIZE; ++i) {
+        std::cout << "<input type=\"text\"";
+        printSizes(IP_SIZE, IP_MAX_LENGTH);
+        printNumberedValue(getAddress(i), getName(), i);
+        std::cout << '>';
+        if (i < ADDR_BYTE_SIZE - 1) {
+            std::cout << "&nbsp;.";
+            printLineEnd();
+        }
+    }
+    std::cout << "&nbsp;/";
+    printLineEnd();
+    std::cout << "<input type=\"text\"";
+    printSizes(MASK_SIZE, MASK_MAX_LENGTH);
+    printNumberedValue(m_mask, getName(), ADDR_BYTE_SIZE);
+    std::cout << '>';
+}
+
+void IPAddrMaskField::printReadOnlyText() const {
+    const char* separator = "";
+    for (int i = 0; i < ADDR_BYTE_SIZE; ++i) {
+        std::cout << separator << getAddress(i);
+        separator = ".";
+    }
+    std::cout << '/' << m_mask << "&nbsp;";
+}
+
+void IPAddrMaskField::printHiddenInputs() const {
+    printLineEnd();
+    for (int i = 0; i < ADDR_BYTE_SIZE; ++i) {
+        std::cout << "<input type=\"hidden\"";
+        printNumberedValue(getAddress(i), getName(), i);
+        std::cout << '>';
+        printLineEnd();
+    }
+    std::cout << "<input type=\"hidden\"";
+    printNumberedValue(m_mask, getName(), ADDR_BYTE_SIZE);
+    std::cout << '>';
+}
+
+bool IPAddrMaskField::isError() const {
+    return m_maskError || IPAddressField::isError();
+}
+
+}  // namespace ORVLib::Gui

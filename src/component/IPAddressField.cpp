@@ -1,0 +1,56 @@
+#include "gui/IPAddressField.h"
+
+#include <iostream>
+
+#include "component/Attributes.h"
+#include "component/Validation.h"
+#include "gui/MessageMgr.h"
+#include "message/Numbers.h"
+
+namespace ORVLib::Gui {
+
+void IPAddressField::setAddress(int index, int number) {
+    m_error = m_error || number < 0 || number > UINT8_MAX;
+    m_address[boxOf(index)] = std::to_string(number);
+}
+
+void IPAddressField::setAddress(int index, std::string text) {
+    if (!text.empty() && isAllDigits(text)) {
+        setAddress(index, Numbers::readInt(text.c_str()));
+        return;
+    }
+    m_error = true;
+    MessageMgr::convertHTML(text);
+    m_address[boxOf(index)] = std::move(text);
+}
+
+void IPAddressField::setAddress(const unsigned char* address) {
+    for (int i = 0; i < ADDR_BYTE_SIZE; ++i) {
+        setAddress(i, address[i]);
+    }
+}
+
+void IPAddressField::setOnFocusFunction(const std::string& function, const std::string& arguments) {
+    m_onFocus = callAttribute("onFocus", function, arguments);
+}
+
+void IPAddressField::printHTML() const {
+    for (int i = 0; i < ADDR_BYTE_SIZE; ++i) {
+        std::cout << "<input type=\"text\"";
+        printSizes(SIZE, MAX_LENGTH);
+        std::cout << " style=\"width:30px;\"";
+        printNumberedValue(getAddress(i), getName(), i);
+        std::cout << ' ' << m_onFocus;
+        printDisabledUnlessEditable(m_displayMode);
+        std::cout << '>';
+        if (i < ADDR_BYTE_SIZE - 1) {
+            std::cout << "&nbsp;.\n";
+        }
+    }
+}
+
+bool IPAddressField::isError() const {
+    return m_error;
+}
+
+}  // namespace ORVLib::Gui

@@ -1,0 +1,43 @@
+#include "gui/InetAddressField.h"
+
+#include "component/Validation.h"
+#include "gui/IPAddressField.h"
+
+namespace ORVLib::Gui {
+
+namespace {
+
+/// True for a text of digits and dots that holds a number above 255 or more than four numbers.
+bool isBadDottedNumber(const std::string& text) {
+    IPAddressField address("");
+    int count = 0;
+    std::size_t start = text.find_first_not_of('.');
+    while (start != std::string::npos) {
+        if (count == IPAddressField::ADDR_BYTE_SIZE) {
+            return true;
+        }
+        const std::size_t end = text.find('.', start);
+        address.setAddress(count++, text.substr(start, end - start));
+        start = text.find_first_not_of('.', end);
+    }
+    return address.isError();
+}
+
+}  // namespace
+
+bool InetAddressField::isError() const {
+    const std::string& value = getValue();
+    if (value.empty()) {
+        return !m_allowEmpty;
+    }
+    if (startsOrEndsWith(value, '.') || isLongerThan(value, getMaxLength())) {
+        return true;
+    }
+    const bool isHostName = value.find_first_not_of(" .0123456789") != std::string::npos;
+    if (isHostName) {
+        return false;
+    }
+    return value.find(' ') != std::string::npos || isBadDottedNumber(value);
+}
+
+}  // namespace ORVLib::Gui

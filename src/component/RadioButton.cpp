@@ -1,0 +1,55 @@
+#include "gui/RadioButton.h"
+
+#include <iostream>
+
+#include "component/Attributes.h"
+
+namespace ORVLib::Gui {
+
+void RadioButton::add(const std::string& value, const std::string& label, const std::string& id,
+                      bool checked, bool disabled) {
+    m_items.emplace_back(value, label);
+    m_ids.push_back(id);
+    m_itemDisabled.push_back(disabled);
+    if (checked) {
+        m_checked = std::prev(m_items.end());
+    }
+}
+
+void RadioButton::add(const std::string& value, const std::string& label, bool checked,
+                      bool disabled) {
+    add(value, label, std::string(), checked, disabled);
+}
+
+void RadioButton::printHTML() const {
+    auto id = m_ids.begin();
+    auto itemDisabled = m_itemDisabled.begin();
+    for (auto item = m_items.begin(); item != m_items.end(); ++item) {
+        if (item != m_items.begin()) {
+            printLineEnd();
+        }
+        printItem(item, *id, m_disabled || *itemDisabled || !isEditable(m_displayMode));
+        ++id;
+        ++itemDisabled;
+    }
+}
+
+void RadioButton::printItem(Items::const_iterator item, const std::string& id,
+                            bool disabled) const {
+    if (!id.empty()) {
+        std::cout << "<label for=\"" << id << "\">";
+    }
+    printInputStart("radio", getName(), item->first);
+    if (!id.empty()) {
+        std::cout << " id=\"" << id << '"';
+    }
+    printEvent("onClick", m_onClick, true);
+    std::cout << (item == m_checked ? " checked" : "") << (disabled ? " disabled" : "") << '>'
+              << item->second << (id.empty() ? "" : "</label>");
+}
+
+bool RadioButton::isError() const {
+    return false;
+}
+
+}  // namespace ORVLib::Gui

@@ -1,0 +1,54 @@
+#include "gui/SelectMenu.h"
+
+#include <iostream>
+
+#include "component/Attributes.h"
+
+namespace ORVLib::Gui {
+
+void SelectMenu::add(const std::string& value, const std::string& label, bool selected) {
+    m_options.emplace_back(value, label);
+    if (selected) {
+        m_selected = static_cast<int>(m_options.size()) - 1;
+    }
+}
+
+void SelectMenu::select(int index) {
+    if (index >= 0 && static_cast<std::size_t>(index) < m_options.size()) {
+        m_selected = index;
+    }
+}
+
+void SelectMenu::setOnChangeFunction(const std::string& function, const std::string& arguments) {
+    m_onChange = callAttribute("onChange", function, arguments);
+}
+
+void SelectMenu::setOnClickFunction(const std::string& function, const std::string& arguments) {
+    m_onClick = callAttribute("onClick", function, arguments);
+}
+
+void SelectMenu::printHTML() const {
+    if (m_options.empty()) {
+        return;
+    }
+    std::cout << "<select name=\"" << getName() << '"' << m_onChange << m_onClick;
+    // A disabled menu on a read-only page says so twice; browsers take the first.
+    if (m_disabled) {
+        printDisabled();
+    }
+    printDisabledUnlessEditable(m_displayMode);
+    std::cout << ">\n";
+    int index = 0;
+    for (const auto& [value, label] : m_options) {
+        const char* const selected = index++ == m_selected ? " selected" : "";
+        std::cout << "<option value=\"" << value << '"' << selected << '>' << label;
+        printLineEnd();
+    }
+    std::cout << "</select>";
+}
+
+bool SelectMenu::isError() const {
+    return false;
+}
+
+}  // namespace ORVLib::Gui

@@ -1,0 +1,33 @@
+#include "gui/TextField.h"
+
+#include <algorithm>
+#include <iostream>
+
+#include "component/Attributes.h"
+#include "component/Validation.h"
+
+namespace ORVLib::Gui {
+
+void TextField::printHTML() const {
+    std::cout << "<input type=\"text\"";
+    printDisabledUnlessEditable(m_displayMode);
+    printSizes(m_size, m_maxLength);
+    std::cout << " name=\"" << getName() << "\" value=\"" << quoteEscaped(getValue()) << "\">";
+}
+
+bool TextField::isError() const {
+    const std::string& value = getValue();
+    if (isLongerThan(value, m_maxLength)) {
+        return true;
+    }
+    const int lowest = m_allowBlank ? BLANK_ASCII_HALF_ALPHANUM : START_ASCII_HALF_ALPHANUM;
+    const auto isPrintable = [lowest](unsigned char byte) {
+        return byte >= lowest && byte <= END_ASCII_HALF_ALPHANUM;
+    };
+    if (m_checkCharacters && !std::all_of(value.begin(), value.end(), isPrintable)) {
+        return true;
+    }
+    return value.empty() && !m_allowEmpty;
+}
+
+}  // namespace ORVLib::Gui

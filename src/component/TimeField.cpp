@@ -1,0 +1,48 @@
+#include "gui/TimeField.h"
+
+#include <iostream>
+
+#include "component/Attributes.h"
+#include "message/Numbers.h"
+
+namespace ORVLib::Gui {
+
+namespace {
+
+constexpr int LAST_HOUR = 23;
+constexpr int LAST_MINUTE = 59;
+constexpr int LAST_SECOND = 59;
+
+bool isUpTo(int last, const std::string& text) {
+    const int number = Numbers::readInt(text.c_str());
+    return number >= 0 && number <= last;
+}
+
+}  // namespace
+
+void TimeField::checkTime() {
+    setError(!isUpTo(LAST_HOUR, m_hour) || !isUpTo(LAST_MINUTE, m_minute) ||
+             !isUpTo(LAST_SECOND, m_second));
+}
+
+void TimeField::printHTML() const {
+    int number = 0;
+    for (const std::string* const text : {&m_hour, &m_minute, &m_second}) {
+        if (number > 0) {
+            std::cout << ':';
+            printLineEnd();
+        }
+        std::cout << "<input type=\"text\"";
+        printSizes(3, 2);
+        printNumberedValue(*text, getName(), number++);
+        std::cout << ' ';
+        printDisabledUnlessEditable(m_displayMode);
+        std::cout << '>';
+    }
+}
+
+bool TimeField::isError() const {
+    return m_error;
+}
+
+}  // namespace ORVLib::Gui
