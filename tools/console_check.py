@@ -6,7 +6,20 @@ import random
 from console_client import ConsoleClient
 
 INSPECTOR = "/common/request.cgi"
+REFRESH = "/network/orv_refresh_set.cgi"
+OWN_REFRESH_INTERVAL = "0x02010027"
 UPLOAD_SIZE = 3 * 1024 * 1024
+
+# What the board can be told to do wrong, and the code that the error page then shows.
+FAULTS = {
+    "error": "(00:0700)",
+    "wrong-type": "(00:0402)",
+    "short-header": "(00:0404)",
+    "short-payload": "(00:0404)",
+    "oversized-payload": "(00:0404)",
+    "silence": "(00:0405)",
+    "early-close": "(00:0402)",
+}
 
 
 class CheckFailed(Exception):
@@ -44,11 +57,58 @@ def check_inspector(client):
     print("    the digest matches what was sent")
 
 
-def run_checks(url):
+def check_settings(site, client):
+    answer = client.login("admin", "wrong")
+    expect("password is wrong" in answer.text(), "a wrong password is not said to be wrong")
+    client.login("admin")
+    expect(client.session, "the right password opens no session")
+    print("Log-in: a session was opened")
+
+    seconds = "45" if client.get(REFRESH).field("interval") != "45" else "46"
+    asked = client.post(REFRESH, {"page_state": "3", "interval": seconds})
+    expect(asked.field("page_state") == "4", "valid input is not put up for confirmation")
+    refused = client.post(REFRESH, {"page_state": "3", "interval": "3601"})
+    expect("from 0 to 3600" in refused.text(), "invalid input is not marked")
+    done = client.post(REFRESH, {"page_state": "4", "interval": asked.field("interval")})
+    expect("have been changed" in done.text(), "the confirmed setting is not applied")
+    kept = int(site.boardctl("get", client.session, OWN_REFRESH_INTERVAL), 16)
+    expect(str(kept) == seconds, "the daemon does not have the new setting")
+    print(f"Refresh interval: displayed, confirmed, set; the daemon now says {kept} s")
+
+
+def check_faults(site, client):
+    for kind, code in FAULTS.items():
+        site.restart_board("--fault", "checkSession:" + kind)
+        answer = client.get(REFRESH)
+        print(f"Fault {kind}: {answer.text().split()[-1]}")
+        expect(code in answer.text(), f"the error page does not show {code}")
+    site.restart_board()
+
+
+def check_end(client):
+    living, client.session = client.session, "stale"
+    answer = client.get(REFRESH)
+    expect(b"/common/timeout.cgi" in answer.body, "a stale session is not sent to the time-out page")
+    expect(client.session is None, "the stale cookie is not deleted")
+    expect("session has ended" in client.get("/common/timeout.cgi").text(), "no time-out page")
+    print("Stale session: sent to the time-out page")
+
+    client.session = living
+    client.post("/common/logout.cgi", {})
+    expect(client.session is None, "logging out does not delete the cookie")
+    client.session = living
+    expect(b"/common/timeout.cgi" in client.get(REFRESH).body, "the session lives after log-out")
+    print("Log-out: the session is over")
+
+
+def run_checks(site):
     """Returns True when everything was as it should be."""
-    client = ConsoleClient(url)
+    client = ConsoleClient(site.url)
     try:
         check_inspector(client)
+        check_settings(site, client)
+        check_faults(site, client)
+        check_end(client)
     except (CheckFailed, OSError) as failure:
         print(f"FAILED: {failure}")
         return False

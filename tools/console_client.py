@@ -17,6 +17,15 @@ class Answer:
     headers: dict
     body: bytes
 
+    def text(self):
+        """The page's bytes as a person reads them, without markup."""
+        return plain(re.sub(rb"<[^>]*>", b"", self.body)).decode("latin-1")
+
+    def field(self, name):
+        """The value of an input element."""
+        found = re.search(rb'name="%s" value="([^"]*)"' % name.encode(), self.body)
+        return plain(found.group(1)).decode("latin-1") if found else None
+
     def rows(self):
         """The two-column tables of the page: texts by the text in front of them."""
         return {plain(head): plain(text) for head, text in ROW.findall(self.body)}
@@ -38,18 +47,35 @@ def multipart(fields, file_name, content, boundary=BOUNDARY):
 
 
 class ConsoleClient:
+    """Keeps the session cookie as a browser does."""
+
     def __init__(self, url):
         self.server = urllib.parse.urlsplit(url).netloc
+        self.session = None
 
     def request(self, method, path, body=None, headers=None):
+        headers = dict(headers or {})
+        if self.session is not None:
+            headers["Cookie"] = "sid=" + self.session
         connection = http.client.HTTPConnection(self.server, timeout=TIME_LIMIT_SECONDS)
         try:
-            connection.request(method, path, body, headers or {})
-            answer = connection.getresponse()
-            return Answer(answer.status, {name.lower(): value for name, value in answer.getheaders()},
-                          answer.read())
+            connection.request(method, path, body, headers)
+            response = connection.getresponse()
+            names = {name.lower(): value for name, value in response.getheaders()}
+            answer = Answer(response.status, names, response.read())
         finally:
             connection.close()
+        self._keep_cookie(answer.headers.get("set-cookie", ""))
+        return answer
+
+    def _keep_cookie(self, line):
+        if line.startswith("sid="):
+            value, *attributes = line[len("sid="):].split("; ")
+            expired = any(attribute.startswith("expires=") for attribute in attributes)
+            self.session = None if expired else value
+
+    def login(self, user, password=None):
+        return self.post("/common/login.cgi", {"user": user, "password": password or user + "-pass"})
 
     def get(self, path):
         return self.request("GET", path)

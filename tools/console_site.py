@@ -39,18 +39,21 @@ class ConsoleSite(contextlib.AbstractContextManager):
     """Starts the servers when entered and stops them when left.
 
     `build` is a build folder; `run` is where the board's state, its socket, logs and the generated
-    configuration go. `board_options` are further words for orvboardd.
+    configuration go. `environment` is added to that of the pages.
     """
 
-    def __init__(self, build, run, port=0, board_options=()):
+    def __init__(self, build, run, port=0, environment=None):
         self.build = pathlib.Path(build).resolve()
         self.run = pathlib.Path(run).resolve()
         self.socket = self.run / "board.sock"
-        self.board_options = list(board_options)
+        self.environment = {"ORV_IPC_SOCKET": self.socket,
+                            "ORV_TRACE_LEVEL": os.environ.get("ORV_TRACE_LEVEL", "0"),
+                            **(environment or {})}
         self.port = port or free_port()
         self.url = f"http://127.0.0.1:{self.port}"
         self.trace_log = self.run / "trace.log"
         self._processes = []
+        self._board = None
 
     def __enter__(self):
         if not is_port_free(self.port):
@@ -68,14 +71,19 @@ class ConsoleSite(contextlib.AbstractContextManager):
         self.stop()
 
     def stop(self):
-        for process in reversed(self._processes):
-            process.terminate()
-            try:
-                process.wait(START_LIMIT_SECONDS)
-            except subprocess.TimeoutExpired:
-                process.kill()
-                process.wait()
-        self._processes.clear()
+        while self._processes:
+            self._end(self._processes[-1])
+
+    def _end(self, process):
+        process.terminate()
+        try:
+            process.wait(START_LIMIT_SECONDS)
+        except subprocess.TimeoutExpired:
+            process.kill()
+            process.wait()
+        if process.stdout:
+            process.stdout.close()
+        self._processes.remove(process)
 
     def wait(self):
         """Returns when one of the servers has ended, with its name."""
@@ -85,14 +93,26 @@ class ConsoleSite(contextlib.AbstractContextManager):
                     return pathlib.Path(process.args[COMMAND_WORD]).name
             time.sleep(0.2)
 
-    def start_board(self):
-        """Starts the simulated board; returns its process."""
-        board = self._start(self.build / "board" / "orvboardd", "--state", self.run / "board.db",
-                            "--socket", self.socket, *self.board_options,
-                            stdout=subprocess.PIPE)
-        if not board.stdout.readline().startswith(b"orvboardd: ready"):
+    def start_board(self, *options):
+        """Starts the simulated board with further words on its command line."""
+        self._board = self._start(self.build / "board" / "orvboardd",
+                                  "--state", self.run / "board.db", "--socket", self.socket,
+                                  *options, stdout=subprocess.PIPE)
+        if not self._board.stdout.readline().startswith(b"orvboardd: ready"):
             raise SiteError("orvboardd did not start: it says why above")
-        return board
+
+    def stop_board(self):
+        self._end(self._board)
+
+    def restart_board(self, *options):
+        self.stop_board()
+        self.start_board(*options)
+
+    def boardctl(self, *words, typed=None):
+        """Runs boardctl; returns what it printed."""
+        return subprocess.run([self.build / "tools" / "boardctl", *words], input=typed,
+                              env={**os.environ, "ORV_IPC_SOCKET": str(self.socket)},
+                              capture_output=True, text=True, check=True).stdout.strip()
 
     def _start(self, *command, **options):
         # A server goes with whoever started it, even when that one is killed.
@@ -116,8 +136,10 @@ class ConsoleSite(contextlib.AbstractContextManager):
 
     def _configuration(self):
         text = (PROJECT / "console" / "lighttpd.conf.in").read_text(encoding="utf-8")
+        environment = ", ".join(f'"{name}" => "{value}"'
+                                for name, value in self.environment.items())
         values = {"PORT": self.port, "SITE": self.build / "site", "RUN": self.run,
-                  "SOCKET": self.socket, "TRACE_LEVEL": os.environ.get("ORV_TRACE_LEVEL", "0")}
+                  "ENVIRONMENT": environment}
         for name, value in values.items():
             text = text.replace(f"@{name}@", str(value))
         return text

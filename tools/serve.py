@@ -9,6 +9,7 @@ from console_check import run_checks
 from console_site import ConsoleSite, SiteError
 
 DEFAULT_PORT = 8080
+CHECK_TIME_LIMIT_MS = 1000  # how long pages wait for a board that is told to be silent
 
 
 def port_number(text):
@@ -45,9 +46,10 @@ def main():
     run = pathlib.Path(arguments.build) / "run"
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(0))
     try:
-        with ConsoleSite(arguments.build, run, port) as site:
+        environment = {"ORV_IPC_TIMEOUT_MS": CHECK_TIME_LIMIT_MS} if arguments.check else {}
+        with ConsoleSite(arguments.build, run, port, environment) as site:
             if arguments.check:
-                return 0 if run_checks(site.url) else 1
+                return 0 if run_checks(site) else 1
             serve(site)
     except SiteError as problem:
         print(f"run: {problem}", file=sys.stderr)

@@ -8,6 +8,7 @@
 #include <iostream>
 #include <vector>
 
+#include "gui/AbstractMain.h"
 #include "gui/FormInfo.h"
 #include "gui/HiddenField.h"
 #include "gui/HyperLink.h"
@@ -15,7 +16,8 @@
 #include "gui/ResetButton.h"
 #include "gui/SubmitButton.h"
 #include "gui/TextString.h"
-#include "shared/Page.h"
+#include "shared/OuterPage.h"
+#include "shared/Program.h"
 #include "shared/SkeletonPart.h"
 #include "shared/Texts.h"
 
@@ -23,6 +25,7 @@ using namespace ORVLib::Gui;
 
 namespace {
 
+constexpr int MODULE = 0x903;
 constexpr char PAGE_PATH[] = "/common/request.cgi";
 constexpr char LANGUAGE_FIELD[] = "language";
 
@@ -132,45 +135,63 @@ void putLabels(Console::SkeletonPart& body, MessageMgr& messages) {
         Console::Text text;
     };
     constexpr Label LABELS[] = {
-        {"inspector", Console::TEXT_INSPECTOR},       {"purpose", Console::TEXT_INSPECTOR_PURPOSE},
-        {"language_label", Console::TEXT_LANGUAGE},   {"text_label", Console::TEXT_INPUT},
-        {"second_label", Console::TEXT_SECOND_INPUT}, {"file_label", Console::TEXT_FILE_INPUT},
-        {"send_get", Console::TEXT_SEND_GET},         {"send_post", Console::TEXT_SEND_POST},
-        {"method_label", Console::TEXT_METHOD},       {"fields_label", Console::TEXT_FIELDS},
-        {"query_label", Console::TEXT_QUERY_STRING},  {"upload_label", Console::TEXT_UPLOADED_FILE},
+        {"inspector", Console::TEXT_INSPECTOR},        {"language_label", Console::TEXT_LANGUAGE},
+        {"text_label", Console::TEXT_INPUT},           {"second_label", Console::TEXT_SECOND_INPUT},
+        {"file_label", Console::TEXT_FILE_INPUT},      {"send_get", Console::TEXT_SEND_GET},
+        {"send_post", Console::TEXT_SEND_POST},        {"method_label", Console::TEXT_METHOD},
+        {"fields_label", Console::TEXT_FIELDS},        {"query_label", Console::TEXT_QUERY_STRING},
+        {"upload_label", Console::TEXT_UPLOADED_FILE},
     };
     for (const Label& label : LABELS) {
         body.putText(label.marker, messages.getString(label.text));
     }
 }
 
-int inspect(FormInfo& form) {
-    std::string chosen;
-    const int language = form.getFormData(LANGUAGE_FIELD, chosen) && chosen == "0" ? 0 : 1;
-    MessageMgr messages(language);
+class InspectorMain : public AbstractMain {
+public:
+    explicit InspectorMain(FormInfo& form) : AbstractMain(&form, MODULE) {}
 
-    auto body = std::make_unique<Console::SkeletonPart>("skeleton_request.txt");
-    putLabels(*body, messages);
-    body->put("english", languageLink("1", messages.getString(Console::TEXT_ENGLISH)));
-    body->put("japanese", languageLink("0", messages.getString(Console::TEXT_JAPANESE)));
-    body->put("language_field",
-              std::make_unique<HiddenField>(LANGUAGE_FIELD, std::to_string(language)));
-    body->put("reset",
-              std::make_unique<ResetButton>("reset", messages.getString(Console::TEXT_RESET)));
-    body->put("upload",
-              std::make_unique<SubmitButton>("upload", messages.getString(Console::TEXT_UPLOAD)));
+protected:
+    int execMain() override {
+        std::string chosen;
+        m_formInfo->getFormData(LANGUAGE_FIELD, chosen);
+        m_language = chosen == "0" ? 0 : 1;
+        m_messages = std::make_unique<MessageMgr>(m_language);
+        m_page = std::make_unique<HTMLPage>(m_language);
+        Console::dressPage(*m_page, m_messages->getString(Console::TEXT_INSPECTOR));
+        HTMLMapUtil::insertIntoMap(m_page->getMap(), HTMLPage::KEY_BODY, makeBody());
+        m_page->getGenerator().printHTML();
+        return 0;
+    }
 
-    const char* const method = std::getenv("REQUEST_METHOD");
-    body->putText("method", visible(method != nullptr ? method : ""));
-    body->put("fields", fieldTable(form, messages));
-    body->putText("query", visible(form.getQueryString()));
-    body->put("file", fileTable(form, messages));
-    Console::printPage(language, messages.getString(Console::TEXT_INSPECTOR), std::move(body));
-    return 0;
-}
+private:
+    std::unique_ptr<HTMLComponent> makeBody() {
+        auto body = std::make_unique<Console::SkeletonPart>("skeleton_request.txt");
+        putLabels(*body, *m_messages);
+        body->putSentence("purpose", m_messages->getString(Console::TEXT_INSPECTOR_PURPOSE));
+        putButtons(*body);
+        const char* const method = std::getenv("REQUEST_METHOD");
+        body->putText("method", visible(method != nullptr ? method : ""));
+        body->put("fields", fieldTable(*m_formInfo, *m_messages));
+        body->putText("query", visible(m_formInfo->getQueryString()));
+        body->put("file", fileTable(*m_formInfo, *m_messages));
+        return body;
+    }
+
+    void putButtons(Console::SkeletonPart& body) {
+        body.put("english", languageLink("1", m_messages->getString(Console::TEXT_ENGLISH)));
+        body.put("japanese", languageLink("0", m_messages->getString(Console::TEXT_JAPANESE)));
+        body.put("language_field",
+                 std::make_unique<HiddenField>(LANGUAGE_FIELD, std::to_string(m_language)));
+        body.put("reset", std::make_unique<ResetButton>(
+                              "reset", m_messages->getString(Console::TEXT_RESET)));
+        body.put("upload", std::make_unique<SubmitButton>(
+                               "upload", m_messages->getString(Console::TEXT_UPLOAD)));
+    }
+};
 
 }  // namespace
 
 int main() {
-    return Console::servePage(inspect);
+    return Console::runProgram<InspectorMain>();
 }

@@ -1,20 +1,10 @@
 #include "shared/SkeletonPart.h"
 
-#include "gui/HTMLPage.h"
-#include "gui/TextString.h"
+#include "shared/OuterPage.h"
 
 using namespace ORVLib::Gui;
 
 namespace Console {
-
-namespace {
-
-std::string skeletonPath(const std::string& name) {
-    const std::string top = HTMLPage::SKELETON_FILE_NAME;
-    return top.substr(0, top.rfind('/') + 1) + name;
-}
-
-}  // namespace
 
 SkeletonPart::SkeletonPart(const std::string& skeleton) : m_generator(&m_map) {
     m_generator.setSkeletonFileName(skeletonPath(skeleton));
@@ -37,7 +27,11 @@ void SkeletonPart::put(const std::string& marker, std::unique_ptr<HTMLComponent>
 }
 
 void SkeletonPart::putText(const std::string& marker, const std::string& text) {
-    put(marker, std::make_unique<TextString>(text));
+    Console::putText(m_map, marker, text);
+}
+
+void SkeletonPart::putSentence(const std::string& marker, const std::string& text) {
+    Console::putSentence(m_map, marker, text);
 }
 
 }  // namespace Console

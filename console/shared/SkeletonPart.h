@@ -25,6 +25,9 @@ public:
     /// Puts a text that printing escapes.
     void putText(const std::string& marker, const std::string& text);
 
+    /// As putText(), with blanks at which lines can wrap.
+    void putSentence(const std::string& marker, const std::string& text);
+
 private:
     ORVLib::Gui::ComponentMap m_map;
     ORVLib::Gui::HTMLCodeGenerator m_generator;

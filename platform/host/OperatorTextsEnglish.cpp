@@ -5,6 +5,8 @@ namespace ORVLib::OperatorTexts {
 namespace {
 
 constexpr Text TEXTS[] = {
+    {1, "The settings have been changed."},
+    {2, "The password has been changed."},
     {11, "The request could not be carried out. Please try again."},
     {13, "The management board is not able to answer. Please try again later."},
     {14, "The management board did not answer in time. Please try again later."},

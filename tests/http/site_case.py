@@ -11,10 +11,13 @@ SANITIZER_REPORTS = ("AddressSanitizer", "LeakSanitizer", "runtime error:")
 
 
 class SiteCase(unittest.TestCase):
+    environment = {}  # of the pages
+
     @classmethod
     def setUpClass(cls):
         cls.run_folder = cls.enterClassContext(tempfile.TemporaryDirectory())
-        cls.site = cls.enterClassContext(ConsoleSite(os.environ["CONSOLE_BUILD"], cls.run_folder))
+        cls.site = cls.enterClassContext(ConsoleSite(os.environ["CONSOLE_BUILD"], cls.run_folder,
+                                                     environment=cls.environment))
         cls.client = ConsoleClient(cls.site.url)
 
     def tearDown(self):

@@ -1,0 +1,109 @@
+// The log-in page: posts to itself, and leads into the console with a new session.
+
+#include <cstdlib>
+
+#include "gui/AbstractMain.h"
+#include "gui/CGIRequester.h"
+#include "gui/FormInfo.h"
+#include "gui/MetaTag.h"
+#include "gui/PasswordField.h"
+#include "gui/SubmitButton.h"
+#include "gui/TextField.h"
+#include "gui/TextString.h"
+#include "shared/Board.h"
+#include "shared/OuterPage.h"
+#include "shared/Program.h"
+#include "shared/SkeletonPart.h"
+#include "shared/Texts.h"
+
+using namespace ORVLib::Gui;
+
+namespace {
+
+constexpr int MODULE = 0x900;
+constexpr int LONGEST_NAME = 32;
+constexpr char FIRST_PAGE[] = "/network/orv_refresh_set.cgi";
+
+class LoginMain : public AbstractMain {
+public:
+    explicit LoginMain(FormInfo& form) : AbstractMain(&form, MODULE) {}
+
+protected:
+    int execMain() override {
+        m_formInfo->getFormData("user", m_user);
+        if (m_formInfo->isPostMethod()) {
+            std::string password;
+            m_formInfo->getFormData("password", password);
+            openSession(password);
+        } else {
+            askLanguage();
+        }
+        m_messages = std::make_unique<MessageMgr>(m_language);
+        m_page = std::make_unique<HTMLPage>(m_language);
+        Console::dressPage(*m_page, m_messages->getString(Console::TEXT_LOGIN));
+        if (m_sessionId.empty()) {
+            HTMLMapUtil::insertIntoMap(m_page->getMap(), HTMLPage::KEY_BODY, makeForm());
+        } else {
+            leadIntoConsole();
+        }
+        m_page->getGenerator().printHTML();
+        return 0;
+    }
+
+private:
+    /// The language of the board, as there is no user yet; English when it cannot be asked.
+    void askLanguage() {
+        CGIRequester requester;
+        if (requester.getLanguage(m_language) == 0) {
+            m_problem = Console::TEXT_BOARD_UNREACHABLE;
+        }
+    }
+
+    void openSession(const std::string& password) {
+        const char* const address = std::getenv("REMOTE_ADDR");
+        const std::string client = address != nullptr ? address : "";
+        CGIRequester requester;
+        if (requester.login(m_user, password, client, m_language, m_sessionId) != 0) {
+            return;
+        }
+        const bool refused = requester.getErrorDetail() == Console::ERROR_LOGIN_REFUSED;
+        m_trace.putLog(0, "login of " + m_user + " from " + client + " failed: error " +
+                              std::to_string(requester.getErrorDetail()));
+        askLanguage();
+        m_problem = refused ? Console::TEXT_WRONG_LOGIN : Console::TEXT_BOARD_UNREACHABLE;
+    }
+
+    std::unique_ptr<HTMLComponent> makeForm() {
+        auto form = std::make_unique<Console::SkeletonPart>("skeleton_login.txt");
+        form->putText("console", m_messages->getString(Console::TEXT_CONSOLE));
+        form->putText("user_label", m_messages->getString(Console::TEXT_USER_NAME));
+        form->putText("password_label", m_messages->getString(Console::TEXT_PASSWORD));
+        form->put("user", std::make_unique<TextField>("user", m_user, "form_name", LONGEST_NAME,
+                                                      LONGEST_NAME));
+        form->put("password", std::make_unique<PasswordField>("password", "", "form_name",
+                                                              LONGEST_NAME, LONGEST_NAME));
+        form->put("submit", std::make_unique<SubmitButton>(
+                                "login", m_messages->getString(Console::TEXT_LOGIN)));
+        if (m_problem != Console::TEXT_CONSOLE) {
+            form->put("problem",
+                      std::make_unique<TextString>(m_messages->getString(m_problem), false, false,
+                                                   TextString::ERROR_COLOUR));
+        }
+        return form;
+    }
+
+    void leadIntoConsole() {
+        Console::putSessionCookie(*m_page, m_sessionId);
+        HTMLMapUtil::insertIntoMap(m_page->getMap(), "meta_refresh",
+                                   std::make_unique<MetaTag>("Refresh", "0", FIRST_PAGE));
+    }
+
+    std::string m_user;
+    Console::Text m_problem = Console::TEXT_CONSOLE;  // none
+};
+
+}  // namespace
+
+int main() {
+    return Console::runProgram<LoginMain>();
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <memory>
+
+#include "gui/AbstractMain.h"
+#include "gui/FormInfo.h"
+#include "shared/Functions.h"
+#include "shared/Texts.h"
+
+namespace ORVLib::Gui {
+class CGIRequester;
+}
+
+namespace Console {
+
+/// The main object of a page that needs a session: goes on only with a valid one and with the
+/// right to the page's function, and puts the console's outer page around what the page makes.
+class ConsoleMain : public ORVLib::Gui::AbstractMain {
+protected:
+    ConsoleMain(ORVLib::Gui::FormInfo& form, Function function, Text title)
+        : AbstractMain(&form, function), m_function(function), m_title(title) {}
+
+    /// Makes the page's body. Messages, language and rights are the user's by now.
+    virtual std::unique_ptr<ORVLib::Gui::HTMLComponent> makeBody(
+        ORVLib::Gui::CGIRequester& requester) = 0;
+
+private:
+    int execMain() override;
+    void requireRight(ORVLib::Gui::CGIRequester& requester);
+
+    Function m_function;
+    Text m_title;
+};
+
+}  // namespace Console

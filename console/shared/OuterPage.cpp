@@ -1,0 +1,44 @@
+#include "shared/OuterPage.h"
+
+#include "gui/Cookie.h"
+#include "gui/MessageMgr.h"
+#include "gui/TextString.h"
+
+using namespace ORVLib::Gui;
+
+namespace Console {
+
+void putText(ComponentMap& map, const std::string& marker, const std::string& text) {
+    HTMLMapUtil::insertIntoMap(map, marker, std::make_unique<TextString>(text));
+}
+
+void putSentence(ComponentMap& map, const std::string& marker, std::string text) {
+    MessageMgr::convertHTML(text);
+    MessageMgr::convertStr(text, "&nbsp;", " ");
+    HTMLMapUtil::insertIntoMap(map, marker, std::make_unique<TextString>(text, false, true));
+}
+
+void dressPage(HTMLPage& page, const std::string& title) {
+    putText(page.getMap(), "title", title);
+    putText(page.getMap(), "css", "/default.css");
+}
+
+void putSessionCookie(HTMLPage& page, const std::string& sessionId) {
+    auto cookie = std::make_unique<Cookie>();
+    cookie->setSessionId(sessionId + "; path=/; HttpOnly; SameSite=Strict");
+    HTMLMapUtil::insertIntoMap(page.getMap(), HTMLPage::KEY_COOKIE, std::move(cookie));
+}
+
+void putExpiredCookie(HTMLPage& page) {
+    auto cookie = std::make_unique<Cookie>();
+    cookie->setSessionId("");
+    cookie->setExpired(true);
+    HTMLMapUtil::insertIntoMap(page.getMap(), HTMLPage::KEY_COOKIE, std::move(cookie));
+}
+
+std::string skeletonPath(const std::string& name) {
+    const std::string top = HTMLPage::SKELETON_FILE_NAME;
+    return top.substr(0, top.rfind('/') + 1) + name;
+}
+
+}  // namespace Console

@@ -1,0 +1,172 @@
+"""The console from log-in to log-out: sessions, rights, states of a setting, the board's faults."""
+
+import sqlite3
+import unittest
+
+from console_check import FAULTS
+from site_case import SiteCase
+
+LOGIN, LOGOUT = "/common/login.cgi", "/common/logout.cgi"
+REFRESH, PASSWORD = "/network/orv_refresh_set.cgi", "/user/ch_passwd.cgi"
+TIMEOUT_SCRIPT = (b"function onLoadFunction(){\ntop.help_close();\ntop.vorpa_close();\n\n"
+                  b'window.top.location.href="/common/timeout.cgi";\n}\n')
+SAFETY_HEADERS = {"cache-control": "no-store", "x-content-type-options": "nosniff"}
+
+
+class Console(SiteCase):
+    environment = {"ORV_IPC_TIMEOUT_MS": 1000}
+
+    def setUp(self):
+        self.client.session = None
+
+    def interval(self):
+        self.client.login("admin")
+        return self.client.get(REFRESH).field("interval")
+
+    def assertTimeout(self, answer):
+        self.assertEqual(answer.status, 200)
+        self.assertIn(TIMEOUT_SCRIPT, answer.body)
+
+    def assertError(self, answer, code):
+        self.assertIn(b'<main class="notice" role="alert">', answer.body)
+        self.assertIn(code, answer.text())
+
+    def test_login_sets_a_cookie_for_the_whole_console(self):
+        answer = self.client.login("admin")
+        self.assertRegex(answer.headers["set-cookie"],
+                         r"^sid=[\w-]{31}; path=/; HttpOnly; SameSite=Strict$")
+        self.assertIn(b'content="0;URL=%s"' % REFRESH.encode(), answer.body)
+        first = self.client.session
+        self.client.login("admin")
+        self.assertNotEqual(first, self.client.session)
+
+    def test_a_failed_login_says_why_and_is_logged(self):
+        for user, password in (("admin", "wrong-secret"), ("<nobody>\n", "wrong-secret")):
+            answer = self.client.login(user, password)
+            self.assertIn("The user name or the password is wrong.", answer.text())
+            self.assertNotIn("set-cookie", answer.headers)
+        log = self.trace_log()
+        self.assertIn("login of admin from 127.0.0.1 failed: error 1281", log)
+        self.assertIn("login of <nobody>\\x0a from", log)
+        self.assertNotIn("wrong-secret", log)
+        self.site.stop_board()
+        self.assertIn("cannot be reached", self.client.login("admin").text())
+        self.site.start_board()
+
+    def test_pages_speak_the_users_language(self):
+        self.client.login("operator")
+        answer = self.client.get(REFRESH)
+        self.assertEqual(answer.headers["content-type"], "text/html; charset=EUC-JP")
+        self.assertIn("<h1>リフレッシュ間隔</h1>".encode("euc-jp"), answer.body)
+
+    def test_a_setting_goes_through_its_states(self):
+        before = self.interval()
+        wanted = "120" if before != "120" else "60"
+        self.assertEqual(self.client.get(REFRESH).field("page_state"), "3")
+        for wrong in ("3601", "", "1x", "-1", "9999", "12345", 'a"b'):
+            again = self.client.post(REFRESH, {"page_state": "3", "interval": wrong})
+            self.assertEqual(again.field("page_state"), "3", wrong)
+            self.assertIn("from 0 to 3600", again.text())
+            self.assertEqual(again.field("interval"), wrong)
+            self.assertIn("from 0 to 3600",
+                          self.client.post(REFRESH, {"page_state": "4", "interval": wrong}).text())
+        asked = self.client.post(REFRESH, {"page_state": "3", "interval": wanted})
+        self.assertEqual((asked.field("page_state"), asked.field("interval")), ("4", wanted))
+        self.assertNotIn(b'type="text"', asked.body)
+        self.assertEqual(self.interval(), before)
+        done = self.client.post(REFRESH, {"page_state": "4", "interval": wanted})
+        self.assertIn("The settings have been changed.", done.text())
+        self.assertEqual(self.interval(), wanted)
+
+    def test_only_a_confirmed_post_configures(self):
+        before = self.interval()
+        forged = "70" if before != "70" else "71"
+        for state in ("", "0", "1", "2", "3", "5", "-2", "4x", "04", "4294967298"):
+            self.client.post(REFRESH, {"page_state": state, "interval": forged})
+        for state in ("2", "3", "4"):
+            self.client.get(f"{REFRESH}?page_state={state}&interval={forged}")
+        fields = {"page_state": "4", "interval": forged}
+        own, self.client.session = self.client.session, None
+        self.assertTimeout(self.client.post(REFRESH, fields))
+        self.client.session = own[:-1]
+        self.assertTimeout(self.client.post(REFRESH, fields))
+        self.assertEqual(self.interval(), before)
+
+    def test_a_user_without_the_right_sees_the_error_page(self):
+        self.client.login("guest")
+        session = self.client.session
+        self.site.stop_board()
+        with sqlite3.connect(self.site.run / "board.db") as state:
+            state.execute("UPDATE users SET roles = 0 WHERE name = 'guest'")
+        state.close()
+        self.site.start_board()
+        self.client.session = session
+        for page in (REFRESH, PASSWORD):
+            self.assertError(self.client.get(page), "(00:0502)")
+            self.assertError(self.client.post(page, {"page_state": "4", "interval": "5"}),
+                             "(00:0502)")
+
+    def test_a_password_is_changed_and_never_shown(self):
+        self.client.login("staff")
+        secret = "New-Secret&1"
+        good = {"present": "staff-pass", "wanted": secret, "repeated": secret}
+        for change, hint in (({"present": "x"}, "present password is wrong"),
+                             ({"wanted": "short", "repeated": "short"}, "8 to 32"),
+                             ({"wanted": "with blank in"}, "8 to 32"),
+                             ({"repeated": "different"}, "differ"), ({"present": ""}, "wrong"),
+                             ({"present": "p" * 40}, "wrong"), ({"wanted": "w" * 40}, "8 to 32")):
+            answer = self.client.post(PASSWORD, {"page_state": "4", **good, **change})
+            self.assertIn(hint, answer.text())
+            self.assertNotIn(b"Secret", answer.body)
+        done = self.client.post(PASSWORD, {"page_state": "4", **good})
+        self.assertIn("The password has been changed.", done.text())
+        self.assertNotIn(b"Secret", done.body)
+        self.assertNotIn("Secret", self.trace_log())
+        self.client.login("staff")
+        self.assertTrue(self.client.login("staff", secret).headers.get("set-cookie"))
+
+    def test_without_a_living_session_there_is_the_time_out_page(self):
+        for page in (REFRESH, PASSWORD, LOGOUT):
+            self.client.session = None
+            answer = self.client.get(page)
+            self.assertTimeout(answer)
+            self.assertNotIn("set-cookie", answer.headers)
+            self.client.session = "stale"
+            self.assertEqual(self.client.get(page).headers["set-cookie"],
+                             "sid=stale; path=/; expires=Thu,01-Jan-1970 09:00:00 GMT")
+        self.site.stop_board()
+        self.assertTimeout(self.client.get(REFRESH))
+        self.assertIn("session has ended", self.client.get("/common/timeout.cgi").text())
+        self.site.start_board()
+
+    def test_every_fault_of_the_board_ends_in_an_error_page(self):
+        self.client.login("admin")
+        for kind, code in FAULTS.items():
+            with self.subTest(kind=kind):
+                self.site.restart_board("--fault", "checkSession:" + kind)
+                self.assertError(self.client.get(REFRESH), code)
+        self.site.restart_board("--fault", "02018027:error")
+        self.assertError(self.client.post(REFRESH, {"page_state": "4", "interval": "5"}),
+                         "(00:0d02)")
+        self.site.restart_board()
+
+    def test_logout_needs_a_post_and_ends_the_session(self):
+        self.client.login("admin")
+        session = self.client.session
+        self.assertIn("Do you want to log out?", self.client.get(LOGOUT).text())
+        self.assertEqual(self.client.session, session)
+        self.assertIn("You are logged out.", self.client.post(LOGOUT, {}).text())
+        self.assertIsNone(self.client.session)
+        self.client.session = session
+        self.assertTimeout(self.client.get(REFRESH))
+
+    def test_every_page_carries_the_safety_headers(self):
+        self.client.login("admin")
+        for page in (LOGIN, LOGOUT, REFRESH, PASSWORD, "/common/timeout.cgi"):
+            headers = self.client.get(page).headers
+            self.assertEqual({name: headers.get(name) for name in SAFETY_HEADERS}, SAFETY_HEADERS)
+            self.assertIn("frame-ancestors 'self'", headers["content-security-policy"])
+
+
+if __name__ == "__main__":
+    unittest.main()
