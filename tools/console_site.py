@@ -39,10 +39,11 @@ class ConsoleSite(contextlib.AbstractContextManager):
     """Starts the servers when entered and stops them when left.
 
     `build` is a build folder; `run` is where the board's state, its socket, logs and the generated
-    configuration go. `environment` is added to that of the pages.
+    configuration go. `environment` is added to that of the pages, `board_options` to the words on
+    the board's command line.
     """
 
-    def __init__(self, build, run, port=0, environment=None):
+    def __init__(self, build, run, port=0, environment=None, board_options=()):
         self.build = pathlib.Path(build).resolve()
         self.run = pathlib.Path(run).resolve()
         self.socket = self.run / "board.sock"
@@ -52,6 +53,7 @@ class ConsoleSite(contextlib.AbstractContextManager):
         self.port = port or free_port()
         self.url = f"http://127.0.0.1:{self.port}"
         self.trace_log = self.run / "trace.log"
+        self.board_options = board_options
         self._processes = []
         self._board = None
 
@@ -60,7 +62,7 @@ class ConsoleSite(contextlib.AbstractContextManager):
             raise SiteError(f"port {self.port} is in use: choose another one with --port")
         self.run.mkdir(parents=True, exist_ok=True)
         try:
-            self.start_board()
+            self.start_board(*self.board_options)
             self._start_web_server()
         except BaseException:
             self.stop()

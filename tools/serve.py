@@ -25,6 +25,8 @@ def parse_arguments():
                         help=f"port on loopback (default {DEFAULT_PORT}; with --check a free one)")
     parser.add_argument("--check", action="store_true",
                         help="fetch the main pages, print what came, stop, exit 0 or 1")
+    parser.add_argument("--fault", action="append", default=[], metavar="PROCEDURE:KIND",
+                        help="let the board do an operation wrong; see docs/board.md")
     parser.add_argument("--build", required=True, help=argparse.SUPPRESS)
     return parser.parse_args()
 
@@ -47,7 +49,8 @@ def main():
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(0))
     try:
         environment = {"ORV_IPC_TIMEOUT_MS": CHECK_TIME_LIMIT_MS} if arguments.check else {}
-        with ConsoleSite(arguments.build, run, port, environment) as site:
+        faults = [word for fault in arguments.fault for word in ("--fault", fault)]
+        with ConsoleSite(arguments.build, run, port, environment, faults) as site:
             if arguments.check:
                 return 0 if run_checks(site) else 1
             serve(site)
