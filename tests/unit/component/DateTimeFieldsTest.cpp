@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <array>
-#include <initializer_list>
+#include <sstream>
+#include <string>
 
 #include "component/Printing.h"
 #include "gui/DateField.h"
@@ -11,67 +11,51 @@ using namespace ORVLib::Gui;
 
 namespace {
 
-using Texts = std::array<const char*, 3>;
+/// A field that holds the three texts between the slashes.
+template <class Field>
+Field fieldOf(const std::string& texts) {
+    std::istringstream stream(texts);
+    std::string parts[3];
+    for (std::string& part : parts) {
+        std::getline(stream, part, '/');
+    }
+    return Field("n", "", "", parts[0], parts[1], parts[2]);
+}
 
-bool isDateError(const Texts& texts) {
-    DateField field("d", "", "", texts[0], texts[1], texts[2]);
+bool isDateError(const char* texts) {
+    auto field = fieldOf<DateField>(texts);
     EXPECT_FALSE(field.isError()) << "not checked yet";
     field.checkDate();
     return field.isError();
 }
 
-bool isTimeError(const Texts& texts) {
-    TimeField field("t", "", "", texts[0], texts[1], texts[2]);
+bool isTimeError(const char* texts) {
+    auto field = fieldOf<TimeField>(texts);
     EXPECT_FALSE(field.isError()) << "not checked yet";
     field.checkTime();
     return field.isError();
 }
 
 TEST(DateField, ChecksTheCalendar) {
-    for (const Texts& date : std::initializer_list<Texts>{{"2000", "02", "29"},
-                                                          {"2004", "2", "29"},
-                                                          {"2400", "2", "29"},
-                                                          {"2000", "1", "1"},
-                                                          {"2001", "4", "30"},
-                                                          {"2001", "12", "31"},
-                                                          {" 2001x", "+1", "1.5"},
-                                                          {"99999999999999999999", "12", "31"}}) {
-        EXPECT_FALSE(isDateError(date)) << date[0] << '-' << date[1] << '-' << date[2];
+    for (const char* const date : {"2000/02/29", "2004/2/29", "2400/2/29", "2000/1/1", "2001/4/30",
+                                   "2001/12/31", " 2001x/+1/1.5", "99999999999999999999/12/31"}) {
+        EXPECT_FALSE(isDateError(date)) << date;
     }
-    for (const Texts& date : std::initializer_list<Texts>{{"1999", "12", "31"},
-                                                          {"2003", "2", "29"},
-                                                          {"2100", "2", "29"},
-                                                          {"2000", "2", "30"},
-                                                          {"2001", "4", "31"},
-                                                          {"2001", "12", "32"},
-                                                          {"2001", "13", "1"},
-                                                          {"2001", "0", "1"},
-                                                          {"2001", "-1", "1"},
-                                                          {"2001", "1", "0"},
-                                                          {"2001", "1", "-1"},
-                                                          {"", "", ""},
-                                                          {"x", "1", "1"},
-                                                          {"-99999999999999999999", "12", "31"},
-                                                          {"2001", "4294967297", "1"},
-                                                          {"2001", "1", "4294967297"}}) {
-        EXPECT_TRUE(isDateError(date)) << date[0] << '-' << date[1] << '-' << date[2];
+    for (const char* const date :
+         {"1999/12/31", "2003/2/29", "2100/2/29", "2000/2/30", "2001/4/31", "2001/12/32",
+          "2001/13/1", "2001/0/1", "2001/-1/1", "2001/1/0", "2001/1/-1", "//", "x/1/1",
+          "-99999999999999999999/12/31", "2001/4294967297/1", "2001/1/4294967297"}) {
+        EXPECT_TRUE(isDateError(date)) << date;
     }
 }
 
 TEST(TimeField, ChecksTheClock) {
-    for (const Texts& time : std::initializer_list<Texts>{
-             {"23", "59", "59"}, {"0", "0", "0"}, {"", "", ""}, {"x", "y", "z"}}) {
-        EXPECT_FALSE(isTimeError(time)) << time[0] << ':' << time[1] << ':' << time[2];
+    for (const char* const time : {"23/59/59", "0/0/0", "//", "x/y/z"}) {
+        EXPECT_FALSE(isTimeError(time)) << time;
     }
-    for (const Texts& time : std::initializer_list<Texts>{{"24", "0", "0"},
-                                                          {"0", "60", "0"},
-                                                          {"0", "0", "60"},
-                                                          {"-1", "0", "0"},
-                                                          {"0", "-1", "0"},
-                                                          {"0", "0", "-1"},
-                                                          {"4294967297", "0", "0"},
-                                                          {"0", "0", "-4294967295"}}) {
-        EXPECT_TRUE(isTimeError(time)) << time[0] << ':' << time[1] << ':' << time[2];
+    for (const char* const time : {"24/0/0", "0/60/0", "0/0/60", "-1/0/0", "0/-1/0", "0/0/-1",
+                                   "4294967297/0/0", "0/0/-4294967295"}) {
+        EXPECT_TRUE(isTimeError(time)) << time;
     }
 }
 
