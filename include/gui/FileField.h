@@ -11,9 +11,9 @@ namespace ORVLib::Gui {
 ///
 /// The button's script finds both inputs by their names, so the field must stand in a form, and
 /// its name must be an identifier that a button does not use itself ("value" or "name" would not
-/// do). It opens the file dialog and then copies the path. Browsers that do not wait for the
-/// dialog have no path to copy yet: a page shows it at once by copying the hidden input's value
-/// when it reports a change.
+/// do). It opens the file dialog and copies the path. Current browsers do not wait for the dialog,
+/// so that the copy comes one click late: the page adds a listener for "change" that copies the
+/// hidden input's value into the text box.
 ///
 /// Nothing is escaped: the value may come from a browser, escape it before
 /// (MessageMgr::convertHTML()).

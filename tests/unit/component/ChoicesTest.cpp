@@ -1,0 +1,135 @@
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <type_traits>
+
+#include "component/Printing.h"
+#include "gui/CheckBox.h"
+#include "gui/RadioButton.h"
+#include "gui/SelectMenu.h"
+
+using namespace ORVLib::Gui;
+
+namespace {
+
+static_assert(!std::is_copy_constructible_v<RadioButton> &&
+              !std::is_copy_assignable_v<RadioButton>);
+static_assert(!std::is_copy_constructible_v<CheckBox> && !std::is_copy_assignable_v<CheckBox>);
+
+TEST(Choices, PrintNothingWithoutEntries) {
+    EXPECT_EQ(printedWithFlushes(SelectMenu("n", "v", "f", 0, &CONFIRM, true)), "");
+    EXPECT_EQ(printedWithFlushes(RadioButton("n", "v", "f", "go()", &CONFIRM, true)), "");
+    EXPECT_EQ(printedWithFlushes(CheckBox("n", "v", "f", "go()", true, &CONFIRM, true)), "");
+}
+
+TEST(SelectMenu, DisablesOnceForEachReason) {
+    struct Case {
+        const int* mode;
+        bool disabled;
+        const char* expected;
+    };
+    for (const Case& c :
+         {Case{nullptr, false, ""}, Case{&EDIT, false, ""},
+          Case{&CONFIRM, false, " class=\"disabled\" disabled"},
+          Case{&OTHER, false, " class=\"disabled\" disabled"},
+          Case{&EDIT, true, " class=\"disabled\" disabled"},
+          Case{&OTHER, true, " class=\"disabled\" disabled class=\"disabled\" disabled"}}) {
+        SelectMenu menu("n", "", "", 0, c.mode, c.disabled);
+        menu.setOnChangeFunction("change", "this");
+        menu.setOnClickFunction("click", "");
+        menu.add("<\"", "<b>");
+        EXPECT_EQ(printedWithFlushes(menu),
+                  "<select name=\"n\" onChange=\"change(this);\" onClick=\"click();\"" +
+                      std::string(c.expected) +
+                      ">\n<option value=\"<\"\" selected><b>\n^</select>");
+        EXPECT_FALSE(menu.isError());
+    }
+}
+
+TEST(SelectMenu, SelectsOnlyOptionsThatExist) {
+    const std::string none =
+        "<select name=\"n\">\n<option value=\"a\">A\n^"
+        "<option value=\"b\">B\n^</select>";
+    for (const int selected : {-1, 2, INT_MIN, INT_MAX}) {
+        SelectMenu menu("n", "", "", selected);
+        menu.add("a", "A");
+        menu.add("b", "B");
+        EXPECT_EQ(printedWithFlushes(menu), none) << selected;
+    }
+    SelectMenu menu("n");
+    menu.select(0);
+    menu.add("a", "A", true);
+    menu.add("b", "B", true);
+    EXPECT_EQ(menu.getSelected(), 1);
+    for (const int index : {-1, 2, INT_MIN, INT_MAX}) {
+        menu.select(index);
+        EXPECT_EQ(menu.getSelected(), 1) << index;
+    }
+    EXPECT_EQ(printedWithFlushes(menu),
+              "<select name=\"n\">\n<option value=\"a\">A\n^"
+              "<option value=\"b\" selected>B\n^</select>");
+    menu.select(0);
+    EXPECT_EQ(menu.getSelected(), 0);
+}
+
+TEST(RadioButton, PrintsLabelsScriptAndTheLastCheckedButton) {
+    RadioButton group("n", "v", "f", "go(1)");
+    group.add("<", "<b>", false, false);
+    EXPECT_EQ(printedWithFlushes(group),
+              "<input type=\"radio\" name=\"n\" value=\"<\" onClick=\"go(1)\"><b>")
+        << "no button is checked at first";
+    group.add("b", "B", "id1", true, true);
+    group.add("c", "C", "id2", true, false);
+    group.add("d", "D", false, false);
+    EXPECT_EQ(printedWithFlushes(group),
+              "<input type=\"radio\" name=\"n\" value=\"<\" onClick=\"go(1)\"><b>\n^"
+              "<label for=\"id1\"><input type=\"radio\" name=\"n\" value=\"b\" id=\"id1\""
+              " onClick=\"go(1)\" disabled>B</label>\n^"
+              "<label for=\"id2\"><input type=\"radio\" name=\"n\" value=\"c\" id=\"id2\""
+              " onClick=\"go(1)\" checked>C</label>\n^"
+              "<input type=\"radio\" name=\"n\" value=\"d\" onClick=\"go(1)\">D");
+    EXPECT_FALSE(group.isError());
+}
+
+TEST(CheckBox, PrintsItsBoxesAndScript) {
+    CheckBox group("unused", "unused");
+    group.add("n1", "<", "<b>");
+    group.add("n2", "b", "B", "id", true, true);
+    EXPECT_EQ(printedWithFlushes(group),
+              "<input type=\"checkbox\" name=\"n1\" value=\"<\"><b>\n^"
+              "<input type=\"checkbox\" name=\"n2\" value=\"b\" id=\"id\" checked disabled>B");
+    EXPECT_FALSE(group.isError());
+    CheckBox script("", "", "", "'go()'");
+    script.add("n", "v", "");
+    EXPECT_EQ(printedWithFlushes(script),
+              "<input type=\"checkbox\" name=\"n\" value=\"v\" onClick='go()'>");
+    script.setOnClick("go()");
+    script.setQuoteScript(true);
+    EXPECT_EQ(printedWithFlushes(script),
+              "<input type=\"checkbox\" name=\"n\" value=\"v\" onClick=\"go()\">");
+}
+
+TEST(RadioButtonAndCheckBox, DisableOnceForAnyReason) {
+    struct Case {
+        const int* mode;
+        bool group;
+        bool own;
+        const char* expected;
+    };
+    for (const Case& c :
+         {Case{nullptr, false, false, ">"}, Case{&EDIT, false, false, ">"},
+          Case{&EDIT, false, true, " disabled>"}, Case{&EDIT, true, false, " disabled>"},
+          Case{&CONFIRM, false, false, " disabled>"}, Case{&OTHER, false, false, " disabled>"},
+          Case{&OTHER, true, true, " disabled>"}}) {
+        RadioButton radio("n", "", "", "", c.mode, c.group);
+        radio.add("v", "", false, c.own);
+        EXPECT_EQ(printedWithFlushes(radio),
+                  std::string(R"(<input type="radio" name="n" value="v")") + c.expected);
+        CheckBox check("", "", "", "", false, c.mode, c.group);
+        check.add("n", "v", "", "", false, c.own);
+        EXPECT_EQ(printedWithFlushes(check),
+                  std::string(R"(<input type="checkbox" name="n" value="v")") + c.expected);
+    }
+}
+
+}  // namespace
