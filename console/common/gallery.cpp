@@ -38,6 +38,7 @@ namespace {
 constexpr int MODULE = 0x904;
 constexpr char FORM_NAME[] = "form_name";
 constexpr char LANGUAGE_FIELD[] = "language";
+constexpr int WIDTH = 14;      // of text inputs, in characters
 constexpr int SHOWN_MODE = 1;  // read-only, carrying nothing
 
 /// What a component is made for: its place in the table.
@@ -52,19 +53,19 @@ using Maker = Made (*)(const Place& place);
 
 template <typename Field>
 Made makeText(const Place& place, const char* good, const char* bad) {
-    return std::make_unique<Field>(place.name, place.valid ? good : bad, FORM_NAME, 20, 64,
+    return std::make_unique<Field>(place.name, place.valid ? good : bad, FORM_NAME, WIDTH, 64,
                                    place.displayMode);
 }
 
 Made makeTextField(const Place& place) {
     auto field = std::make_unique<TextField>(place.name, place.valid ? "host-1" : "two \"words\"",
-                                             FORM_NAME, 20, 64, place.displayMode);
+                                             FORM_NAME, WIDTH, 64, place.displayMode);
     field->setCheckCharacters(true);
     return field;
 }
 
 Made makePasswordField(const Place& place) {
-    return std::make_unique<PasswordField>(place.name, "secret", FORM_NAME, 20, 32,
+    return std::make_unique<PasswordField>(place.name, "secret", FORM_NAME, WIDTH, 32,
                                            place.displayMode);
 }
 
@@ -142,7 +143,7 @@ Made makeCheckBox(const Place& place) {
 }
 
 Made makeFileField(const Place& place) {
-    return std::make_unique<FileField>(place.name, "firmware.bin", FORM_NAME, "Browse...", 20,
+    return std::make_unique<FileField>(place.name, "firmware.bin", FORM_NAME, "Browse...", WIDTH,
                                        place.displayMode);
 }
 

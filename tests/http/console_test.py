@@ -160,6 +160,14 @@ class Console(SiteCase):
         self.client.session = session
         self.assertTimeout(self.client.get(REFRESH))
 
+    def test_the_gallery_shows_every_component_valid_and_not(self):
+        for language in "01":
+            page = self.client.get("/common/gallery.cgi?language=" + language).body
+            self.assertEqual(page.count(b'<th scope="row">'), 30)
+            self.assertEqual(page.count(b'<td class="wrong">'), 8 * 4)
+            self.assertNotIn(b"<10>", page)
+            self.assertNotIn(b"secret", page)
+
     def test_every_page_carries_the_safety_headers(self):
         self.client.login("admin")
         for page in (LOGIN, LOGOUT, REFRESH, PASSWORD, "/common/timeout.cgi"):
