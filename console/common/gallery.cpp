@@ -4,14 +4,12 @@
 #include <iostream>
 #include <vector>
 
-#include "gui/AbstractMain.h"
 #include "gui/Button.h"
 #include "gui/CheckBox.h"
 #include "gui/DateField.h"
 #include "gui/DisplayMode.h"
 #include "gui/EmailAddressField.h"
 #include "gui/FileField.h"
-#include "gui/FormInfo.h"
 #include "gui/HiddenField.h"
 #include "gui/HyperLink.h"
 #include "gui/IPAddrMaskField.h"
@@ -26,7 +24,7 @@
 #include "gui/SubmitButton.h"
 #include "gui/TextString.h"
 #include "gui/TimeField.h"
-#include "shared/OuterPage.h"
+#include "shared/PageMain.h"
 #include "shared/Program.h"
 #include "shared/SkeletonPart.h"
 #include "shared/Texts.h"
@@ -37,7 +35,6 @@ namespace {
 
 constexpr int MODULE = 0x904;
 constexpr char FORM_NAME[] = "form_name";
-constexpr char LANGUAGE_FIELD[] = "language";
 constexpr int WIDTH = 14;      // of text inputs, in characters
 constexpr int SHOWN_MODE = 1;  // read-only, carrying nothing
 
@@ -281,24 +278,19 @@ private:
     MessageMgr& m_messages;
 };
 
-class GalleryMain : public AbstractMain {
+class GalleryMain : public Console::PageMain {
 public:
-    explicit GalleryMain(FormInfo& form) : AbstractMain(&form, MODULE) {}
+    explicit GalleryMain(FormInfo& form) : PageMain(form, MODULE) {}
 
 protected:
     int execMain() override {
-        std::string chosen;
-        m_formInfo->getFormData(LANGUAGE_FIELD, chosen);
-        m_language = chosen == "0" ? 0 : 1;
-        m_messages = std::make_unique<MessageMgr>(m_language);
-        m_page = std::make_unique<HTMLPage>(m_language);
-        Console::dressPage(*m_page, m_messages->getString(Console::TEXT_GALLERY));
+        chooseLanguage();
+        beginPage(Console::TEXT_GALLERY);
         auto body = std::make_unique<Console::SkeletonPart>("skeleton_gallery.txt");
         body->putText("title", m_messages->getString(Console::TEXT_GALLERY));
         body->putSentence("purpose", m_messages->getString(Console::TEXT_GALLERY_PURPOSE));
         body->put("table", std::make_unique<GalleryTable>(*m_messages));
-        HTMLMapUtil::insertIntoMap(m_page->getMap(), HTMLPage::KEY_BODY, std::move(body));
-        m_page->getGenerator().printHTML();
+        printPage(std::move(body));
         return 0;
     }
 };

@@ -2,9 +2,7 @@
 
 #include <cstdlib>
 
-#include "gui/AbstractMain.h"
 #include "gui/CGIRequester.h"
-#include "gui/FormInfo.h"
 #include "gui/MetaTag.h"
 #include "gui/PasswordField.h"
 #include "gui/SubmitButton.h"
@@ -12,6 +10,7 @@
 #include "gui/TextString.h"
 #include "shared/Board.h"
 #include "shared/OuterPage.h"
+#include "shared/PageMain.h"
 #include "shared/Program.h"
 #include "shared/SkeletonPart.h"
 #include "shared/Texts.h"
@@ -24,9 +23,9 @@ constexpr int MODULE = 0x900;
 constexpr int LONGEST_NAME = 32;
 constexpr char FIRST_PAGE[] = "/network/orv_refresh_set.cgi";
 
-class LoginMain : public AbstractMain {
+class LoginMain : public Console::PageMain {
 public:
-    explicit LoginMain(FormInfo& form) : AbstractMain(&form, MODULE) {}
+    explicit LoginMain(FormInfo& form) : PageMain(form, MODULE) {}
 
 protected:
     int execMain() override {
@@ -38,15 +37,12 @@ protected:
         } else {
             askLanguage();
         }
-        m_messages = std::make_unique<MessageMgr>(m_language);
-        m_page = std::make_unique<HTMLPage>(m_language);
-        Console::dressPage(*m_page, m_messages->getString(Console::TEXT_LOGIN));
+        beginPage(Console::TEXT_LOGIN);
         if (m_sessionId.empty()) {
-            HTMLMapUtil::insertIntoMap(m_page->getMap(), HTMLPage::KEY_BODY, makeForm());
+            printPage(makeForm());
         } else {
             leadIntoConsole();
         }
-        m_page->getGenerator().printHTML();
         return 0;
     }
 
@@ -96,6 +92,7 @@ private:
         Console::putSessionCookie(*m_page, m_sessionId);
         HTMLMapUtil::insertIntoMap(m_page->getMap(), "meta_refresh",
                                    std::make_unique<MetaTag>("Refresh", "0", FIRST_PAGE));
+        m_page->getGenerator().printHTML();
     }
 
     std::string m_user;

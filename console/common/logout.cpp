@@ -1,12 +1,11 @@
 // Ends the session: asks first, then tells the board and lets the browser forget its cookie.
 
-#include "gui/AbstractMain.h"
 #include "gui/BackendNumbers.h"
 #include "gui/CGIRequester.h"
-#include "gui/FormInfo.h"
 #include "gui/SubmitButton.h"
 #include "shared/Board.h"
 #include "shared/OuterPage.h"
+#include "shared/PageMain.h"
 #include "shared/Program.h"
 #include "shared/SkeletonPart.h"
 #include "shared/Texts.h"
@@ -17,9 +16,9 @@ namespace {
 
 constexpr int MODULE = 0x901;
 
-class LogoutMain : public AbstractMain {
+class LogoutMain : public Console::PageMain {
 public:
-    explicit LogoutMain(FormInfo& form) : AbstractMain(&form, MODULE) {}
+    explicit LogoutMain(FormInfo& form) : PageMain(form, MODULE) {}
 
 protected:
     int execMain() override {
@@ -30,15 +29,11 @@ protected:
         if (ends) {
             endSession();
         }
-        m_messages = std::make_unique<MessageMgr>(m_language);
-        m_page = std::make_unique<HTMLPage>(m_language);
-        Console::dressPage(*m_page, m_messages->getString(Console::TEXT_LOGOUT));
-        HTMLMapUtil::insertIntoMap(m_page->getMap(), HTMLPage::KEY_BODY,
-                                   ends ? makeFarewell() : makeQuestion());
+        beginPage(Console::TEXT_LOGOUT);
         if (ends) {
             Console::putExpiredCookie(*m_page);
         }
-        m_page->getGenerator().printHTML();
+        printPage(ends ? makeFarewell() : makeQuestion());
         return 0;
     }
 

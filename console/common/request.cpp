@@ -8,15 +8,13 @@
 #include <iostream>
 #include <vector>
 
-#include "gui/AbstractMain.h"
-#include "gui/FormInfo.h"
 #include "gui/HiddenField.h"
 #include "gui/HyperLink.h"
 #include "gui/MessageMgr.h"
 #include "gui/ResetButton.h"
 #include "gui/SubmitButton.h"
 #include "gui/TextString.h"
-#include "shared/OuterPage.h"
+#include "shared/PageMain.h"
 #include "shared/Program.h"
 #include "shared/SkeletonPart.h"
 #include "shared/Texts.h"
@@ -147,20 +145,15 @@ void putLabels(Console::SkeletonPart& body, MessageMgr& messages) {
     }
 }
 
-class InspectorMain : public AbstractMain {
+class InspectorMain : public Console::PageMain {
 public:
-    explicit InspectorMain(FormInfo& form) : AbstractMain(&form, MODULE) {}
+    explicit InspectorMain(FormInfo& form) : PageMain(form, MODULE) {}
 
 protected:
     int execMain() override {
-        std::string chosen;
-        m_formInfo->getFormData(LANGUAGE_FIELD, chosen);
-        m_language = chosen == "0" ? 0 : 1;
-        m_messages = std::make_unique<MessageMgr>(m_language);
-        m_page = std::make_unique<HTMLPage>(m_language);
-        Console::dressPage(*m_page, m_messages->getString(Console::TEXT_INSPECTOR));
-        HTMLMapUtil::insertIntoMap(m_page->getMap(), HTMLPage::KEY_BODY, makeBody());
-        m_page->getGenerator().printHTML();
+        chooseLanguage();
+        beginPage(Console::TEXT_INSPECTOR);
+        printPage(makeBody());
         return 0;
     }
 

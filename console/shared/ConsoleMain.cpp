@@ -3,7 +3,6 @@
 #include "gui/CGIRequester.h"
 #include "gui/JudgeAuthority.h"
 #include "shared/Board.h"
-#include "shared/OuterPage.h"
 
 using namespace ORVLib::Gui;
 
@@ -14,12 +13,8 @@ int ConsoleMain::execMain() {
     guiCheckSession(false);
     CGIRequester requester(m_sessionId.c_str());
     requireRight(requester);
-
-    m_messages = std::make_unique<MessageMgr>(m_language);
-    m_page = std::make_unique<HTMLPage>(m_language);
-    dressPage(*m_page, m_messages->getString(m_title));
-    HTMLMapUtil::insertIntoMap(m_page->getMap(), HTMLPage::KEY_BODY, makeBody(requester));
-    m_page->getGenerator().printHTML();
+    beginPage(m_title);
+    printPage(makeBody(requester));
     return 0;
 }
 

@@ -2,10 +2,8 @@
 
 #include <memory>
 
-#include "gui/AbstractMain.h"
-#include "gui/FormInfo.h"
 #include "shared/Functions.h"
-#include "shared/Texts.h"
+#include "shared/PageMain.h"
 
 namespace ORVLib::Gui {
 class CGIRequester;
@@ -14,11 +12,11 @@ class CGIRequester;
 namespace Console {
 
 /// The main object of a page that needs a session: goes on only with a valid one and with the
-/// right to the page's function, and puts the console's outer page around what the page makes.
-class ConsoleMain : public ORVLib::Gui::AbstractMain {
+/// right to the page's function.
+class ConsoleMain : public PageMain {
 protected:
     ConsoleMain(ORVLib::Gui::FormInfo& form, Function function, Text title)
-        : AbstractMain(&form, function), m_function(function), m_title(title) {}
+        : PageMain(form, function), m_function(function), m_title(title) {}
 
     /// Makes the page's body. Messages, language and rights are the user's by now.
     virtual std::unique_ptr<ORVLib::Gui::HTMLComponent> makeBody(

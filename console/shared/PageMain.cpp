@@ -1,0 +1,26 @@
+#include "shared/PageMain.h"
+
+#include "shared/OuterPage.h"
+
+using namespace ORVLib::Gui;
+
+namespace Console {
+
+void PageMain::chooseLanguage() {
+    std::string chosen;
+    m_formInfo->getFormData("language", chosen);
+    m_language = chosen == "0" ? 0 : 1;
+}
+
+void PageMain::beginPage(Text title) {
+    m_messages = std::make_unique<MessageMgr>(m_language);
+    m_page = std::make_unique<HTMLPage>(m_language);
+    dressPage(*m_page, m_messages->getString(title));
+}
+
+void PageMain::printPage(std::unique_ptr<HTMLComponent> body) {
+    HTMLMapUtil::insertIntoMap(m_page->getMap(), HTMLPage::KEY_BODY, std::move(body));
+    m_page->getGenerator().printHTML();
+}
+
+}  // namespace Console
