@@ -14,6 +14,7 @@ enum Module {
     CODE_GENERATOR = 0x801,
     FORM_INFO = 0x802,
     MESSAGE_MGR = 0x803,
+    GUI_UTIL = 0x80a,
     TIMEOUT_PAGE = 5890
 };
 
@@ -33,6 +34,7 @@ enum LogText {
     SERIALIZATION = 20019,
     INPUT_ENDED = 20020,
     EXCEPTION_CAUGHT = 20030,
+    BAD_NUMBER = 20034,
     NO_NUMBER = 20052
 };
 

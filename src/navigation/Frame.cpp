@@ -1,0 +1,18 @@
+#include "gui/Frame.h"
+
+#include <iostream>
+
+namespace ORVLib::Gui {
+
+void Frame::printHTML() const {
+    std::cout << "<frame name=\"" << m_name << "\" src=\"" << m_src << "\" "
+              << (m_scrolling ? "" : "scrolling=\"no\" ")
+              << (m_border ? "frameborder=\"yes\"" : "frameborder=\"no\"")
+              << (m_resize ? ">" : " noresize>");
+}
+
+bool Frame::isError() const {
+    return false;
+}
+
+}  // namespace ORVLib::Gui
