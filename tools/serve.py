@@ -2,6 +2,7 @@
 
 import argparse
 import pathlib
+import shutil
 import signal
 import sys
 
@@ -45,7 +46,10 @@ def serve(site):
 def main():
     arguments = parse_arguments()
     port = arguments.port or (0 if arguments.check else DEFAULT_PORT)
-    run = pathlib.Path(arguments.build) / "run"
+    # A check starts from a new board; what somebody set in the console stays.
+    run = pathlib.Path(arguments.build) / ("check" if arguments.check else "run")
+    if arguments.check:
+        shutil.rmtree(run, ignore_errors=True)
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(0))
     try:
         environment = {"ORV_IPC_TIMEOUT_MS": CHECK_TIME_LIMIT_MS} if arguments.check else {}

@@ -34,7 +34,8 @@ protected:
 
 public:
     /// Runs the page: reads a large body that the request left waiting, then execMain(). Returns
-    /// what that returned, or -1 after an exception; never throws.
+    /// what that returned, or -1 after an exception; never throws. From here on the process ignores
+    /// SIGPIPE: a browser that went away is a trace entry.
     int exec();
 
     /// As errorExit() with a number, for an exception: the code 0x700 is shown as 0xd00 with the
