@@ -1,4 +1,5 @@
 #include <array>
+#include <cstring>
 #include <string_view>
 
 #include "gui/MessageMgr.h"
@@ -10,7 +11,15 @@ namespace ORVLib::Gui {
 
 namespace {
 
-using GrowthTable = std::array<unsigned char, 256>;
+/// What stands for a byte. It has 8 bytes, so that copying all of it, whatever its length, is one
+/// move; what is too much is overwritten by the next.
+struct Replacement {
+    char text[6];
+    unsigned char length;
+    bool differs;
+};
+
+using ReplacementTable = std::array<Replacement, 256>;
 
 constexpr std::string_view htmlEntity(unsigned char byte) {
     switch (byte) {
@@ -33,32 +42,64 @@ constexpr bool isPercentEncoded(unsigned char byte) {
     return byte == '#' || byte >= 0x80;
 }
 
-/// How many bytes longer each byte becomes as an entity.
-constexpr GrowthTable htmlGrowth() {
-    GrowthTable growth{};
-    for (unsigned int byte = 0; byte < growth.size(); ++byte) {
+constexpr ReplacementTable unchangedBytes() {
+    ReplacementTable table{};
+    for (unsigned int byte = 0; byte < table.size(); ++byte) {
+        table[byte] = {{static_cast<char>(byte)}, 1, false};
+    }
+    return table;
+}
+
+constexpr ReplacementTable htmlTable() {
+    ReplacementTable table = unchangedBytes();
+    for (unsigned int byte = 0; byte < table.size(); ++byte) {
         const std::string_view entity = htmlEntity(static_cast<unsigned char>(byte));
-        growth[byte] = static_cast<unsigned char>(entity.empty() ? 0 : entity.size() - 1);
+        for (std::size_t i = 0; i < entity.size(); ++i) {
+            table[byte].text[i] = entity[i];
+        }
+        if (!entity.empty()) {
+            table[byte].length = static_cast<unsigned char>(entity.size());
+            table[byte].differs = true;
+        }
     }
-    return growth;
+    return table;
 }
 
-constexpr GrowthTable HTML_GROWTH = htmlGrowth();
-
-std::size_t growthOf(const std::string& text, const GrowthTable& growth) {
-    std::size_t total = 0;
-    for (const char character : text) {
-        total += growth[static_cast<unsigned char>(character)];
+constexpr ReplacementTable urlTable() {
+    constexpr char DIGITS[] = "0123456789ABCDEF";
+    ReplacementTable table = unchangedBytes();
+    for (unsigned int byte = 0; byte < table.size(); ++byte) {
+        if (isPercentEncoded(static_cast<unsigned char>(byte))) {
+            table[byte] = {{'%', DIGITS[byte >> 4], DIGITS[byte & 0xf]}, 3, true};
+        }
     }
-    return total;
+    table[' '] = {{'+'}, 1, true};
+    return table;
 }
 
-std::size_t percentEncodedCount(const std::string& text) {
-    std::size_t count = 0;
+constexpr ReplacementTable HTML_TABLE = htmlTable();
+constexpr ReplacementTable URL_TABLE = urlTable();
+
+void replaceBytes(std::string& text, const ReplacementTable& table) {
+    std::size_t size = 0;
+    bool differs = false;
     for (const char character : text) {
-        count += isPercentEncoded(static_cast<unsigned char>(character)) ? 1U : 0U;
+        const Replacement& replacement = table[static_cast<unsigned char>(character)];
+        size += replacement.length;
+        differs |= replacement.differs;
     }
-    return count;
+    if (!differs) {
+        return;
+    }
+    std::string result(size + sizeof(Replacement), '\0');
+    char* out = result.data();
+    for (const char character : text) {
+        const Replacement& replacement = table[static_cast<unsigned char>(character)];
+        std::memcpy(out, &replacement, sizeof replacement);
+        out += replacement.length;
+    }
+    result.resize(size);
+    text = std::move(result);
 }
 
 }  // namespace
@@ -81,40 +122,11 @@ void MessageMgr::convertStr(std::string& text, const std::string& from, const st
 }
 
 void MessageMgr::convertHTML(std::string& text) {
-    const std::size_t growth = growthOf(text, HTML_GROWTH);
-    if (growth == 0) {
-        return;
-    }
-    std::string result;
-    result.reserve(text.size() + growth);
-    for (const char character : text) {
-        const std::string_view entity = htmlEntity(static_cast<unsigned char>(character));
-        if (entity.empty()) {
-            result += character;
-        } else {
-            result += entity;
-        }
-    }
-    text = std::move(result);
+    replaceBytes(text, HTML_TABLE);
 }
 
 void MessageMgr::encodeURL(std::string& text) {
-    constexpr char DIGITS[] = "0123456789ABCDEF";
-    std::string result;
-    result.reserve(text.size() + 2 * percentEncodedCount(text));
-    for (const char character : text) {
-        const auto byte = static_cast<unsigned char>(character);
-        if (byte == ' ') {
-            result += '+';
-        } else if (isPercentEncoded(byte)) {
-            result += '%';
-            result += DIGITS[byte >> 4];
-            result += DIGITS[byte & 0xf];
-        } else {
-            result += character;
-        }
-    }
-    text = std::move(result);
+    replaceBytes(text, URL_TABLE);
 }
 
 }  // namespace ORVLib::Gui
