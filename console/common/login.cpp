@@ -74,8 +74,8 @@ private:
         form->putText("console", m_messages->getString(Console::TEXT_CONSOLE));
         form->putText("user_label", m_messages->getString(Console::TEXT_USER_NAME));
         form->putText("password_label", m_messages->getString(Console::TEXT_PASSWORD));
-        form->put("user", std::make_unique<TextField>("user", m_user, "form_name", LONGEST_NAME,
-                                                      LONGEST_NAME));
+        form->put("user", std::make_unique<TextField>("user", Console::inputValue(m_user),
+                                                      "form_name", LONGEST_NAME, LONGEST_NAME));
         form->put("password", std::make_unique<PasswordField>("password", "", "form_name",
                                                               LONGEST_NAME, LONGEST_NAME));
         form->put("submit", std::make_unique<SubmitButton>(

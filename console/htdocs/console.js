@@ -20,7 +20,11 @@ function vorpa_close() {
 // The text box of a file field shows the chosen file as soon as the dialog closes.
 document.addEventListener("change", function (event) {
     var chooser = event.target;
-    if (chooser.type === "file" && chooser.name.indexOf("browse_") === 0) {
-        chooser.form.elements[chooser.name.slice("browse_".length)].value = chooser.value;
+    if (chooser.type !== "file" || chooser.name.indexOf("browse_") !== 0 || !chooser.form) {
+        return;
+    }
+    var shown = chooser.form.elements[chooser.name.slice("browse_".length)];
+    if (shown) {
+        shown.value = chooser.value;
     }
 });

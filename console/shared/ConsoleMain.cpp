@@ -18,6 +18,10 @@ int ConsoleMain::execMain() {
     return 0;
 }
 
+void ConsoleMain::errorExit(std::string title, int code) {
+    AbstractMain::errorExit(std::move(title), code);
+}
+
 void ConsoleMain::requireRight(CGIRequester& requester) {
     const JudgeAuthority judge(&m_authority, m_function);
     const int verdict = judge.preCheckDisplayMode(requester);

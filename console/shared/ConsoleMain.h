@@ -22,6 +22,10 @@ protected:
     virtual std::unique_ptr<ORVLib::Gui::HTMLComponent> makeBody(
         ORVLib::Gui::CGIRequester& requester) = 0;
 
+    /// The error page ends the process: a page never goes on without session or right.
+    using AbstractMain::errorExit;
+    void errorExit(std::string title, int code) final;
+
 private:
     int execMain() override;
     void requireRight(ORVLib::Gui::CGIRequester& requester);

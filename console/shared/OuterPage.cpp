@@ -18,6 +18,11 @@ void putSentence(ComponentMap& map, const std::string& marker, std::string text)
     HTMLMapUtil::insertIntoMap(map, marker, std::make_unique<TextString>(text, false, true));
 }
 
+std::string inputValue(std::string text) {
+    MessageMgr::convertStr(text, "&", "&amp;");
+    return text;
+}
+
 void dressPage(HTMLPage& page, const std::string& title) {
     putText(page.getMap(), "title", title);
     putText(page.getMap(), "css", "/default.css");

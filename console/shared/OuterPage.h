@@ -14,6 +14,10 @@ void putText(ORVLib::Gui::ComponentMap& map, const std::string& marker, const st
 /// As putText(), for sentences: blanks stay as they are, so that lines can wrap.
 void putSentence(ORVLib::Gui::ComponentMap& map, const std::string& marker, std::string text);
 
+/// A text as the value of an input component, which escapes double quotes alone: what a person
+/// typed stands in the input as it was typed.
+std::string inputValue(std::string text);
+
 /// Gives a page its title and the console's style sheet.
 void dressPage(ORVLib::Gui::HTMLPage& page, const std::string& title);
 

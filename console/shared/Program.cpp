@@ -24,7 +24,7 @@ int refuseRequest(const std::string& reason) {
     // A page that has not begun can still say that the request was bad.
     std::cout << "Status: 400 Bad Request\n";
     page.getGenerator().printHTML();
-    return 1;
+    return -1;
 }
 
 }  // namespace Console

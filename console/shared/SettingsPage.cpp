@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <iostream>
 
-#include "gui/Button.h"
 #include "gui/DisplayMode.h"
 #include "gui/HTMLPage.h"
 #include "gui/HiddenField.h"
@@ -18,20 +17,7 @@ namespace Console {
 namespace {
 
 constexpr char FORM_NAME[] = "form_name";
-
-/// The library's state for the state that a form carried. A form never carries STATE_CONFIGURE:
-/// what the user has confirmed comes as STATE_COMPLETE.
-int stateOf(const FormInfo& form) {
-    std::string carried;
-    form.getFormData(HTMLPage::FORM_PAGE_STATE, carried);
-    if (form.isPostMethod() && carried == std::to_string(CommonDefaultPage::STATE_CONFIRM)) {
-        return CommonDefaultPage::STATE_CONFIRM;
-    }
-    if (form.isPostMethod() && carried == std::to_string(CommonDefaultPage::STATE_COMPLETE)) {
-        return CommonDefaultPage::STATE_CONFIGURE;
-    }
-    return 0;
-}
+constexpr char BACK[] = "back";
 
 void printEscaped(const std::string& text) {
     TextString(text).printHTML();
@@ -82,9 +68,7 @@ private:
     void printValue(const Entry& entry) const {
         printLabel(entry);
         printEscaped(entry.input->getValue());
-        std::string carried = entry.input->getValue();
-        MessageMgr::convertStr(carried, "&", "&amp;");
-        HiddenField(entry.input->getName(), carried).printHTML();
+        HiddenField(entry.input->getName(), inputValue(entry.input->getValue())).printHTML();
     }
 
     const std::vector<Entry>& m_entries;
@@ -98,7 +82,8 @@ SettingsPage::SettingsPage(MessageMgr& messages, const FormInfo& form, int pageI
       m_form(form),
       m_path(path),
       m_completion(completion),
-      m_state(stateOf(form)),
+      m_step(stepOf(form)),
+      m_state(stateOf(m_step)),
       m_displayMode(EDIT_MODE) {}
 
 void SettingsPage::setTexts(Text title, Text purpose) {
@@ -125,17 +110,46 @@ void SettingsPage::mark(const FormComponent& input, Text hint) {
     }
 }
 
+SettingsPage::Step SettingsPage::stepOf(const FormInfo& form) {
+    std::string carried;
+    form.getFormData(HTMLPage::FORM_PAGE_STATE, carried);
+    if (!form.isPostMethod()) {
+        return Step::SHOW;
+    }
+    if (form.getFields().count(BACK) != 0) {
+        return Step::EDIT_AGAIN;
+    }
+    if (carried == std::to_string(STATE_CONFIRM)) {
+        return Step::CONFIRM;
+    }
+    return carried == std::to_string(STATE_COMPLETE) ? Step::APPLY : Step::SHOW;
+}
+
+int SettingsPage::stateOf(Step step) {
+    switch (step) {
+        case Step::CONFIRM:
+            return STATE_CONFIRM;
+        case Step::APPLY:
+            return STATE_CONFIGURE;
+        default:
+            return 0;
+    }
+}
+
 void SettingsPage::makeDispPage() {
-    if (m_state != STATE_CONFIRM) {
+    if (m_step == Step::EDIT_AGAIN) {
+        readSubmitted();
+        showForm(false);
+    } else if (m_step == Step::CONFIRM && isConfirmed()) {
+        readSubmitted();
+        if (areInputsValid()) {
+            showConfirmation();
+        } else {
+            showForm(true);
+        }
+    } else {
         readCurrent();
         showForm(false);
-        return;
-    }
-    readSubmitted();
-    if (areInputsValid()) {
-        showConfirmation();
-    } else {
-        showForm(true);
     }
 }
 
@@ -188,6 +202,9 @@ void SettingsPage::showForm(bool again) {
                                std::make_unique<EntryList>(m_entries, getMessages(), true));
     putButton("submit", isConfirmed() ? TEXT_NEXT : TEXT_SET);
     setError(again);
+    for (Entry& entry : m_entries) {
+        entry.input->setValue(inputValue(entry.input->getValue()));
+    }
 }
 
 void SettingsPage::showConfirmation() {
@@ -198,9 +215,7 @@ void SettingsPage::showConfirmation() {
     HTMLMapUtil::insertIntoMap(getMap(), "entries",
                                std::make_unique<EntryList>(m_entries, getMessages(), false));
     putButton("submit", TEXT_SET);
-    HTMLMapUtil::insertIntoMap(getMap(), "back",
-                               std::make_unique<Button>("back", getMessages().getString(TEXT_BACK),
-                                                        FORM_NAME, 0, "\"history.back()\""));
+    putButton(BACK, TEXT_BACK);
 }
 
 void SettingsPage::putButton(const std::string& marker, Text label) {

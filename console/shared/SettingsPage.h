@@ -20,6 +20,9 @@ namespace Console {
 ///                      otherwise the form again, wrong entries marked; carries 3
 ///     4                valid input: applied, then the completion page
 ///                      otherwise the form again, as above
+///     4 with "back"    the form with the input; carries 3
+///
+/// The form of a page without confirmation carries 4 wherever 3 stands here.
 ///
 /// A page adds its inputs in its constructor and says how they are read and applied.
 class SettingsPage : public ORVLib::Gui::CommonDefaultPage {
@@ -70,6 +73,15 @@ private:
     };
     class EntryList;
 
+    /// What a request wants of the page.
+    enum class Step { SHOW, EDIT_AGAIN, CONFIRM, APPLY };
+
+    static Step stepOf(const ORVLib::Gui::FormInfo& form);
+
+    /// The library's state for a step. A form never carries STATE_CONFIGURE itself: what the user
+    /// has confirmed comes as STATE_COMPLETE.
+    static int stateOf(Step step);
+
     void makeDispPage() final;
     void makeConfigPage() final;
 
@@ -85,6 +97,7 @@ private:
     const ORVLib::Gui::FormInfo& m_form;
     std::string m_path;
     int m_completion;
+    Step m_step;
     int m_state;
     int m_displayMode;
     Text m_title = TEXT_CONSOLE;

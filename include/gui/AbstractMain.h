@@ -25,7 +25,8 @@ public:
     AbstractMain& operator=(const AbstractMain&) = delete;
 
     /// Shows the error page for a message or error number, which it prints escaped, and ends the
-    /// process with status -1. A program may override it; one that returns leads exec() to -1.
+    /// process with status -1. A program may override it; one that returns leads exec() to -1, and
+    /// lets guiCheckSession() return, so that the page must look at the session itself.
     virtual void errorExit(std::string title, int code);
 
 protected:

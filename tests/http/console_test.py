@@ -63,7 +63,7 @@ class Console(SiteCase):
         before = self.interval()
         wanted = "120" if before != "120" else "60"
         self.assertEqual(self.client.get(REFRESH).field("page_state"), "3")
-        for wrong in ("3601", "", "1x", "-1", "9999", "12345", 'a"b'):
+        for wrong in ("3601", "", "1x", "-1", "9999", "12345", 'a"b', "&lt;"):
             again = self.client.post(REFRESH, {"page_state": "3", "interval": wrong})
             self.assertEqual(again.field("page_state"), "3", wrong)
             self.assertIn("from 0 to 3600", again.text())
@@ -73,6 +73,8 @@ class Console(SiteCase):
         asked = self.client.post(REFRESH, {"page_state": "3", "interval": wanted})
         self.assertEqual((asked.field("page_state"), asked.field("interval")), ("4", wanted))
         self.assertNotIn(b'type="text"', asked.body)
+        back = self.client.post(REFRESH, {"page_state": "4", "interval": wanted, "back": "Back"})
+        self.assertEqual((back.field("page_state"), back.field("interval")), ("3", wanted))
         self.assertEqual(self.interval(), before)
         done = self.client.post(REFRESH, {"page_state": "4", "interval": wanted})
         self.assertIn("The settings have been changed.", done.text())
@@ -118,6 +120,8 @@ class Console(SiteCase):
             answer = self.client.post(PASSWORD, {"page_state": "4", **good, **change})
             self.assertIn(hint, answer.text())
             self.assertNotIn(b"Secret", answer.body)
+        for fields in ({"page_state": "3"}, {"page_state": "4", "back": "1"}, {"back": "1"}):
+            self.assertNotIn(b"Secret", self.client.post(PASSWORD, {**fields, **good}).body)
         done = self.client.post(PASSWORD, {"page_state": "4", **good})
         self.assertIn("The password has been changed.", done.text())
         self.assertNotIn(b"Secret", done.body)
