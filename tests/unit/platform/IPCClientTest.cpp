@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
-#include <sys/time.h>
 
+#include <atomic>
 #include <chrono>
 #include <csignal>
 #include <functional>
@@ -77,24 +77,30 @@ void expectMessage(IPCConnection& connection, int expectedType, const std::strin
     EXPECT_TRUE(payload == expected);
 }
 
-/// Interrupts the system calls of the test, which runs on the main thread, all the time.
+/// Interrupts the system calls of this thread, and of no other, every few milliseconds.
 class Interruptions {
 public:
     Interruptions() {
         struct sigaction action {};
         action.sa_handler = [](int) {};
-        sigaction(SIGALRM, &action, nullptr);
-        interruptEvery({0, 3000});
+        sigaction(SIGUSR1, &action, nullptr);
+        m_thread = std::thread([this, target = pthread_self()] {
+            while (!m_ending) {
+                pthread_kill(target, SIGUSR1);
+                std::this_thread::sleep_for(std::chrono::milliseconds(3));
+            }
+        });
     }
-    ~Interruptions() { interruptEvery({}); }
+    ~Interruptions() {
+        m_ending = true;
+        m_thread.join();
+    }
     Interruptions(const Interruptions&) = delete;
     Interruptions& operator=(const Interruptions&) = delete;
 
 private:
-    static void interruptEvery(timeval interval) {
-        const itimerval timer{interval, interval};
-        setitimer(ITIMER_REAL, &timer, nullptr);
-    }
+    std::atomic<bool> m_ending{false};
+    std::thread m_thread;
 };
 
 TEST(IPCClient, FramesWhatItSends) {
@@ -138,13 +144,16 @@ TEST(IPCClient, CarriesTheLongestMessageBothWays) {
 
 TEST(IPCClient, RefusesMessagesThatAreCutDamagedOrTooLong) {
     std::vector<std::string> refused = {message(TYPE, "longer")};
-    for (const unsigned int length : {MAX_PAYLOAD_SIZE + 1U, 0x7fffffffU, 0x80000000U, ~0U}) {
-        refused.push_back(word(TYPE) + word(length) + "hello");
-    }
     for (std::size_t sent = 0; sent < HELLO.size(); ++sent) {
         refused.push_back(HELLO.substr(0, sent));
     }
     ScriptedDaemon daemon;
+    for (const unsigned int length : {MAX_PAYLOAD_SIZE + 1U, 0x7fffffffU, 0x80000000U, ~0U}) {
+        refused.push_back(word(TYPE) + word(length) + "hello");
+        daemon.serve({refused.back()}, [] {
+            EXPECT_EQ(detailOf([] { connect()->getNextRequestSize(true); }), 1026U);
+        });
+    }
     const auto receive = [] {
         const auto connection = connect();
         const auto exact = std::make_unique<char[]>(5);
