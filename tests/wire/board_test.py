@@ -267,6 +267,7 @@ class BoardTest(unittest.TestCase):
         login = message(LOGIN, telegram())
         for data, detail in (
                 (message(GET_LANGUAGE, bytes(47)), BAD_REQUEST),
+                (message(GET_LANGUAGE, bytes(49)), BAD_REQUEST),
                 (number(GET_LANGUAGE) + number(65536), BROKEN),
                 (number(GET_LANGUAGE) + number(0xFFFFFFFF), BROKEN),
                 (login + message(LOGOUT, bytes(204)), BAD_REQUEST),
@@ -303,18 +304,18 @@ class BoardTest(unittest.TestCase):
         self.assertEqual(silent[-2].recv(1), b"")  # dropped after its second
         self.assertLess(time.monotonic() - begin, 3)
 
-    def test_logins_do_not_hold_up_checks(self):
+    def test_logins_hold_up_no_check_and_nobody_gets_anothers_verdict(self):
         self.start()
         session = self.login().session
-        guess = message(LOGIN, telegram()) + message(LOGIN, login_record(b"admin", b"guess"))
-        waiting = [self.connect(guess) for _ in range(20)]
+        login = message(LOGIN, login_record(b"admin", b"admin-pass"))
+        waiting = [self.connect(message(LOGIN, telegram()) + login) for _ in range(20)]
         self.check(session)
         waiting[-1].setblocking(False)
         with self.assertRaises(BlockingIOError):
             waiting[-1].recv(1)  # its turn has not come
         for connection in waiting:
             connection.close()
-        self.check(session)
+        self.assertRefused(REFUSED, self.login, b"admin", b"guess")
 
     def test_a_fault_is_that_of_its_procedure(self):
         self.start("--fault", "0x020100B4:error", "--fault", "20100d1:wrong-type")
