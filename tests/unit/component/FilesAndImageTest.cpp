@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <climits>
-
 #include "component/Printing.h"
 #include "gui/FileField.h"
 #include "gui/Image.h"
@@ -29,23 +27,13 @@ TEST(FileField, PrintsEachDisplayMode) {
           Case{&OTHER, "a<b", "a<b"}, Case{&OTHER, "", "&nbsp;"}}) {
         const FileField field("upfile", c.value, "f", "Browse", 40, c.mode);
         EXPECT_EQ(printedWithFlushes(field), c.expected);
-        EXPECT_FALSE(field.isError());
     }
 }
 
 TEST(SelectFile, NeverPrintsItsValue) {
-    const std::string editable = "<input type=\"file\" name=\"n\" size=\"40\" value=\"\">\n";
-    const std::string readOnly =
-        "<input type=\"file\" name=\"n\" size=\"40\" value=\"\"disable >\n";
+    const std::string start = R"(<input type="file" name="n" size="40" value="")";
     SelectFile field("n", "v", "f", 40);
-    EXPECT_EQ(printedWithFlushes(field), editable);
-    field.setDisplayMode(&EDIT);
-    EXPECT_EQ(printedWithFlushes(field), editable);
-    for (const int* const mode : {&CONFIRM, &OTHER}) {
-        field.setDisplayMode(mode);
-        EXPECT_EQ(printedWithFlushes(field), readOnly);
-    }
-    EXPECT_FALSE(field.isError());
+    expectPrinted(field, start + ">\n", start + "disable >\n");
 }
 
 std::string sizeOf(const Image& image) {
@@ -63,9 +51,8 @@ TEST(Image, TakesItsSizeFromItsName) {
     for (const Case& c :
          {Case{"/img/name_120x40.gif", "120 by 40"}, Case{"a_1x1_b_3x4.tar.gz", "3 by 4.tar"},
           Case{"name-120x40.gif", " by "}, Case{"name_120-40.gif", " by "},
-          Case{"name_120x40", " by "}, Case{"", " by "}, Case{"_x.", " by "},
-          Case{"1x2_3.4", "3.4 by 2_3"}, Case{"1.2x3_4", "4 by 3_4"}, Case{".x_", " by _"},
-          Case{"_.x", ". by "}, Case{"a_1.2x", "1.2 by "}, Case{"x._", " by "}}) {
+          Case{"name_120x40", " by "}, Case{"_x.", " by "}, Case{"1x2_3.4", "3.4 by 2_3"},
+          Case{"1.2x3_4", "4 by 3_4"}, Case{".x_", " by _"}, Case{"_.x", ". by "}}) {
         EXPECT_EQ(sizeOf(Image(c.source)), c.expected) << c.source;
     }
 }
@@ -75,33 +62,21 @@ TEST(Image, ShrinksToFitABox) {
         const char* width;
         const char* height;
         unsigned int maxWidth, maxHeight;
-        bool result;
         const char* expected;
     };
-    for (const Case& c : {Case{"400", "100", 200, 200, true, "200 by 50"},
-                          Case{"100", "400", 200, 200, true, "50 by 200"},
-                          Case{"300", "200", 100, 100, true, "100 by 66"},
-                          Case{"0200", "0100", 200, 100, true, "0200 by 0100"},
-                          Case{"400", "400", 200, 100, true, "100 by 100"},
-                          Case{"", "400", 200, 200, false, " by 400"},
-                          Case{"400", "", 200, 200, false, "400 by "},
-                          Case{"400", "0", 200, 200, true, "200 by 0"},
-                          Case{"400", "0", 200, 0, true, "200 by 0"},
-                          Case{"400", "0", 0, 0, true, "0 by 0"},
-                          Case{"0", "400", 200, 200, true, "0 by 200"},
-                          Case{"400", "300", 0, 0, true, "0 by 0"},
-                          Case{"400", "300", 200, 0, true, "0 by 0"},
-                          Case{"400", "300", 0, 200, true, "0 by 0"},
-                          Case{"x", "y", 200, 200, true, "x by y"},
-                          Case{"-1", "1", 200, 200, true, "200 by 0"},
-                          Case{"-1", "-1", 200, 200, true, "200 by 200"},
-                          Case{"4294967297", "100", 200, 200, true, "200 by 0"},
-                          Case{"99999999999999999999", "-99999999999999999999", INT_MAX, INT_MAX,
-                               true, "2147483646 by 2147483647"},
-                          Case{"-1", "-2", UINT_MAX, UINT_MAX, true, "-1 by -2"}}) {
+    for (const Case& c :
+         {Case{"400", "100", 200, 200, "200 by 50"}, Case{"100", "400", 200, 200, "50 by 200"},
+          Case{"300", "200", 100, 100, "100 by 66"}, Case{"0200", "0100", 200, 100, "0200 by 0100"},
+          Case{"400", "400", 200, 100, "100 by 100"}, Case{"", "400", 200, 200, " by 400"},
+          Case{"400", "", 200, 200, "400 by "}, Case{"400", "0", 200, 0, "200 by 0"},
+          Case{"0", "400", 200, 200, "0 by 200"}, Case{"400", "300", 200, 0, "0 by 0"},
+          Case{"400", "300", 0, 200, "0 by 0"}, Case{"x", "y", 200, 200, "x by y"},
+          Case{"-1", "-1", 200, 200, "200 by 200"},
+          Case{"4294967297", "100", 200, 200, "200 by 0"}}) {
         Image image("");
         image.setImageDispSize(c.width, c.height);
-        EXPECT_EQ(image.resizeImageDispSize(c.maxWidth, c.maxHeight), c.result);
+        const bool isSized = c.width[0] != '\0' && c.height[0] != '\0';
+        EXPECT_EQ(image.resizeImageDispSize(c.maxWidth, c.maxHeight), isSized);
         EXPECT_EQ(sizeOf(image), c.expected) << c.width << " by " << c.height;
     }
 }
@@ -111,17 +86,14 @@ TEST(Image, ZoomsUnlessNothingWouldBeLeft) {
         const char* width;
         const char* height;
         unsigned int factor;
-        bool divide;
-        bool result;
+        bool divide, result;
         const char* expected;
     };
     for (const Case& c :
          {Case{"3", "5", 4, false, true, "12 by 20"}, Case{"9", "17", 4, true, true, "2 by 4"},
           Case{"3", "5", 4, true, false, "3 by 5"}, Case{"5", "3", 4, true, false, "5 by 3"},
-          Case{"3", "5", 0, false, false, "3 by 5"}, Case{"3", "5", 0, true, false, "3 by 5"},
-          Case{"3", "5", UINT_MAX, true, false, "3 by 5"}, Case{"", "5", 2, false, false, " by 5"},
-          Case{"3", "", 2, false, false, "3 by "}, Case{"3", "0", 2, false, false, "3 by 0"},
-          Case{"65537", "3", 65536, false, true, "65536 by 196608"},
+          Case{"3", "5", 0, true, false, "3 by 5"}, Case{"", "5", 2, false, false, " by 5"},
+          Case{"3", "", 2, false, false, "3 by "},
           Case{"65536", "3", 65536, false, false, "65536 by 3"},
           Case{"-2", "4294967297", 1, false, true, "4294967294 by 2147483647"}}) {
         Image image("");
@@ -144,7 +116,6 @@ TEST(Image, PrintsItsAttributes) {
     EXPECT_EQ(printedWithFlushes(cell),
               "<td><img src=\"f_1x2.gif\" width=\"1\" height=\"2\" onClick=\"go()\""
               " border=\"-1\" name=\"n\" id=\"i\" alt=\"alt\"></td>");
-    EXPECT_FALSE(cell.isError());
 }
 
 }  // namespace

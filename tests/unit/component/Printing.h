@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <iostream>
 #include <sstream>
 #include <string>
@@ -23,4 +25,14 @@ inline std::string printedWithFlushes(const ORVLib::Gui::HTMLComponent& componen
     component.printHTML();
     std::cout.rdbuf(before);
     return buffer.str();
+}
+
+/// Expects what a field prints while the user may change it, and in every other display mode.
+template <class Field>
+void expectPrinted(Field& field, const std::string& editable, const std::string& readOnly) {
+    for (const int* const mode : {static_cast<const int*>(nullptr), &EDIT, &CONFIRM, &OTHER}) {
+        field.setDisplayMode(mode);
+        EXPECT_EQ(printedWithFlushes(field),
+                  mode == nullptr || mode == &EDIT ? editable : readOnly);
+    }
 }

@@ -1,12 +1,8 @@
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 #include <atomic>
 #include <chrono>
 #include <csignal>
-#include <cstdlib>
 #include <functional>
 #include <memory>
 #include <string>
@@ -15,9 +11,8 @@
 
 #include "IpcServer.h"
 #include "MessageStream.h"
-#include "common/FileDescriptor.h"
 #include "orv/ORVIpc.h"
-#include "orv/PException.h"
+#include "support/ScriptedDaemon.h"
 
 namespace ORVLib::ORVIpc {
 
@@ -27,86 +22,44 @@ using namespace std::string_literals;
 using Clock = std::chrono::steady_clock;
 
 constexpr int TYPE = 0x02010005;
-const std::string HELLO =
+constexpr int NEGATIVE_TYPE = static_cast<int>(0x87ff0001);
+const std::string EMPTY_AND_HELLO =
+    "\x87\xff\x00\x01"
+    "\0\0\0\0"
     "\x02\x01\x00\x05"
     "\0\0\0\5"
     "hello"s;
+const std::string HELLO = EMPTY_AND_HELLO.substr(8);
 
-/// A peer that does what a test says with the connection of the client.
-class IPCClientTest : public testing::Test {
-protected:
-    using Script = std::function<void(int socket)>;
-
-    void SetUp() override {
-        char folder[] = "/tmp/ipcXXXXXX";
-        ASSERT_NE(mkdtemp(folder), nullptr);
-        m_folder = folder;
-        m_path = m_folder + "/s";
-        setenv("ORV_IPC_SOCKET", m_path.c_str(), 1);
-        setenv("ORV_IPC_TIMEOUT_MS", "200", 1);
-        m_server = std::make_unique<IpcServer>(m_path);
-    }
-
-    void TearDown() override {
-        if (m_peer.joinable()) {
-            m_peer.join();
-        }
-        m_server.reset();
-        ::unlink((m_path + ".lock").c_str());
-        ::rmdir(m_folder.c_str());
-        unsetenv("ORV_IPC_SOCKET");
-        unsetenv("ORV_IPC_TIMEOUT_MS");
-    }
-
-    static std::unique_ptr<IPCConnection> connect() {
-        return std::unique_ptr<IPCConnection>(IPCClient::getNewConnection(0x201, 0x202));
-    }
-
-    std::unique_ptr<IPCConnection> connectTo(const Script& script) {
-        auto connection = connect();
-        const auto socket = std::make_shared<FileDescriptor>(m_server->accept());
-        ::fcntl(socket->get(), F_SETFL, 0);
-        m_peer = std::thread([socket, script] {
-            script(socket->get());
-            socket->close();
-        });
-        return connection;
-    }
-
-    std::unique_ptr<IPCConnection> connectToSender(const std::string& bytes) {
-        return connectTo([bytes](int socket) { write(socket, bytes); });
-    }
-
-    static void write(int socket, const std::string& bytes) {
-        EXPECT_EQ(::send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL),
-                  static_cast<ssize_t>(bytes.size()));
-    }
-
-    static std::string read(int socket, std::size_t size) {
-        std::string bytes(size, '\0');
-        const ssize_t count = ::recv(socket, bytes.data(), size, MSG_WAITALL);
-        bytes.resize(count > 0 ? static_cast<std::size_t>(count) : 0);
-        return bytes;
-    }
-
-    // Returns when the client has hung up.
-    static void awaitEnd(int socket) {
-        while (!read(socket, 1).empty()) {
-        }
-    }
-
-    std::string m_folder;
-    std::string m_path;
-    std::unique_ptr<IpcServer> m_server;
-    std::thread m_peer;
-};
-
-void sleepMs(int ms) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(ms));
+std::unique_ptr<IPCConnection> connect() {
+    return std::unique_ptr<IPCConnection>(IPCClient::getNewConnection(0x201, 0x202));
 }
 
-// 0 when the operation threw nothing.
-unsigned int detailOf(const std::function<void()>& operation) {
+/// Runs `operation` on a connection over which byte by byte comes.
+template <typename Operation>
+void serveDripping(const std::string& bytes, std::chrono::milliseconds pause, Operation operation) {
+    const std::string path = "/tmp/ipc" + std::to_string(getpid());
+    setenv("ORV_IPC_SOCKET", path.c_str(), 1);
+    IpcServer server(path);
+    unlink((path + ".lock").c_str());
+    auto connection = connect();
+    const FileDescriptor socket = server.accept();
+    std::thread peer([&] {
+        for (const char& byte : bytes) {
+            if (send(socket.get(), &byte, 1, MSG_NOSIGNAL) != 1) {
+                return;  // the client gave up
+            }
+            std::this_thread::sleep_for(pause);
+        }
+    });
+    operation(*connection);
+    connection.reset();
+    peer.join();
+}
+
+/// The error number an operation ends with, 0 for none.
+template <typename Operation>
+unsigned int detailOf(Operation operation) {
     try {
         operation();
     } catch (const PException& exception) {
@@ -115,34 +68,26 @@ unsigned int detailOf(const std::function<void()>& operation) {
     return 0;
 }
 
-std::string receive(IPCConnection& connection, int& type) {
+void expectMessage(IPCConnection& connection, int expectedType, const std::string& expected) {
     std::string payload(static_cast<std::size_t>(connection.getNextRequestSize(true)), '\0');
     const int size = static_cast<int>(payload.size());
+    int type = 0;
     EXPECT_EQ(connection.receiveRequest(type, payload.data(), size), size);
-    return payload;
+    EXPECT_EQ(type, expectedType);
+    EXPECT_TRUE(payload == expected);
 }
 
-int countDescriptors() {
-    int count = 0;
-    for (int descriptor = 0; descriptor < 256; ++descriptor) {
-        count += ::fcntl(descriptor, F_GETFD) != -1 ? 1 : 0;
-    }
-    return count;
-}
-
-void ignoreSignal(int /*number*/) {}
-
-/// Interrupts system calls every few milliseconds.
+/// Interrupts the system calls of this thread, and of no other, every few milliseconds.
 class Interruptions {
 public:
     Interruptions() {
         struct sigaction action {};
-        action.sa_handler = ignoreSignal;
+        action.sa_handler = [](int) {};
         sigaction(SIGUSR1, &action, nullptr);
         m_thread = std::thread([this, target = pthread_self()] {
             while (!m_ending) {
                 pthread_kill(target, SIGUSR1);
-                sleepMs(3);
+                std::this_thread::sleep_for(std::chrono::milliseconds(3));
             }
         });
     }
@@ -158,167 +103,120 @@ private:
     std::thread m_thread;
 };
 
-TEST_F(IPCClientTest, FramesWhatItSends) {
-    std::string seen;
-    auto connection = connectTo([&seen](int socket) { seen = read(socket, 8 + 8 + 5); });
-    connection->sendRequest(static_cast<int>(0x87ff0001), nullptr, 0);
-    connection->sendRequest(TYPE, "hello", 5);
-    m_peer.join();
-    EXPECT_EQ(seen,
-              "\x87\xff\x00\x01"
-              "\0\0\0\0"s +
-                  HELLO);
-    EXPECT_EQ(detailOf([&] { connection->sendRequest(TYPE, "x", -1); }), 1026U);
-    EXPECT_EQ(detailOf([&] { connection->sendRequest(TYPE, "x", MAX_PAYLOAD_SIZE + 1); }), 1026U);
-    EXPECT_EQ(detailOf([&] { connection->sendRequest(TYPE, nullptr, 1); }), 1026U);
-}
-
-TEST_F(IPCClientTest, PutsMessagesTogetherFromPieces) {
-    const std::string bytes =
-        "\x87\xff\x00\x01"
-        "\0\0\0\0"s +
-        HELLO + HELLO;
-    auto connection = connectTo([bytes](int socket) {
-        for (const char byte : bytes) {
-            write(socket, std::string(1, byte));
-            sleepMs(2);
+TEST(IPCClient, FramesWhatItSends) {
+    ScriptedDaemon daemon;
+    const auto seen = daemon.serve({""}, [] {
+        const auto connection = connect();
+        connection->sendRequest(NEGATIVE_TYPE, nullptr, 0);
+        connection->sendRequest(TYPE, "hello", 5);
+        for (const int size : {-1, MAX_PAYLOAD_SIZE + 1}) {
+            EXPECT_EQ(detailOf([&] { connection->sendRequest(TYPE, "x", size); }), 1026U);
         }
-        awaitEnd(socket);
+        EXPECT_EQ(detailOf([&] { connection->sendRequest(TYPE, nullptr, 1); }), 1026U);
     });
-    const Interruptions interruptions;
-    int type = 0;
-    EXPECT_EQ(receive(*connection, type), "");
-    EXPECT_EQ(type, static_cast<int>(0x87ff0001));
-    EXPECT_EQ(connection->getNextRequestSize(true), 5);
-    EXPECT_EQ(connection->getNextRequestSize(false), 5);
-    EXPECT_EQ(receive(*connection, type), "hello");
-    EXPECT_EQ(type, TYPE);
-    EXPECT_EQ(receive(*connection, type), "hello");
-    EXPECT_EQ(connection->getNextRequestSize(false), 0);
-    connection.reset();
+    EXPECT_EQ(seen[0], EMPTY_AND_HELLO);
 }
 
-TEST_F(IPCClientTest, CarriesTheLongestMessageBothWays) {
-    const std::string payload(MAX_PAYLOAD_SIZE, 'x');
-    auto connection = connectTo([&payload](int socket) {
-        sleepMs(50);  // the client's socket is full by now
-        const std::string request = read(socket, 8 + payload.size());
-        write(socket, request);
-    });
+TEST(IPCClient, PutsMessagesTogetherFromPieces) {
     const Interruptions interruptions;
-    connection->sendRequest(TYPE, payload.data(), static_cast<int>(payload.size()));
-    int type = 0;
-    EXPECT_TRUE(receive(*connection, type) == payload);
+    const auto receive = [](IPCConnection& connection) {
+        expectMessage(connection, NEGATIVE_TYPE, "");
+        EXPECT_EQ(connection.getNextRequestSize(true), 5);
+        EXPECT_EQ(connection.getNextRequestSize(false), 5);
+        expectMessage(connection, TYPE, "hello");
+        expectMessage(connection, TYPE, "hello");
+        EXPECT_EQ(connection.getNextRequestSize(false), 0);
+    };
+    serveDripping(EMPTY_AND_HELLO + HELLO, std::chrono::milliseconds(2), receive);
 }
 
-TEST_F(IPCClientTest, SeesAPeerThatGoesAway) {
+TEST(IPCClient, CarriesTheLongestMessageBothWays) {
+    const std::string longest(MAX_PAYLOAD_SIZE, 'x');
+    ScriptedDaemon daemon;
+    const Interruptions interruptions;
+    const auto seen = daemon.serve({message(TYPE, longest)}, [&] {
+        const auto connection = connect();
+        expectMessage(*connection, TYPE, longest);
+        connection->sendRequest(TYPE, longest.data(), MAX_PAYLOAD_SIZE);
+    });
+    EXPECT_TRUE(seen[0] == message(TYPE, longest));
+}
+
+TEST(IPCClient, RefusesMessagesThatAreCutDamagedOrTooLong) {
+    std::vector<std::string> refused = {message(TYPE, "longer")};
     for (std::size_t sent = 0; sent < HELLO.size(); ++sent) {
-        auto connection = connectToSender(HELLO.substr(0, sent));
-        m_peer.join();
-        char buffer[5];
-        int type = 0;
-        EXPECT_EQ(detailOf([&] { connection->receiveRequest(type, buffer, sizeof buffer); }), 1026U)
-            << sent;
-        EXPECT_EQ(type, 0);
+        refused.push_back(HELLO.substr(0, sent));
     }
-    auto connection = connectToSender("");
-    m_peer.join();
+    ScriptedDaemon daemon;
+    for (const unsigned int length : {MAX_PAYLOAD_SIZE + 1U, 0x7fffffffU, 0x80000000U, ~0U}) {
+        refused.push_back(word(TYPE) + word(length) + "hello");
+        daemon.serve({refused.back()}, [] {
+            EXPECT_EQ(detailOf([] { connect()->getNextRequestSize(true); }), 1026U);
+        });
+    }
+    const auto receive = [] {
+        const auto connection = connect();
+        const auto exact = std::make_unique<char[]>(5);
+        int type = 0;
+        EXPECT_EQ(detailOf([&] { connection->receiveRequest(type, exact.get(), 5); }), 1026U);
+        EXPECT_EQ(type, 0);
+        EXPECT_EQ(std::string(exact.get(), 5), "\0\0\0\0\0"s);
+    };
+    for (const std::string& bytes : refused) {
+        daemon.serve({bytes}, receive, ScriptedDaemon::HANG_UP);
+    }
+}
+
+TEST(IPCClient, ReportsADaemonThatGoesAway) {
+    auto daemon = std::make_unique<ScriptedDaemon>();
+    const auto connection = connect();
+    daemon.reset();
     EXPECT_EQ(detailOf([&] { connection->getNextRequestSize(false); }), 1026U);
     EXPECT_EQ(detailOf([&] { connection->sendRequest(TYPE, "hello", 5); }), 1026U);
-}
-
-TEST_F(IPCClientTest, RefusesLengthsThatNoMessageHas) {
-    for (const std::string& length : {"\x00\x10\x00\x01"s, "\x40\0\0\0"s, "\x7f\xff\xff\xff"s,
-                                      "\xff\xff\xff\xff"s, "\x80\0\0\0"s}) {
-        auto connection = connectToSender("\x02\x01\x00\x05"s + length + "hello");
-        m_peer.join();
-        char buffer[5];
-        int type = 0;
-        EXPECT_EQ(detailOf([&] { connection->getNextRequestSize(true); }), 1026U);
-        EXPECT_EQ(detailOf([&] { connection->receiveRequest(type, buffer, sizeof buffer); }),
-                  1026U);
-    }
-}
-
-TEST_F(IPCClientTest, NeverWritesPastTheBuffer) {
-    auto connection = connectToSender(HELLO);
-    int type = 0;
-    const auto exact = std::make_unique<char[]>(4);
-    EXPECT_EQ(detailOf([&] { connection->receiveRequest(type, exact.get(), 4); }), 1026U);
-    EXPECT_EQ(type, 0);
-    EXPECT_EQ(std::string(exact.get(), 4), "\0\0\0\0"s);
-}
-
-// A limit of 200 ms; a byte now and then does not prolong it.
-TEST_F(IPCClientTest, DoesNotWaitForEver) {
-    const Script silent = awaitEnd;
-    const Script dripping = [](int socket) {
-        for (const char byte : HELLO.substr(0, 12)) {
-            if (::send(socket, &byte, 1, MSG_NOSIGNAL) != 1) {
-                return;  // the client gave up
-            }
-            sleepMs(100);
-        }
-    };
-    const std::string payload(MAX_PAYLOAD_SIZE, 'x');
-    const auto send = [&payload](IPCConnection& connection) {
-        connection.sendRequest(TYPE, payload.data(), static_cast<int>(payload.size()));
-    };
-    const auto peek = [](IPCConnection& connection) { connection.getNextRequestSize(true); };
-    const auto take = [](IPCConnection& connection) {
-        char buffer[5];
-        int type = 0;
-        connection.receiveRequest(type, buffer, sizeof buffer);
-    };
-    struct Case {
-        Script script;
-        std::function<void(IPCConnection&)> operation;
-    };
-    const Script deaf = [](int) { sleepMs(400); };
-    for (const Case& each :
-         {Case{silent, peek}, {silent, take}, {dripping, peek}, {dripping, take}, {deaf, send}}) {
-        auto connection = connectTo(each.script);
-        const Interruptions interruptions;
-        const auto begin = Clock::now();
-        EXPECT_EQ(detailOf([&] { each.operation(*connection); }), 1029U);
-        EXPECT_GE(Clock::now() - begin, std::chrono::milliseconds(199));
-        EXPECT_LT(Clock::now() - begin, std::chrono::milliseconds(900));
-        connection.reset();
-        m_peer.join();
-    }
-}
-
-TEST_F(IPCClientTest, ReportsADaemonThatIsNotThere) {
-    EXPECT_NE(connect(), nullptr);
-    m_server.reset();
-    EXPECT_EQ(detailOf(connect), 1025U);
     setenv("ORV_IPC_SOCKET", std::string(200, 'x').c_str(), 1);
     EXPECT_EQ(detailOf(connect), 1025U);
 }
 
-TEST_F(IPCClientTest, ReportsADaemonThatHangsBeforeItAccepts) {
-    std::vector<std::unique_ptr<IPCConnection>> waiting;
+void expectTimeLimit(const std::function<void()>& operation) {
     const Interruptions interruptions;
-    EXPECT_EQ(detailOf([&] {
-                  while (waiting.size() < 1000) {
-                      waiting.push_back(connect());
-                  }
-              }),
-              1029U);
+    const auto begin = Clock::now();
+    EXPECT_EQ(detailOf(operation), 1029U);
+    EXPECT_GE(Clock::now() - begin, std::chrono::milliseconds(199));
+    EXPECT_LT(Clock::now() - begin, std::chrono::milliseconds(900));
 }
 
-TEST_F(IPCClientTest, LeavesNoDescriptorBehind) {
-    const int before = countDescriptors();
-    for (int i = 0; i < 100; ++i) {
-        auto connection = connect();
-        m_server->accept();
-        EXPECT_EQ(detailOf([&] { connection->getNextRequestSize(true); }), 1026U);
+// The limit is 200 ms for each operation; a byte now and then does not prolong it.
+TEST(IPCClient, DoesNotWaitForEver) {
+    const ScriptedDaemon silent;
+    setenv("ORV_IPC_TIMEOUT_MS", "200", 1);
+    const auto connection = connect();
+    const std::string longest(MAX_PAYLOAD_SIZE, 'x');
+    expectTimeLimit([&] { connection->sendRequest(TYPE, longest.data(), MAX_PAYLOAD_SIZE); });
+    const auto peek = [](IPCConnection& peer) {
+        expectTimeLimit([&] { peer.getNextRequestSize(true); });
+    };
+    const auto take = [](IPCConnection& peer) {
+        char buffer[5];
+        int type = 0;
+        expectTimeLimit([&] { peer.receiveRequest(type, buffer, sizeof buffer); });
+    };
+    for (const auto& operation : std::vector<std::function<void(IPCConnection&)>>{peek, take}) {
+        operation(*connection);
+        serveDripping(HELLO.substr(0, 12), std::chrono::milliseconds(100), operation);
     }
-    m_server.reset();
-    for (int i = 0; i < 100; ++i) {
-        EXPECT_EQ(detailOf(connect), 1025U);
-    }
-    EXPECT_LE(countDescriptors(), before);
+}
+
+TEST(IPCClient, ReportsADaemonThatHangsBeforeItAccepts) {
+    const ScriptedDaemon hanging;
+    setenv("ORV_IPC_TIMEOUT_MS", "200", 1);
+    const Interruptions interruptions;
+    std::vector<std::unique_ptr<IPCConnection>> waiting;
+    const auto connectMany = [&] {
+        while (waiting.size() < 1000) {
+            waiting.push_back(connect());
+        }
+    };
+    EXPECT_EQ(detailOf(connectMany), 1029U);
 }
 
 }  // namespace
