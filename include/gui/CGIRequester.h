@@ -67,7 +67,8 @@ public:
     /// Reads an item of exactly `size` bytes; an answer of another size is a failure.
     int getInfo(unsigned int id, void* out, unsigned int size);
 
-    /// Reads an item into `out`.
+    /// Reads an item into `out`. What came is not looked at: 1 says that there was an answer, not
+    /// that `out` could make sense of it.
     int getInfo(unsigned int id, SerializableObject& out);
 
     /// Sends `in` along and reads the answer into `out`. What `in` serialises to is cut to the low
@@ -83,7 +84,8 @@ public:
     /// Writes the item `id` from the first `length`, cut to its low 16 bits, bytes at `data`.
     unsigned int setInfo(unsigned int id, unsigned int length, const void* data);
 
-    /// The exception detail of the last operation, 0 when it succeeded.
+    /// The exception detail of the last operation, 0 when it succeeded, and when the daemon's
+    /// exception could not be read.
     unsigned int getErrorDetail() const { return m_errorDetail; }
 
     /// The action code of the last operation, 0 when it succeeded.

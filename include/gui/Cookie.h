@@ -15,8 +15,8 @@ public:
     Cookie();
 
     /// Prints the header line that sets the cookie for the browser's session, or with isExpired()
-    /// the one that deletes it, and flushes. A session ID is printed up to its first control
-    /// character: nothing in it can begin another header.
+    /// the one that deletes it, and flushes. A session ID is printed up to its first line end or
+    /// NUL: nothing in it can begin another header.
     void printHTML() const override;
 
     /// True when the request carried no session cookie.

@@ -26,7 +26,8 @@ class CGIRequester;
 /// and of several files, the last one counts.
 ///
 /// An uploaded file lies in a temporary file, readable by its owner alone, that goes when this
-/// object or the process ends: move or copy what is to stay.
+/// object ends, and when the process does, by exit() or by a signal of its web server: move or copy
+/// what is to stay.
 class ORVGUI_EXPORT FormInfo {
 public:
     using FieldMap = std::map<std::string, std::string>;
@@ -122,7 +123,6 @@ private:
     void closeFile(FileDescriptor& file);
     void abandonFile(FileDescriptor& file, const char* operation);
     void removeTemporaryFile();
-    static void removeTemporaryFileAtExit();
 
     FieldMap m_fields;
     std::string m_boundary;

@@ -12,9 +12,8 @@ namespace {
 constexpr char PREFIX[] = "sid=";
 constexpr std::size_t PREFIX_LENGTH = sizeof PREFIX - 1;
 
-bool isControl(char character) {
-    const auto byte = static_cast<unsigned char>(character);
-    return byte < 0x20 || byte == 0x7f;
+bool endsLine(char character) {
+    return character == '\r' || character == '\n' || character == '\0';
 }
 
 }  // namespace
@@ -29,7 +28,7 @@ Cookie::Cookie() {
 }
 
 void Cookie::printHTML() const {
-    const auto end = std::find_if(m_sessionId.begin(), m_sessionId.end(), isControl);
+    const auto end = std::find_if(m_sessionId.begin(), m_sessionId.end(), endsLine);
     std::cout << "Set-Cookie: sid=" << std::string(m_sessionId.begin(), end);
     if (m_expired) {
         std::cout << "; path=/; expires=Thu,01-Jan-1970 09:00:00 GMT";

@@ -1,17 +1,15 @@
-#include <fcntl.h>
 #include <sys/time.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
 #include "common/FileDescriptor.h"
 #include "gui/FormInfo.h"
 #include "message/Log.h"
+#include "request/UploadGuard.h"
 
 // Multipart bodies: parsed part by part in the one read buffer, a file's bytes passed on from
 // there.
@@ -21,16 +19,10 @@ namespace ORVLib::Gui {
 namespace {
 
 constexpr char TEMPORARY_FILE_PREFIX[] = "/var/tmp/tmp_";
-constexpr int NAME_ATTEMPTS = 100;
-constexpr mode_t OWNER_ONLY = 0600;
 
 constexpr std::string_view LINE_END = "\r\n";
 constexpr std::string_view DASHES = "--";
 constexpr std::string_view LAST_PART_END = "--\r\n";
-
-// Whose temporary file the end of the process removes.
-FormInfo* uploadOwner = nullptr;
-pid_t uploadProcess = 0;
 
 char* findBytes(char* from, char* to, std::string_view pattern) {
     return static_cast<char*>(
@@ -205,32 +197,18 @@ void FormInfo::topUpBuffer(char*& from, char*& to) {
 }
 
 /// Makes a new, empty file for an upload in place of an earlier one, which nobody could reach any
-/// more. The file is the owner's alone, and an existing one or a link is never opened.
+/// more.
 FileDescriptor FormInfo::createTemporaryFile() {
     removeTemporaryFile();
     std::string path;
-    int descriptor = -1;
-    int attempts = 0;
-    do {
-        path = temporaryName();
-        descriptor =
-            open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, OWNER_ONLY);
-    } while (descriptor < 0 && errno == EEXIST && ++attempts < NAME_ATTEMPTS);
-    FileDescriptor file(descriptor);
-    if (!file.isOpen()) {
+    FileDescriptor file(UploadGuard::create(temporaryName, path));
+    if (file.isOpen()) {
+        m_temporaryFilePath = path;
+    } else {
         trace::OrvTrace trace = Log::writer(Log::FORM_INFO);
         Log::putText(trace, Log::ERROR_LEVEL, Log::CANNOT_OPEN, "FormInfo::setUploadedFileInfo",
                      path.c_str());
-        return file;
     }
-    m_temporaryFilePath = path;
-    if (uploadProcess == 0) {
-        std::atexit(removeTemporaryFileAtExit);
-        // A file over the process's size limit is a failed write, not the end of the process.
-        std::signal(SIGXFSZ, SIG_IGN);
-    }
-    uploadOwner = this;
-    uploadProcess = getpid();
     return file;
 }
 
@@ -274,15 +252,7 @@ void FormInfo::removeTemporaryFile() {
         Log::putText(trace, Log::ERROR_LEVEL, Log::SYSTEM_CALL_FAILED, "remove", errno);
     }
     m_temporaryFilePath.clear();
-    if (uploadOwner == this) {
-        uploadOwner = nullptr;
-    }
-}
-
-void FormInfo::removeTemporaryFileAtExit() {
-    if (uploadOwner != nullptr && uploadProcess == getpid()) {
-        uploadOwner->removeTemporaryFile();
-    }
+    UploadGuard::release();
 }
 
 }  // namespace ORVLib::Gui

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <csignal>
 #include <filesystem>
 
 #include "gui/FormInfo.h"
@@ -188,17 +189,20 @@ TEST(Upload, GoesWithTerminateOnce) {
     EXPECT_TRUE(std::filesystem::remove(path));
 }
 
-TEST(Upload, GoesWhenTheProcessExits) {
-    CgiRequest request;
-    request.postMultipart("B", filePart("B", "f", "x") + closing("B"));
-    const ChildResult child = inChild([] {
-        static const FormInfo* const form = new FormInfo;  // nobody destroys it
-        std::cout << form->getTemporaryFilePath();
-        return std::filesystem::exists(form->getTemporaryFilePath()) ? 3 : 4;
-    });
-    EXPECT_EQ(child.status, 3);
-    EXPECT_EQ(child.output.rfind("/var/tmp/tmp_", 0), 0U);
-    EXPECT_FALSE(std::filesystem::exists(child.output));
+TEST(Upload, GoesHoweverTheProcessEnds) {
+    for (const int signal : {0, SIGTERM, SIGHUP, SIGINT}) {
+        CgiRequest request;
+        request.postMultipart("B", filePart("B", "f", "x") + closing("B"));
+        const ChildResult child = inChild([signal] {
+            static const FormInfo* const form = new FormInfo;  // nobody destroys it
+            std::cout << form->getTemporaryFilePath() << std::flush;
+            raise(signal);
+            return std::filesystem::exists(form->getTemporaryFilePath()) ? 3 : 4;
+        });
+        EXPECT_EQ(child.status, signal == 0 ? 3 : -1) << signal;
+        EXPECT_EQ(child.output.rfind("/var/tmp/tmp_", 0), 0U);
+        EXPECT_FALSE(std::filesystem::exists(child.output)) << signal;
+    }
 }
 
 TEST(Upload, ThatCannotBeWrittenLeavesNothingBehind) {

@@ -1,0 +1,92 @@
+#include "request/UploadGuard.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+
+namespace ORVLib::Gui::UploadGuard {
+
+namespace {
+
+constexpr int NAME_ATTEMPTS = 100;
+constexpr mode_t OWNER_ONLY = 0600;
+constexpr int ENDING_SIGNALS[] = {SIGTERM, SIGHUP, SIGINT};
+
+// What a signal handler may read: the guarded file's name, empty for none, and whose it is.
+char guardedPath[128];
+pid_t guardingProcess = 0;
+
+void removeGuarded() {
+    if (guardedPath[0] != '\0' && guardingProcess == getpid()) {
+        unlink(guardedPath);
+    }
+}
+
+extern "C" void removeAndEnd(int signal) {
+    removeGuarded();
+    raise(signal);  // delivered, by now with its default effect, when the handler returns
+}
+
+/// Keeps the ending signals waiting while the object lives.
+class SignalsBlocked {
+public:
+    SignalsBlocked() {
+        sigset_t ending;
+        sigemptyset(&ending);
+        for (const int signal : ENDING_SIGNALS) {
+            sigaddset(&ending, signal);
+        }
+        sigprocmask(SIG_BLOCK, &ending, &m_before);
+    }
+    ~SignalsBlocked() { sigprocmask(SIG_SETMASK, &m_before, nullptr); }
+    SignalsBlocked(const SignalsBlocked&) = delete;
+    SignalsBlocked& operator=(const SignalsBlocked&) = delete;
+
+private:
+    sigset_t m_before{};
+};
+
+void handleEnds() {
+    std::atexit(removeGuarded);
+    for (const int signal : ENDING_SIGNALS) {
+        struct sigaction action {};
+        if (sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_DFL) {
+            action.sa_handler = removeAndEnd;
+            action.sa_flags = static_cast<int>(SA_RESETHAND);
+            sigaction(signal, &action, nullptr);
+        }
+    }
+    // A file over the process's size limit is a failed write, not the end of the process.
+    std::signal(SIGXFSZ, SIG_IGN);
+}
+
+}  // namespace
+
+int create(std::string (*nextName)(), std::string& path) {
+    if (guardingProcess == 0) {
+        handleEnds();
+    }
+    const SignalsBlocked blocked;
+    int descriptor = -1;
+    int attempts = 0;
+    do {
+        path = nextName();
+        descriptor =
+            open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, OWNER_ONLY);
+    } while (descriptor < 0 && errno == EEXIST && ++attempts < NAME_ATTEMPTS);
+    if (descriptor >= 0) {
+        std::strncpy(guardedPath, path.c_str(), sizeof guardedPath - 1);
+        guardingProcess = getpid();
+    }
+    return descriptor;
+}
+
+void release() {
+    guardedPath[0] = '\0';
+}
+
+}  // namespace ORVLib::Gui::UploadGuard
