@@ -142,7 +142,7 @@ void Client::expire() {
 }
 
 void Client::answer(Reply reply, FaultKind fault) {
-    reply.damage(fault);
+    reply.damage(fault, m_request.type);
     std::string bytes = reply.frame();
     if (fault == FaultKind::EARLY_CLOSE) {
         bytes.resize(bytes.size() / 2);

@@ -101,7 +101,7 @@ void Daemon::waitAndServe() {
         }
     }
     if (entries[PASSWORDS].revents != 0) {
-        finishLogins();
+        finishPasswordChecks();
     }
     if (entries[SERVER].revents != 0) {
         acceptClients();
@@ -162,8 +162,8 @@ void Daemon::carryOut(Client& client) {
     } else if (fault == FaultKind::ERROR) {
         client.answer(Reply::error(boardError(ERROR_BOARD_FAILURE, "a fault was asked for",
                                               request.type, ACTION_INJECTED)));
-    } else if (request.type == PROCEDURE_LOGIN) {
-        startLogin(client);
+    } else if (Requests::isPasswordChecked(request.type)) {
+        startPasswordCheck(client);
     } else {
         client.answer(m_requests.handle(request), fault);
     }
@@ -173,29 +173,30 @@ FaultKind Daemon::getDamage(const Client& client) const {
     return m_faults.find(client.getRequest().type);
 }
 
-void Daemon::startLogin(Client& client) {
+void Daemon::startPasswordCheck(Client& client) {
     try {
-        Requests::Login login = m_requests.beginLogin(client.getRequest());
-        if (!m_passwords.submit({client.getTicket(), login.password, login.hash})) {
-            throw boardError(ERROR_BUSY, "too many logins at a time");
+        Requests::PasswordCheck check = m_requests.beginPasswordCheck(client.getRequest());
+        if (!m_passwords.submit(
+                {client.getTicket(), check.password, check.hash, check.newPassword})) {
+            throw boardError(ERROR_BUSY, "too many passwords to check at a time");
         }
-        m_logins[client.getTicket()] = std::move(login);
+        m_passwordChecks[client.getTicket()] = std::move(check);
     } catch (const PException& refusal) {
         client.answer(Reply::error(refusal), getDamage(client));
     }
 }
 
-void Daemon::finishLogins() {
+void Daemon::finishPasswordChecks() {
     for (const PasswordWorker::Result& result : m_passwords.takeResults()) {
-        const auto login = m_logins.extract(result.ticket);
+        const auto check = m_passwordChecks.extract(result.ticket);
         const auto client =
             std::find_if(m_clients.begin(), m_clients.end(), [&result](const Client& candidate) {
                 return candidate.getTicket() == result.ticket && candidate.isWorkedOn();
             });
         if (client != m_clients.end()) {
-            client->answer(
-                m_requests.endLogin(client->getRequest(), login.mapped(), result.matches),
-                getDamage(*client));
+            client->answer(m_requests.endPasswordCheck(client->getRequest(), check.mapped(),
+                                                       result.matches, result.newHash),
+                           getDamage(*client));
         }
     }
 }

@@ -38,8 +38,8 @@ private:
     void dropOldest();
     void serve(Client& client);
     void carryOut(Client& client);
-    void startLogin(Client& client);
-    void finishLogins();
+    void startPasswordCheck(Client& client);
+    void finishPasswordChecks();
     void expireClients();
     void storeSessions();
 
@@ -54,7 +54,7 @@ private:
     Requests m_requests;
     PasswordWorker m_passwords;
     Clients m_clients;
-    std::map<std::uint64_t, Requests::Login> m_logins;  ///< being checked, by client
+    std::map<std::uint64_t, Requests::PasswordCheck> m_passwordChecks;  ///< by client
     std::uint64_t m_nextTicket = 1;
     Clock::time_point m_nextStore;
     Clock::time_point m_nextAccept;

@@ -115,9 +115,12 @@ bool Items::isPublic(std::uint32_t id) {
     return findRule(id).readers == Who::EVERYBODY;
 }
 
+void Items::checkRead(std::uint32_t id, const User* user) {
+    requireAmong(findRule(id).readers, user, id);
+}
+
 std::string Items::read(std::uint32_t id, const User* user) {
-    const Rule& rule = findRule(id);
-    requireAmong(rule.readers, user, id);
+    checkRead(id, user);
     if (id == ITEM_OWN_LANGUAGE) {
         return formatNumber(user->language);
     }
@@ -131,7 +134,7 @@ std::string Items::read(std::uint32_t id, const User* user) {
     if (!content) {
         throw boardError(ERROR_NO_SUCH_ITEM, "the item was never set", id);
     }
-    if (!rule.isFit(*content)) {
+    if (!findRule(id).isFit(*content)) {
         throw DatabaseError("an item is damaged", SQLITE_CORRUPT);
     }
     return *content;

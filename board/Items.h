@@ -23,6 +23,9 @@ public:
     /// allowed.
     std::string read(std::uint32_t id, const User* user);
 
+    /// Throws PException for what is not allowed.
+    static void checkRead(std::uint32_t id, const User* user);
+
     /// Throws PException for what is not allowed or not fit for the item.
     static void checkWrite(std::uint32_t id, const std::string& content, const User& user);
 

@@ -4,15 +4,29 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <stdexcept>
 #include <system_error>
 
 #include "Password.h"
+#include "orv/OrvTrace.h"
 
 namespace ORVLib::Board {
 
 namespace {
 
 constexpr std::size_t MAX_WAITING = 32;
+
+PasswordWorker::Result carryOut(const PasswordWorker::Job& job) {
+    PasswordWorker::Result result{job.ticket, matchesPassword(job.password, job.hash), ""};
+    if (result.matches && !job.newPassword.empty()) {
+        try {
+            result.newHash = hashPassword(job.newPassword);
+        } catch (const std::runtime_error& error) {
+            trace::OrvTrace(2, 1, 4).putLog(0, error.what());
+        }
+    }
+    return result;
+}
 
 }  // namespace
 
@@ -61,9 +75,9 @@ void PasswordWorker::work() {
         const Job job = std::move(m_jobs.front());
         m_jobs.pop_front();
         lock.unlock();
-        const bool matches = matchesPassword(job.password, job.hash);
+        const Result result = carryOut(job);
         lock.lock();
-        m_results.push_back({job.ticket, matches});
+        m_results.push_back(result);
         ::eventfd_write(m_wake.get(), 1);
     }
 }

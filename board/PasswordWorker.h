@@ -12,19 +12,21 @@
 
 namespace ORVLib::Board {
 
-/// Checks passwords beside the daemon's loop: a hash is slow on purpose, and somebody who tries
-/// passwords must not hold up pages.
+/// Checks and hashes passwords beside the daemon's loop: a hash is slow on purpose, and somebody
+/// who tries passwords must not hold up pages.
 class PasswordWorker {
 public:
     struct Job {
         std::uint64_t ticket;
         std::string password;
         std::string hash;
+        std::string newPassword;  ///< to be hashed when the password matches; empty for none
     };
 
     struct Result {
         std::uint64_t ticket;
         bool matches;
+        std::string newHash;  ///< empty when there is none, or the system cannot make one
     };
 
     PasswordWorker();

@@ -23,11 +23,12 @@ Reply Reply::error(const PException& exception) {
     return {TYPE_ERROR, std::move(bytes), std::nullopt};
 }
 
-void Reply::damage(FaultKind kind) {
+void Reply::damage(FaultKind kind, std::uint32_t requestType) {
     if (kind == FaultKind::WRONG_TYPE) {
         type ^= WRONG_TYPE_BIT;
     } else if (kind == FaultKind::SHORT_HEADER) {
-        header.pop_back();
+        type = requestType;
+        header.resize(Telegram::SIZE - 1);
     } else if (kind == FaultKind::SHORT_PAYLOAD && payload && !payload->empty()) {
         payload->pop_back();
     } else if (kind == FaultKind::OVERSIZED_PAYLOAD && payload) {

@@ -21,8 +21,8 @@ struct Reply {
     }
     static Reply error(const PException& exception);
 
-    /// Damages the reply as the fault wants it.
-    void damage(FaultKind kind);
+    /// Damages the reply to a request of this type as the fault wants it.
+    void damage(FaultKind kind, std::uint32_t requestType);
 
     /// The messages as they are sent.
     std::string frame() const;

@@ -1,6 +1,6 @@
 #include "Requests.h"
 
-#include <stdexcept>
+#include <exception>
 
 #include "Password.h"
 #include "Protocol.h"
@@ -72,7 +72,7 @@ Reply answered(const Step& step) {
         return step();
     } catch (const PException& refusal) {
         return Reply::error(refusal);
-    } catch (const std::runtime_error& error) {
+    } catch (const std::exception& error) {
         return Reply::error(failure(error));
     }
 }
@@ -111,27 +111,53 @@ Reply Requests::dispatch(const Request& request) {
     }
 }
 
-Requests::Login Requests::beginLogin(const Request& request) {
+bool Requests::isPasswordChecked(std::uint32_t type) {
+    return type == PROCEDURE_LOGIN || type == (ITEM_OWN_PASSWORD | ACCESS_WRITE);
+}
+
+Requests::PasswordCheck Requests::beginPasswordCheck(const Request& request) {
+    try {
+        return request.type == PROCEDURE_LOGIN ? beginLogin(request) : beginPasswordChange(request);
+    } catch (const std::exception& error) {
+        throw failure(error);
+    }
+}
+
+Reply Requests::endPasswordCheck(const Request& request, const PasswordCheck& check, bool matches,
+                                 const std::string& newHash) {
+    return answered([&] {
+        return request.type == PROCEDURE_LOGIN ? openSession(request, check, matches)
+                                               : changePassword(request, check, matches, newHash);
+    });
+}
+
+Requests::PasswordCheck Requests::beginLogin(const Request& request) {
     requireSize(request, LOGIN_RECORD_SIZE);
-    Login login;
+    PasswordCheck login;
     login.user = readText(request.payload, USER_OFFSET, NAME_SIZE);
     login.password = readText(request.payload, PASSWORD_OFFSET, NAME_SIZE);
     login.address = readText(request.payload, ADDRESS_OFFSET, ADDRESS_SIZE);
     // An unknown user costs a hash too: the time must not tell who exists.
-    try {
-        const auto user = m_state.findUser(login.user);
-        login.hash = user ? user->passwordHash : m_nobodysHash;
-    } catch (const DatabaseError& error) {
-        throw failure(error);
-    }
+    const auto user = m_state.findUser(login.user);
+    login.hash = user ? user->passwordHash : m_nobodysHash;
     return login;
 }
 
-Reply Requests::endLogin(const Request& request, const Login& login, bool matches) {
-    return answered([&] { return openSession(request, login, matches); });
+Requests::PasswordCheck Requests::beginPasswordChange(const Request& request) {
+    const User user = requireUser(request);
+    Items::checkWrite(ITEM_OWN_PASSWORD, request.payload, user);
+    PasswordCheck change;
+    change.user = user.name;
+    change.hash = user.passwordHash;
+    change.password = readText(request.payload, PasswordChange::OLD_OFFSET, NAME_SIZE);
+    change.newPassword = readText(request.payload, PasswordChange::NEW_OFFSET, NAME_SIZE);
+    if (change.newPassword.empty() || change.newPassword.size() > MAX_PASSWORD_SIZE) {
+        throw boardError(ERROR_BAD_REQUEST, "a password has 1 to 32 bytes");
+    }
+    return change;
 }
 
-Reply Requests::openSession(const Request& request, const Login& login, bool matches) {
+Reply Requests::openSession(const Request& request, const PasswordCheck& login, bool matches) {
     const auto user = m_state.findUser(login.user);
     const std::string from = " from " + printable(login.address);
     if (!user || !matches) {
@@ -184,10 +210,10 @@ Reply Requests::accessItem(const Request& request) {
         return readPublicItem(request);
     }
     const User user = requireUser(request);
-    if (id == ITEM_OWN_PASSWORD && access == ACCESS_WRITE) {
-        return changePassword(request, user);
-    }
     Reply reply = Reply::make(request.type, answerFor(user, request));
+    if (access == ACCESS_EXCHANGE) {
+        Items::checkRead(id, &user);
+    }
     if (access != ACCESS_READ) {
         m_items.write(id, request.payload, user);
     }
@@ -197,20 +223,18 @@ Reply Requests::accessItem(const Request& request) {
     return reply;
 }
 
-// Checked here and not beside the loop like a login: only whoever is logged in comes this far.
-Reply Requests::changePassword(const Request& request, const User& user) {
-    Items::checkWrite(ITEM_OWN_PASSWORD, request.payload, user);
-    const std::string present = readText(request.payload, PasswordChange::OLD_OFFSET, NAME_SIZE);
-    const std::string wanted = readText(request.payload, PasswordChange::NEW_OFFSET, NAME_SIZE);
-    if (wanted.empty() || wanted.size() > MAX_PASSWORD_SIZE) {
-        throw boardError(ERROR_BAD_REQUEST, "a password has 1 to 32 bytes");
-    }
-    if (!matchesPassword(present, user.passwordHash)) {
-        m_state.logEvent({user.name, "password change refused"});
+Reply Requests::changePassword(const Request& request, const PasswordCheck& change, bool matches,
+                               const std::string& newHash) {
+    const User user = requireUser(request);  // the session may have ended meanwhile
+    if (!matches) {
+        m_state.logEvent({change.user, "password change refused"});
         throw boardError(ERROR_LOGIN_REFUSED, "wrong password");
     }
-    m_sessions.changePassword(user.name, hashPassword(wanted), request.telegram.sessionId,
-                              {user.name, "changed the password"});
+    if (newHash.empty()) {
+        throw boardError(ERROR_BOARD_FAILURE, "cannot hash the password", 0, ACTION_STATE);
+    }
+    m_sessions.changePassword(change.user, newHash, request.telegram.sessionId,
+                              {change.user, "changed the password"});
     return Reply::make(request.type, answerFor(user, request));
 }
 

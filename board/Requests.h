@@ -21,15 +21,16 @@ struct Request {
 
 /// Carries requests out.
 ///
-/// Login takes two steps, because checking a password is slow: beginLogin() says what is to be
-/// checked, endLogin() takes the verdict.
+/// Requests with a password take two steps, because checking one is slow: beginPasswordCheck() says
+/// what is to be checked, endPasswordCheck() takes the verdict.
 class Requests {
 public:
-    struct Login {
+    struct PasswordCheck {
         std::string user;
         std::string password;
-        std::string address;
-        std::string hash;  ///< what the password must match
+        std::string hash;         ///< what the password must match
+        std::string address;      ///< where a login comes from
+        std::string newPassword;  ///< what a password is changed to
     };
 
     /// `state` and `sessions` must outlive this.
@@ -38,12 +39,19 @@ public:
     /// True when a payload follows the telegram of such a request.
     static bool hasPayload(std::uint32_t type);
 
-    /// Carries out any request but a login. What goes wrong is in the reply.
+    /// True for a login and for a change of password.
+    static bool isPasswordChecked(std::uint32_t type);
+
+    /// Carries out any other request. What goes wrong is in the reply.
     Reply handle(const Request& request);
 
-    /// Throws PException for a payload that is not a login record, and when the state fails.
-    Login beginLogin(const Request& request);
-    Reply endLogin(const Request& request, const Login& login, bool matches);
+    /// Throws PException for a request that is refused before its password is looked at, and when
+    /// the state fails.
+    PasswordCheck beginPasswordCheck(const Request& request);
+
+    /// `newHash` is that of the new password, if there is one and the password matches.
+    Reply endPasswordCheck(const Request& request, const PasswordCheck& check, bool matches,
+                           const std::string& newHash);
 
 private:
     Reply dispatch(const Request& request);
@@ -53,8 +61,11 @@ private:
     Reply getUserInfo(const Request& request);
     Reply accessItem(const Request& request);
     Reply readPublicItem(const Request& request);
-    Reply changePassword(const Request& request, const User& user);
-    Reply openSession(const Request& request, const Login& login, bool matches);
+    PasswordCheck beginLogin(const Request& request);
+    PasswordCheck beginPasswordChange(const Request& request);
+    Reply openSession(const Request& request, const PasswordCheck& login, bool matches);
+    Reply changePassword(const Request& request, const PasswordCheck& change, bool matches,
+                         const std::string& newHash);
 
     User requireUser(const Request& request, bool renew = true);
 

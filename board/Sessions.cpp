@@ -50,9 +50,9 @@ Sessions::Sessions(BoardState& state, std::chrono::seconds timeout)
 }
 
 std::string Sessions::open(const std::string& user, const Event& event) {
-    makeRoom(user);
     std::string id = randomId();
     m_state.addSession({id, user, std::chrono::system_clock::now()}, event);
+    makeRoom(user);
     m_sessions[id] = {user, Clock::now(), false};
     return id;
 }

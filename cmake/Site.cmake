@@ -5,6 +5,9 @@ set(ORVGUI_STAGE_SKELETONS ${ORVGUI_STAGE}/usr/local/www/skel)
 set(ORVGUI_STAGE_PAGES ${ORVGUI_STAGE}/usr/local/www/htdocs)
 set(ORVGUI_STAGE_CATALOGUES ${ORVGUI_STAGE}/etc/orv/trace)
 
+# Where the back-end daemon's socket lies.
+file(MAKE_DIRECTORY ${ORVGUI_STAGE}/var/run)
+
 # Lays FILES of the source tree into FOLDER of the site whenever they change.
 function(orvgui_stage target folder)
     set(staged)

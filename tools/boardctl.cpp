@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <iomanip>
 #include <iostream>
@@ -62,19 +63,33 @@ private:
     std::vector<unsigned char> m_bytes;
 };
 
+/// The terminal as it was before its echo went off, for a signal handler.
+termios shownTerminal;
+
+extern "C" void restoreTerminal(int signal) {
+    tcsetattr(STDIN_FILENO, TCSAFLUSH, &shownTerminal);
+    raise(signal);  // delivered, by now with its default effect, when the handler returns
+}
+
 /// Keeps the terminal from showing what is typed while the object lives.
 class EchoOff {
 public:
-    EchoOff() : m_terminal(tcgetattr(STDIN_FILENO, &m_before) == 0) {
+    EchoOff() : m_terminal(tcgetattr(STDIN_FILENO, &shownTerminal) == 0) {
         if (m_terminal) {
-            termios silent = m_before;
+            struct sigaction action {};
+            action.sa_handler = restoreTerminal;
+            action.sa_flags = static_cast<int>(SA_RESETHAND);
+            for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
+                sigaction(signal, &action, nullptr);
+            }
+            termios silent = shownTerminal;
             silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
             tcsetattr(STDIN_FILENO, TCSAFLUSH, &silent);
         }
     }
     ~EchoOff() {
         if (m_terminal) {
-            tcsetattr(STDIN_FILENO, TCSAFLUSH, &m_before);
+            tcsetattr(STDIN_FILENO, TCSAFLUSH, &shownTerminal);
         }
     }
     EchoOff(const EchoOff&) = delete;
@@ -83,7 +98,6 @@ public:
     bool isTerminal() const { return m_terminal; }
 
 private:
-    termios m_before{};
     bool m_terminal;
 };
 
@@ -93,7 +107,10 @@ std::string readPassword() {
         std::cerr << "Password: ";
     }
     std::string password;
-    std::getline(std::cin, password);
+    if (!std::getline(std::cin, password)) {
+        std::cerr << "boardctl: no password came from standard input\n";
+        throw UsageError();
+    }
     if (silence.isTerminal()) {
         std::cerr << '\n';
     }

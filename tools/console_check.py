@@ -1,9 +1,12 @@
 """Uses the console as a user would and says what it saw."""
 
 import hashlib
+import http.client
 import random
+import subprocess
 
 from console_client import ConsoleClient
+from console_site import SiteError
 
 INSPECTOR = "/common/request.cgi"
 REFRESH = "/network/orv_refresh_set.cgi"
@@ -110,7 +113,8 @@ def run_checks(site):
         check_settings(site, client)
         check_faults(site, client)
         check_end(client)
-    except (CheckFailed, OSError) as failure:
+    except (CheckFailed, OSError, ValueError, http.client.HTTPException, SiteError,
+            subprocess.CalledProcessError) as failure:
         print(f"FAILED: {failure}")
         return False
     print("everything as it should be")

@@ -7,8 +7,8 @@ import shutil
 import socket
 import subprocess
 import time
-import urllib.error
-import urllib.request
+
+from console_client import ConsoleClient
 
 PROJECT = pathlib.Path(__file__).resolve().parent.parent
 START_LIMIT_SECONDS = 10
@@ -25,14 +25,14 @@ def free_port():
         return probe.getsockname()[1]
 
 
-def is_port_free(port):
+def require_port(port):
     with socket.socket() as probe:
         probe.setsockopt(socket.SOL_SOCKET, socket.SO_REUSEADDR, 1)
         try:
             probe.bind(("127.0.0.1", port))
-        except OSError:
-            return False
-    return True
+        except OSError as error:
+            raise SiteError(f"port {port} cannot be used ({error.strerror}):"
+                            " choose another one with --port") from None
 
 
 class ConsoleSite(contextlib.AbstractContextManager):
@@ -58,12 +58,14 @@ class ConsoleSite(contextlib.AbstractContextManager):
         self._board = None
 
     def __enter__(self):
-        if not is_port_free(self.port):
-            raise SiteError(f"port {self.port} is in use: choose another one with --port")
-        self.run.mkdir(parents=True, exist_ok=True)
+        require_port(self.port)
         try:
+            self.run.mkdir(parents=True, exist_ok=True)
             self.start_board(*self.board_options)
             self._start_web_server()
+        except OSError as error:
+            self.stop()
+            raise SiteError(f"{error.filename}: {error.strerror}") from error
         except BaseException:
             self.stop()
             raise
@@ -148,7 +150,7 @@ class ConsoleSite(contextlib.AbstractContextManager):
 
     def _answers(self):
         try:
-            urllib.request.urlopen(self.url + "/default.css", timeout=START_LIMIT_SECONDS).close()
-        except (urllib.error.URLError, OSError):
+            ConsoleClient(self.url).get("/default.css")
+        except OSError:
             return False
         return True

@@ -5,6 +5,7 @@ import pathlib
 import shutil
 import signal
 import sys
+import tempfile
 
 from console_check import run_checks
 from console_site import ConsoleSite, SiteError
@@ -43,27 +44,45 @@ def serve(site):
     raise SiteError(f"a server ended by itself ({ended}): see the logs in {site.run}")
 
 
+def check(build, port, faults):
+    """A check starts from a new board; what somebody set in the console stays."""
+    environment = {"ORV_IPC_TIMEOUT_MS": CHECK_TIME_LIMIT_MS}
+    run = tempfile.mkdtemp(prefix="check-", dir=build)
+    with ConsoleSite(build, run, port, environment, faults) as site:
+        passed = run_checks(site)
+    if passed:
+        shutil.rmtree(run)
+    else:
+        print(f"the logs are in {run}")
+    return 0 if passed else 1
+
+
+def stop(number, _):
+    raise Stopped(number)
+
+
+class Stopped(Exception):
+    pass
+
+
 def main():
     arguments = parse_arguments()
-    port = arguments.port or (0 if arguments.check else DEFAULT_PORT)
-    # A check starts from a new board; what somebody set in the console stays.
-    run = pathlib.Path(arguments.build) / ("check" if arguments.check else "run")
-    if arguments.check:
-        shutil.rmtree(run, ignore_errors=True)
-    signal.signal(signal.SIGTERM, lambda *_: sys.exit(0))
+    faults = [word for fault in arguments.fault for word in ("--fault", fault)]
+    for number in (signal.SIGINT, signal.SIGTERM):
+        signal.signal(number, stop)
     try:
-        environment = {"ORV_IPC_TIMEOUT_MS": CHECK_TIME_LIMIT_MS} if arguments.check else {}
-        faults = [word for fault in arguments.fault for word in ("--fault", fault)]
-        with ConsoleSite(arguments.build, run, port, environment, faults) as site:
-            if arguments.check:
-                return 0 if run_checks(site) else 1
+        if arguments.check:
+            return check(arguments.build, arguments.port or 0, faults)
+        run = pathlib.Path(arguments.build) / "run"
+        with ConsoleSite(arguments.build, run, arguments.port or DEFAULT_PORT,
+                         board_options=faults) as site:
             serve(site)
     except SiteError as problem:
         print(f"run: {problem}", file=sys.stderr)
-        return 1
-    except KeyboardInterrupt:
+    except Stopped as signal_number:
         print("\nstopped")
-    return 0
+        return 128 + signal_number.args[0] if arguments.check else 0
+    return 1
 
 
 sys.exit(main())

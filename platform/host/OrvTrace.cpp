@@ -3,11 +3,13 @@
 #include <sys/time.h>
 #include <unistd.h>
 
+#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
 
 #include "TraceSink.h"
+#include "common/ParseNumber.h"
 
 namespace ORVLib::trace {
 
@@ -17,7 +19,7 @@ TraceSink traceSink = nullptr;
 
 int highestLevel() {
     const char* const level = std::getenv("ORV_TRACE_LEVEL");
-    return level != nullptr ? std::atoi(level) : 0;
+    return parseNumber(level != nullptr ? level : "", 0, INT_MAX).value_or(0);
 }
 
 bool isControl(unsigned char byte) {

@@ -343,6 +343,7 @@ class BoardTest(unittest.TestCase):
             self.assertRefused(BAD_REQUEST, change, b"guest-pass", unfit)
         self.assertRefused(BAD_REQUEST, self.put, OWN_PASSWORD, own, b"short")
         self.assertRefused(NOT_AUTHORISED, self.get, OWN_PASSWORD, own)
+        self.assertRefused(NOT_AUTHORISED, self.ask, OWN_PASSWORD | EXCHANGE, own, bytes(72))
         self.check(other)
         change(b"guest-pass", b"new one")
         self.assertRefused(NO_SESSION, self.check, other)
