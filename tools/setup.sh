@@ -5,7 +5,7 @@ BUILD_PACKAGES="cmake g++ libc-bin libcrypt-dev libsqlite3-dev lighttpd ninja-bu
 TEST_PACKAGES="clang-format clang-tidy libgtest-dev"
 
 fail() {
-    printf '%s: %s\n' "$(basename "$0")" "$1" >&2
+    printf '%s: %s\n' "${0##*/}" "$1" >&2
     exit 1
 }
 
