@@ -24,15 +24,15 @@ namespace {
 constexpr int DEFAULT_TIME_LIMIT_MS = 10 * 1000;
 constexpr int LONGEST_TIME_LIMIT_MS = 3600 * 1000;
 
-// ORV_IPC_TIMEOUT_MS, the milliseconds one operation may wait, or 10 seconds.
+// ORV_IPC_TIMEOUT_MS, the milliseconds an exchange may take, or 10 seconds.
 int getTimeLimit() {
     const char* const chosen = std::getenv("ORV_IPC_TIMEOUT_MS");
     return parseNumber(chosen != nullptr ? chosen : "", 1, LONGEST_TIME_LIMIT_MS)
         .value_or(DEFAULT_TIME_LIMIT_MS);
 }
 
-/// The end of what one operation may take, so that a peer that sends a byte now and then does not
-/// hold it up for ever.
+/// The end of what the exchange over one connection may take, so that a peer that sends a byte now
+/// and then does not hold it up for ever.
 class Deadline {
 public:
     explicit Deadline(int limitMs) : m_end(Clock::now() + std::chrono::milliseconds(limitMs)) {}
@@ -68,8 +68,8 @@ private:
 
 class SocketConnection : public IPCConnection {
 public:
-    SocketConnection(FileDescriptor socket, int limitMs)
-        : m_stream(std::move(socket)), m_limitMs(limitMs) {}
+    SocketConnection(FileDescriptor socket, const Deadline& deadline)
+        : m_stream(std::move(socket)), m_deadline(deadline) {}
 
     void sendRequest(int type, const void* data, int length) override {
         if (length < 0 || length > MAX_PAYLOAD_SIZE) {
@@ -79,15 +79,13 @@ public:
             throw PException(1, 3, 1, 2, ERROR_BROKEN, 20010, "IPCConnection::sendRequest", "data",
                              0, 0, 0, 0, 0, 0);
         }
-        const Deadline deadline(m_limitMs);
         m_stream.queue(frameMessage(type, data, static_cast<std::size_t>(length)));
         while (!m_stream.send()) {
-            deadline.wait(m_stream.getDescriptor(), POLLOUT, "IPCConnection::sendRequest");
+            m_deadline.wait(m_stream.getDescriptor(), POLLOUT, "IPCConnection::sendRequest");
         }
     }
 
     int getNextRequestSize(bool wait) override {
-        const Deadline deadline(m_limitMs);
         while (!m_stream.hasHeader()) {
             if (receiveSome("IPCConnection::getNextRequestSize")) {
                 continue;
@@ -95,16 +93,15 @@ public:
             if (!wait && m_stream.isEmpty()) {
                 return 0;
             }
-            deadline.wait(m_stream.getDescriptor(), POLLIN, "IPCConnection::getNextRequestSize");
+            m_deadline.wait(m_stream.getDescriptor(), POLLIN, "IPCConnection::getNextRequestSize");
         }
         return m_stream.getNextLength();
     }
 
     int receiveRequest(int& type, void* buffer, int size) override {
-        const Deadline deadline(m_limitMs);
         while (!m_stream.hasMessage()) {
             if (!receiveSome("IPCConnection::receiveRequest")) {
-                deadline.wait(m_stream.getDescriptor(), POLLIN, "IPCConnection::receiveRequest");
+                m_deadline.wait(m_stream.getDescriptor(), POLLIN, "IPCConnection::receiveRequest");
             }
         }
         const int length = m_stream.getNextLength();
@@ -130,7 +127,7 @@ private:
     }
 
     MessageStream m_stream;
-    int m_limitMs;
+    Deadline m_deadline;
 };
 
 constexpr const char* CONNECT = "IPCClient::getNewConnection";
@@ -146,8 +143,7 @@ void limitConnect(int descriptor, int remainingMs) {
     }
 }
 
-void connectTo(int descriptor, const sockaddr_un& address, int limitMs) {
-    const Deadline deadline(limitMs);
+void connectTo(int descriptor, const sockaddr_un& address, const Deadline& deadline) {
     while (true) {
         limitConnect(descriptor, deadline.getRemaining(CONNECT));
         if (::connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) ==
@@ -175,12 +171,12 @@ IPCConnection* IPCClient::getNewConnection(int /*clientEndpoint*/, int /*daemonE
     if (!socket.isOpen()) {
         throw systemError(ERROR_CANNOT_CONNECT, CONNECT, errno);
     }
-    const int limitMs = getTimeLimit();
-    connectTo(socket.get(), address, limitMs);
+    const Deadline deadline(getTimeLimit());
+    connectTo(socket.get(), address, deadline);
     if (::fcntl(socket.get(), F_SETFL, O_NONBLOCK) != 0) {
         throw systemError(ERROR_CANNOT_CONNECT, CONNECT, errno);
     }
-    return std::make_unique<SocketConnection>(std::move(socket), limitMs).release();
+    return std::make_unique<SocketConnection>(std::move(socket), deadline).release();
 }
 
 }  // namespace ORVLib::ORVIpc

@@ -31,7 +31,7 @@ FileDescriptor lockPath(const std::string& path) {
     const std::string lockPath = path + ".lock";
     FileDescriptor lock(::open(lockPath.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
     if (!lock.isOpen()) {
-        refuse("cannot open " + lockPath, errno);
+        refuse("cannot open " + lockPath + " (make its folder, or choose another socket)", errno);
     }
     if (::flock(lock.get(), LOCK_EX | LOCK_NB) != 0) {
         if (errno == EWOULDBLOCK) {

@@ -28,7 +28,7 @@ void JsFunction::addArray(const std::string& name, const std::vector<std::string
     std::string line = name + " = new Array(";
     const char* separator = "";
     for (const std::string& value : values) {
-        line.append(separator).append("\"").append(value.c_str()).append("\"");
+        line.append(separator).append("\"").append(value, 0, value.find('\0')).append("\"");
         separator = ", ";
     }
     m_lines.push_back(line + ");");

@@ -1,5 +1,6 @@
 #include "gui/MenuData.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace ORVLib::Gui {
@@ -32,7 +33,7 @@ const char* nameOf(int menu, int column, int variant) {
 const char* MenuData::getTopMenuName(int menu, int variant, char* out) {
     const char* const name = nameOf(menu, SHORT_NAME, variant);
     if (out != nullptr) {
-        std::memcpy(out, name, std::strlen(name));
+        std::copy_n(name, std::strlen(name), out);
     }
     return name;
 }

@@ -61,6 +61,9 @@ public:
 };
 
 class Main : public testing::Test {
+public:
+    ~Main() override { unsetenv("HTTP_COOKIE"); }
+
 protected:
     Main() {
         std::filesystem::create_directories(SKELETONS);
@@ -71,8 +74,6 @@ protected:
         unsetenv("HTTP_COOKIE");
         request.get("");
     }
-    ~Main() override { unsetenv("HTTP_COOKIE"); }
-
     static ChildResult run(std::function<int(TestMain&)> work) {
         return inChild([&work] {
             FormInfo form;
