@@ -27,15 +27,26 @@ constexpr int MODULE = 0x903;
 constexpr char PAGE_PATH[] = "/common/request.cgi";
 constexpr char LANGUAGE_FIELD[] = "language";
 
-/// A table of two columns whose cells are texts that printing escapes.
+/// A table of two columns, with or without heads, whose cells are texts that printing escapes.
 class TextTable : public HTMLComponent {
 public:
+    TextTable() = default;
+    TextTable(const std::string& nameHead, const std::string& valueHead)
+        : m_nameHead(nameHead), m_valueHead(valueHead) {}
+
     void addRow(const std::string& head, const std::string& text) {
         m_rows.emplace_back(head, text);
     }
 
     void printHTML() const override {
         std::cout << "<table>\n";
+        if (!m_nameHead.empty()) {
+            std::cout << "<tr><th scope=\"col\">";
+            TextString(m_nameHead).printHTML();
+            std::cout << "</th><th scope=\"col\">";
+            TextString(m_valueHead).printHTML();
+            std::cout << "</th></tr>\n";
+        }
         for (const auto& [head, text] : m_rows) {
             std::cout << "<tr><th scope=\"row\">";
             head.printHTML();
@@ -49,6 +60,8 @@ public:
     bool isError() const override { return false; }
 
 private:
+    std::string m_nameHead;
+    std::string m_valueHead;
     std::vector<std::pair<TextString, TextString>> m_rows;
 };
 
@@ -96,7 +109,8 @@ std::unique_ptr<HTMLComponent> fieldTable(const FormInfo& form, MessageMgr& mess
     if (form.getFields().empty()) {
         return std::make_unique<TextString>(messages.getString(Console::TEXT_NO_FIELDS));
     }
-    auto table = std::make_unique<TextTable>();
+    auto table = std::make_unique<TextTable>(messages.getString(Console::TEXT_NAME),
+                                             messages.getString(Console::TEXT_VALUE));
     for (const auto& [name, value] : form.getFields()) {
         table->addRow(visible(name), visible(value));
     }
