@@ -15,10 +15,9 @@ CHECK_TIME_LIMIT_MS = 1000  # how long pages wait for a board that is told to be
 
 
 def port_number(text):
-    port = int(text)
-    if not 0 < port < 65536:
-        raise argparse.ArgumentTypeError(f"{port} is no port: give one from 1 to 65535")
-    return port
+    if not (text.isascii() and text.isdigit() and 0 < int(text) < 65536):
+        raise argparse.ArgumentTypeError(f"{text} is no port: give one from 1 to 65535")
+    return int(text)
 
 
 def parse_arguments():
@@ -29,6 +28,7 @@ def parse_arguments():
                         help="fetch the main pages, print what came, stop, exit 0 or 1")
     parser.add_argument("--fault", action="append", default=[], metavar="PROCEDURE:KIND",
                         help="let the board do an operation wrong; see docs/board.md")
+    parser.add_argument("--parse-only", action="store_true", help=argparse.SUPPRESS)
     parser.add_argument("--build", required=True, help=argparse.SUPPRESS)
     return parser.parse_args()
 
@@ -67,6 +67,8 @@ class Stopped(Exception):
 
 def main():
     arguments = parse_arguments()
+    if arguments.parse_only:
+        return 0
     faults = [word for fault in arguments.fault for word in ("--fault", fault)]
     for number in (signal.SIGINT, signal.SIGTERM):
         signal.signal(number, stop)

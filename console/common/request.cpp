@@ -65,15 +65,21 @@ private:
     std::vector<std::pair<TextString, TextString>> m_rows;
 };
 
+void appendHex(std::string& text, unsigned char byte) {
+    constexpr char DIGITS[] = "0123456789abcdef";
+    text += DIGITS[byte >> 4];
+    text += DIGITS[byte & 0xf];
+}
+
 /// Control characters in a form that can be seen.
 std::string visible(const std::string& text) {
-    constexpr char DIGITS[] = "0123456789abcdef";
     std::string result;
     result.reserve(text.size());
     for (const char character : text) {
         const auto byte = static_cast<unsigned char>(character);
         if (byte < 0x20 || byte == 0x7f) {
-            result.append("\\x").append(1, DIGITS[byte >> 4]).append(1, DIGITS[byte & 0xf]);
+            result += "\\x";
+            appendHex(result, byte);
         } else {
             result += character;
         }
@@ -99,8 +105,7 @@ std::string digestOf(const std::string& path) {
     sha256_digest(&context, digest.size(), digest.data());
     std::string text;
     for (const std::uint8_t byte : digest) {
-        constexpr char DIGITS[] = "0123456789abcdef";
-        text.append(1, DIGITS[byte >> 4]).append(1, DIGITS[byte & 0xf]);
+        appendHex(text, byte);
     }
     return text;
 }

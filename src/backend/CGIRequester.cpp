@@ -34,20 +34,8 @@ enum Detail { CANNOT_SERIALIZE = 0x401, OUT_OF_PROTOCOL = 0x402, WRONG_SIZE = 0x
 PException exchangeException(Detail detail, Log::LogText text, const char* where,
                              const PException::Argument& what,
                              const PException::Argument& expected = 0) {
-    return {Log::CATEGORY,
-            Log::SUB_CATEGORY,
-            Log::REQUESTER,
-            ACTION_CODE,
-            detail,
-            text,
-            where,
-            what,
-            expected,
-            0,
-            0,
-            0,
-            0,
-            0};
+    return PException(Log::CATEGORY, Log::SUB_CATEGORY, Log::REQUESTER, ACTION_CODE, detail, text,
+                      where, what, expected, 0, 0, 0, 0, 0);
 }
 
 /// The payload of a login.

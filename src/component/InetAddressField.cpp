@@ -2,6 +2,7 @@
 
 #include "component/Validation.h"
 #include "gui/IPAddressField.h"
+#include "message/Tokens.h"
 
 namespace ORVLib::Gui {
 
@@ -11,14 +12,13 @@ namespace {
 bool isBadDottedNumber(const std::string& text) {
     IPAddressField address("");
     int count = 0;
-    std::size_t start = text.find_first_not_of('.');
-    while (start != std::string::npos) {
+    std::string_view rest(text);
+    std::string_view piece;
+    while (takeToken(rest, '.', piece)) {
         if (count == IPAddressField::ADDR_BYTE_SIZE) {
             return true;
         }
-        const std::size_t end = text.find('.', start);
-        address.setAddress(count++, text.substr(start, end - start));
-        start = text.find_first_not_of('.', end);
+        address.setAddress(count++, std::string(piece));
     }
     return address.isError();
 }

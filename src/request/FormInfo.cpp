@@ -15,6 +15,7 @@
 #include "gui/IPAddressField.h"
 #include "message/Log.h"
 #include "message/Numbers.h"
+#include "message/Tokens.h"
 #include "orv/PException.h"
 
 // The request as a whole and URL-encoded bodies; multipart bodies are in FormInfoUpload.cpp.
@@ -30,20 +31,8 @@ constexpr int READ_ACTION_CODE = 1;
 constexpr int READ_EXCEPTION_DETAIL = 1043;
 
 PException readException(Log::LogText text, const char* operation, int error) {
-    return {Log::CATEGORY,
-            Log::SUB_CATEGORY,
-            Log::FORM_INFO,
-            READ_ACTION_CODE,
-            READ_EXCEPTION_DETAIL,
-            text,
-            operation,
-            error,
-            0,
-            0,
-            0,
-            0,
-            0,
-            0};
+    return PException(Log::CATEGORY, Log::SUB_CATEGORY, Log::FORM_INFO, READ_ACTION_CODE,
+                      READ_EXCEPTION_DETAIL, text, operation, error, 0, 0, 0, 0, 0, 0);
 }
 
 /// As getenv(), with an entry in the trace log, which names the variable, when it is not set.
@@ -54,19 +43,6 @@ const char* getenvLogged(const char* name, const char* logged) {
         Log::putText(trace, Log::ERROR_LEVEL, Log::NOT_AVAILABLE, logged);
     }
     return value;
-}
-
-/// Takes the next token off the front of `rest`. Runs of delimiters count as one, and those in
-/// front are skipped. Returns false when nothing but delimiters is left.
-bool takeToken(std::string_view& rest, char delimiter, std::string_view& token) {
-    const std::size_t start = rest.find_first_not_of(delimiter);
-    if (start == std::string_view::npos) {
-        return false;
-    }
-    rest.remove_prefix(start);
-    token = rest.substr(0, rest.find(delimiter));
-    rest.remove_prefix(token.size());
-    return true;
 }
 
 int hexDigit(char character) {
