@@ -9,6 +9,7 @@
 #include "gui/TextField.h"
 #include "gui/TextString.h"
 #include "shared/Board.h"
+#include "shared/Functions.h"
 #include "shared/OuterPage.h"
 #include "shared/PageMain.h"
 #include "shared/Program.h"
@@ -21,7 +22,6 @@ namespace {
 
 constexpr int MODULE = 0x900;
 constexpr int LONGEST_NAME = 32;
-constexpr char FIRST_PAGE[] = "/network/orv_refresh_set.cgi";
 
 class LoginMain : public Console::PageMain {
 public:
@@ -91,7 +91,7 @@ private:
     void leadIntoConsole() {
         Console::putSessionCookie(*m_page, m_sessionId);
         HTMLMapUtil::insertIntoMap(m_page->getMap(), "meta_refresh",
-                                   std::make_unique<MetaTag>("Refresh", "0", FIRST_PAGE));
+                                   std::make_unique<MetaTag>("Refresh", "0", Console::FRAME_PATH));
         m_page->getGenerator().printHTML();
     }
 

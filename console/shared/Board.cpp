@@ -1,11 +1,26 @@
 #include "shared/Board.h"
 
+#include <algorithm>
+
 #include "gui/BackendNumbers.h"
 #include "orv/PException.h"
 
 using ORVLib::Gui::CGIRequester;
 
 namespace Console {
+
+namespace {
+
+constexpr int ERROR_DAMAGED_ANSWER = 1026;
+
+const Record& whole(const Record& record) {
+    if (record.isDamaged()) {
+        throw ORVLib::PException(1, 2, 0, 0, ERROR_DAMAGED_ANSWER, 0, 0, 0, 0, 0, 0, 0, 0, 0);
+    }
+    return record;
+}
+
+}  // namespace
 
 void failWith(const CGIRequester& requester) {
     throw ORVLib::PException(1, 2, 0, requester.getActionCode(),
@@ -29,6 +44,44 @@ void writeNumber(CGIRequester& requester, unsigned int item, std::uint32_t numbe
     if (requester.setInfo(item | ORVLib::Gui::ITEM_WRITE, sizeof bytes, bytes) == 0) {
         failWith(requester);
     }
+}
+
+std::string readUserName(CGIRequester& requester) {
+    constexpr std::size_t NAME_SIZE = 36;
+    constexpr std::size_t SIZE = NAME_SIZE + 4;
+    char bytes[SIZE];
+    if (requester.getInfo(ITEM_USER_INFORMATION, bytes, SIZE) == 0) {
+        failWith(requester);
+    }
+    return {bytes, std::find(bytes, bytes + NAME_SIZE, '\0')};
+}
+
+Record readRecord(CGIRequester& requester, unsigned int item) {
+    Record record;
+    if (requester.getInfo(item, record) == 0) {
+        failWith(requester);
+    }
+    return whole(record);
+}
+
+Record askRecord(CGIRequester& requester, unsigned int item, const Record& question) {
+    Record answer;
+    if (requester.getInfo(item | ORVLib::Gui::ITEM_EXCHANGE, question, answer) == 0) {
+        failWith(requester);
+    }
+    return whole(answer);
+}
+
+unsigned int writeRecord(CGIRequester& requester, unsigned int item, const Record& record,
+                         std::initializer_list<unsigned int> expected) {
+    if (requester.setInfo(item | ORVLib::Gui::ITEM_WRITE, record) != 0) {
+        return 0;
+    }
+    const unsigned int error = requester.getErrorDetail();
+    if (std::find(expected.begin(), expected.end(), error) == expected.end()) {
+        failWith(requester);
+    }
+    return error;
 }
 
 }  // namespace Console

@@ -1,8 +1,7 @@
 #include "shared/ConsoleMain.h"
 
-#include "gui/CGIRequester.h"
-#include "gui/JudgeAuthority.h"
 #include "shared/Board.h"
+#include "shared/Rights.h"
 
 using namespace ORVLib::Gui;
 
@@ -10,11 +9,16 @@ namespace Console {
 
 int ConsoleMain::execMain() {
     getCookie();
-    guiCheckSession(false);
+    guiCheckSession(isSelfRefreshing());
     CGIRequester requester(m_sessionId.c_str());
-    requireRight(requester);
-    beginPage(m_title);
-    printPage(makeBody(requester));
+    beginPage(titleOf(m_function));
+    PageContext context{*m_formInfo, *m_messages, requester, m_authority, m_language};
+    choosePartition(context);
+    requireRight(context);
+    if (isSelfRefreshing()) {
+        setAutoRefresh(*m_page);
+    }
+    printPage(makeBody(context));
     return 0;
 }
 
@@ -22,12 +26,9 @@ void ConsoleMain::errorExit(std::string title, int code) {
     AbstractMain::errorExit(std::move(title), code);
 }
 
-void ConsoleMain::requireRight(CGIRequester& requester) {
-    const JudgeAuthority judge(&m_authority, m_function);
-    const int verdict = judge.preCheckDisplayMode(requester);
-    const bool allowed = verdict == JudgeAuthority::UNDECIDED ? judge.getDisplayMode() != 0
-                                                              : verdict == JudgeAuthority::ALLOWED;
-    if (!allowed) {
+void ConsoleMain::requireRight(const PageContext& context) {
+    if (m_access != Access::ANY_SESSION &&
+        !mayUse(context.requester, m_authority, m_function, context.partition)) {
         errorExit("Error", ERROR_NOT_AUTHORISED);
     }
 }

@@ -3,11 +3,8 @@
 #include <memory>
 
 #include "shared/Functions.h"
+#include "shared/PageContext.h"
 #include "shared/PageMain.h"
-
-namespace ORVLib::Gui {
-class CGIRequester;
-}
 
 namespace Console {
 
@@ -15,23 +12,47 @@ namespace Console {
 /// right to the page's function.
 class ConsoleMain : public PageMain {
 protected:
-    ConsoleMain(ORVLib::Gui::FormInfo& form, Function function, Text title)
-        : PageMain(form, function), m_function(function), m_title(title) {}
+    /// Who may see the page, unless `access` says otherwise, is what the table of rights has for
+    /// `function`. The page's title is the function's.
+    ConsoleMain(ORVLib::Gui::FormInfo& form, Function function, Access access = Access::BY_TABLE)
+        : PageMain(form, function), m_function(function), m_access(access) {}
 
     /// Makes the page's body. Messages, language and rights are the user's by now.
-    virtual std::unique_ptr<ORVLib::Gui::HTMLComponent> makeBody(
-        ORVLib::Gui::CGIRequester& requester) = 0;
+    virtual std::unique_ptr<ORVLib::Gui::HTMLComponent> makeBody(const PageContext& context) = 0;
+
+    /// True for a page that reloads itself: it must not keep its user's session alive.
+    virtual bool isSelfRefreshing() const { return false; }
+
+    /// Fills in the partition of a page that works on one.
+    virtual void choosePartition(PageContext&) {}
 
     /// The error page ends the process: a page never goes on without session or right.
     using AbstractMain::errorExit;
     void errorExit(std::string title, int code) final;
 
+    Function getFunction() const { return m_function; }
+
 private:
     int execMain() override;
-    void requireRight(ORVLib::Gui::CGIRequester& requester);
+    void requireRight(const PageContext& context);
 
     Function m_function;
-    Text m_title;
+    Access m_access;
+};
+
+/// The main object of a page whose body is a settings page: made from a PageContext, shown after
+/// its makePage(). `Page::FUNCTION` says which function it is; it goes by the table of rights.
+template <typename Page, typename Main = ConsoleMain>
+class SettingsMain : public Main {
+public:
+    explicit SettingsMain(ORVLib::Gui::FormInfo& form) : Main(form, Page::FUNCTION) {}
+
+protected:
+    std::unique_ptr<ORVLib::Gui::HTMLComponent> makeBody(const PageContext& context) override {
+        auto page = std::make_unique<Page>(context);
+        page->makePage();
+        return page;
+    }
 };
 
 }  // namespace Console

@@ -2,20 +2,18 @@
 
 #include "gui/Cookie.h"
 #include "gui/MessageMgr.h"
-#include "gui/TextString.h"
+#include "shared/Components.h"
 
 using namespace ORVLib::Gui;
 
 namespace Console {
 
 void putText(ComponentMap& map, const std::string& marker, const std::string& text) {
-    HTMLMapUtil::insertIntoMap(map, marker, std::make_unique<TextString>(text));
+    HTMLMapUtil::insertIntoMap(map, marker, makeText(text));
 }
 
-void putSentence(ComponentMap& map, const std::string& marker, std::string text) {
-    MessageMgr::convertHTML(text);
-    MessageMgr::convertStr(text, "&nbsp;", " ");
-    HTMLMapUtil::insertIntoMap(map, marker, std::make_unique<TextString>(text, false, true));
+void putSentence(ComponentMap& map, const std::string& marker, const std::string& text) {
+    HTMLMapUtil::insertIntoMap(map, marker, makeSentence(text));
 }
 
 std::string inputValue(std::string text) {

@@ -12,7 +12,8 @@ namespace Console {
 void putText(ORVLib::Gui::ComponentMap& map, const std::string& marker, const std::string& text);
 
 /// As putText(), for sentences: blanks stay as they are, so that lines can wrap.
-void putSentence(ORVLib::Gui::ComponentMap& map, const std::string& marker, std::string text);
+void putSentence(ORVLib::Gui::ComponentMap& map, const std::string& marker,
+                 const std::string& text);
 
 /// A text as the value of an input component, which escapes double quotes alone: what a person
 /// typed stands in the input as it was typed.

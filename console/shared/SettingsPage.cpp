@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <iostream>
 
-#include "gui/DisplayMode.h"
 #include "gui/HTMLPage.h"
 #include "gui/HiddenField.h"
+#include "gui/ORVGUIUtil.h"
 #include "gui/SubmitButton.h"
 #include "gui/TextString.h"
+#include "shared/Components.h"
 #include "shared/OuterPage.h"
+#include "shared/PartitionMain.h"
 
 using namespace ORVLib::Gui;
 
@@ -18,10 +20,25 @@ namespace {
 
 constexpr char FORM_NAME[] = "form_name";
 constexpr char BACK[] = "back";
+constexpr int SETTINGS_CHANGED = 1;
 
-void printEscaped(const std::string& text) {
-    TextString(text).printHTML();
-}
+/// Hidden fields that a form carries on.
+class CarriedFields : public HTMLComponent {
+public:
+    explicit CarriedFields(const std::vector<std::pair<std::string, std::string>>& fields)
+        : m_fields(fields) {}
+
+    void printHTML() const override {
+        for (const auto& [name, value] : m_fields) {
+            HiddenField(name, inputValue(value)).printHTML();
+        }
+    }
+
+    bool isError() const override { return false; }
+
+private:
+    const std::vector<std::pair<std::string, std::string>>& m_fields;
+};
 
 }  // namespace
 
@@ -34,41 +51,47 @@ public:
 
     void printHTML() const override {
         for (const Entry& entry : m_entries) {
-            std::cout << (entry.wrong ? "<p class=\"entry wrong\">" : "<p class=\"entry\">");
+            if (!entry.heading.empty()) {
+                std::cout << "<h2>";
+                TextString(entry.heading).printHTML();
+                std::cout << "</h2>\n";
+            }
             if (m_editable) {
                 printInput(entry);
             } else {
                 printValue(entry);
             }
-            std::cout << "</p>\n";
         }
     }
 
     bool isError() const override { return false; }
 
 private:
-    void printLabel(const Entry& entry) const {
-        std::cout << "<span class=\"label\">";
-        printEscaped(m_messages.getString(entry.label));
-        std::cout << "</span> ";
-    }
-
+    // A label stands for one input; boxes and buttons that belong together are a field set.
     void printInput(const Entry& entry) const {
-        std::cout << "<label>";
-        printLabel(entry);
-        entry.component->printHTML();
-        std::cout << "</label>";
+        const bool isGroup = entry.input->isGroup();
+        std::cout << (isGroup ? "<fieldset class=\"entry" : "<p class=\"entry")
+                  << (entry.wrong ? " wrong\">" : "\">")
+                  << (isGroup ? "<legend class=\"label\">" : "<label><span class=\"label\">");
+        TextString(entry.label).printHTML();
+        std::cout << (isGroup ? "</legend> " : "</span> ");
+        entry.input->print();
+        std::cout << (isGroup ? "" : "</label>");
         if (entry.wrong) {
             std::cout << ' ';
-            TextString(m_messages.getString(entry.hint), false, false, TextString::ERROR_COLOUR)
-                .printHTML();
+            makeSentence(m_messages.getString(entry.hint), TextString::ERROR_COLOUR)->printHTML();
         }
+        std::cout << (isGroup ? "</fieldset>\n" : "</p>\n");
     }
 
-    void printValue(const Entry& entry) const {
-        printLabel(entry);
-        printEscaped(entry.input->getValue());
-        HiddenField(entry.input->getName(), inputValue(entry.input->getValue())).printHTML();
+    static void printValue(const Entry& entry) {
+        std::cout << "<p class=\"entry\"><span class=\"label\">";
+        TextString(entry.label).printHTML();
+        std::cout << "</span> <span class=\"value\">";
+        TextString(entry.input->getShownText()).printHTML();
+        std::cout << "</span>";
+        entry.input->printCarried();
+        std::cout << "</p>\n";
     }
 
     const std::vector<Entry>& m_entries;
@@ -76,38 +99,63 @@ private:
     bool m_editable;
 };
 
-SettingsPage::SettingsPage(MessageMgr& messages, const FormInfo& form, int pageId,
-                           const std::string& path, int completion)
-    : CommonDefaultPage(messages, pageId, &m_state, skeletonPath("skeleton_settings.txt")),
-      m_form(form),
-      m_path(path),
-      m_completion(completion),
-      m_step(stepOf(form)),
-      m_state(stateOf(m_step)),
-      m_displayMode(EDIT_MODE) {}
-
-void SettingsPage::setTexts(Text title, Text purpose) {
-    m_title = title;
-    m_purpose = purpose;
-}
-
-void SettingsPage::addEntry(Entry entry) {
-    m_entries.push_back(std::move(entry));
-}
-
-void SettingsPage::mark(const FormComponent& input) {
-    for (Entry& entry : m_entries) {
-        entry.wrong |= entry.input == &input;
+SettingsPage::SettingsPage(const PageContext& context, Function function, Text purpose)
+    : CommonDefaultPage(context.messages, function, &m_state,
+                        skeletonPath("skeleton_settings.txt")),
+      m_context(context),
+      m_function(function),
+      m_purpose(purpose),
+      m_returnPath(ORVGUIUtil::getCGIPath(function)),
+      m_completion(SETTINGS_CHANGED),
+      m_step(stepOf(context.form)),
+      m_state(stateOf(m_step)) {
+    if (context.partition != JudgeAuthority::NO_PARTITION) {
+        carry(PartitionMain::PARTITION_FIELD, std::to_string(context.partition));
+        m_returnPath = partitionPath(function, context.partition);
     }
 }
 
-void SettingsPage::mark(const FormComponent& input, Text hint) {
+SettingsPage::~SettingsPage() = default;
+
+void SettingsPage::addEntry(const std::string& label, Text hint, std::unique_ptr<Input> input) {
+    m_entries.push_back({m_nextHeading, label, hint, std::move(input)});
+    m_nextHeading.clear();
+}
+
+void SettingsPage::addHeading(const std::string& heading) {
+    m_nextHeading = heading;
+}
+
+void SettingsPage::carry(const std::string& name, const std::string& value) {
+    m_carried.emplace_back(name, value);
+}
+
+void SettingsPage::mark(const Input& input) {
+    for (Entry& entry : m_entries) {
+        entry.wrong |= entry.input.get() == &input;
+    }
+}
+
+void SettingsPage::mark(const Input& input, Text hint) {
     mark(input);
     for (Entry& entry : m_entries) {
-        if (entry.input == &input) {
+        if (entry.input.get() == &input) {
             entry.hint = hint;
         }
     }
+}
+
+void SettingsPage::refuse(Text reason) {
+    m_problem = reason;
+    m_refused = true;
+}
+
+std::vector<Input*> SettingsPage::getInputs() const {
+    std::vector<Input*> inputs;
+    for (const Entry& entry : m_entries) {
+        inputs.push_back(entry.input.get());
+    }
+    return inputs;
 }
 
 SettingsPage::Step SettingsPage::stepOf(const FormInfo& form) {
@@ -158,25 +206,22 @@ void SettingsPage::makeConfigPage() {
     if (areInputsValid()) {
         apply();
     }
-    if (isAnyMarked()) {
+    if (isAnyMarked() || m_refused) {
         showForm(true);
-        return;
+    } else {
+        showCompletion();
     }
-    setComplPageItemToMap(getMessages().getString(m_title), "\"location.href='" + m_path + "'\"",
-                          m_completion);
 }
 
 void SettingsPage::readSubmitted() {
     for (Entry& entry : m_entries) {
-        std::string value;
-        m_form.getFormData(entry.input->getName(), value);
-        entry.input->setValue(value);
+        entry.input->submit(m_context.form);
     }
 }
 
 bool SettingsPage::areInputsValid() {
     for (Entry& entry : m_entries) {
-        entry.wrong = entry.component->isError();
+        entry.wrong = entry.input->isError();
     }
     checkInputs();
     return !isAnyMarked();
@@ -193,44 +238,44 @@ void SettingsPage::showForm(bool again) {
     addNextPageItem(isConfirmed() ? &EDITED : &CONFIRMED, false);
     putTexts();
     if (again) {
-        HTMLMapUtil::insertIntoMap(
-            getMap(), "error",
-            std::make_unique<TextString>(getMessages().getString(TEXT_SOME_WRONG), false, false,
-                                         TextString::ERROR_COLOUR));
+        HTMLMapUtil::insertIntoMap(getMap(), "error",
+                                   makeSentence(text(m_problem), TextString::ERROR_COLOUR));
     }
-    HTMLMapUtil::insertIntoMap(getMap(), "entries",
-                               std::make_unique<EntryList>(m_entries, getMessages(), true));
-    putButton("submit", isConfirmed() ? TEXT_NEXT : TEXT_SET);
+    putEntries(true);
+    putButton("submit", isConfirmed() ? TEXT_NEXT : m_applyLabel);
     setError(again);
-    for (Entry& entry : m_entries) {
-        entry.input->setValue(inputValue(entry.input->getValue()));
-    }
 }
 
 void SettingsPage::showConfirmation() {
-    m_displayMode = CONFIRM_MODE;
     addNextPageItem(&m_state, false);
     putTexts();
-    putSentence(getMap(), "notice", getMessages().getString(TEXT_PLEASE_CONFIRM));
-    HTMLMapUtil::insertIntoMap(getMap(), "entries",
-                               std::make_unique<EntryList>(m_entries, getMessages(), false));
-    putButton("submit", TEXT_SET);
+    putSentence(getMap(), "notice", text(TEXT_PLEASE_CONFIRM));
+    putEntries(false);
+    putButton("submit", m_applyLabel);
     putButton(BACK, TEXT_BACK);
 }
 
+void SettingsPage::showCompletion() {
+    setComplPageItemToMap(text(titleOf(m_function)), "\"location.href='" + m_returnPath + "'\"",
+                          m_completion);
+}
+
+void SettingsPage::putEntries(bool editable) {
+    HTMLMapUtil::insertIntoMap(getMap(), "entries",
+                               std::make_unique<EntryList>(m_entries, getMessages(), editable));
+    HTMLMapUtil::insertIntoMap(getMap(), "carried", std::make_unique<CarriedFields>(m_carried));
+}
+
 void SettingsPage::putButton(const std::string& marker, Text label) {
-    HTMLMapUtil::insertIntoMap(
-        getMap(), marker,
-        std::make_unique<SubmitButton>(marker, getMessages().getString(label), FORM_NAME));
+    HTMLMapUtil::insertIntoMap(getMap(), marker,
+                               std::make_unique<SubmitButton>(marker, text(label), FORM_NAME));
 }
 
 void SettingsPage::putTexts() {
-    putText(getMap(), "title", getMessages().getString(m_title));
-    putSentence(getMap(), "purpose", getMessages().getString(m_purpose));
-    putText(getMap(), "path", m_path);
-    putText(getMap(), "refresh_label", getMessages().getString(TEXT_REFRESH));
-    putText(getMap(), "password_label", getMessages().getString(TEXT_CHANGE_PASSWORD));
-    putText(getMap(), "logout_label", getMessages().getString(TEXT_LOGOUT));
+    putText(getMap(), "title", text(titleOf(m_function)));
+    putSentence(getMap(), "purpose", text(m_purpose));
+    putText(getMap(), "path", ORVGUIUtil::getCGIPath(m_function));
+    HTMLMapUtil::insertIntoMap(getMap(), "tabs", makePartitionTabs(m_context, m_function));
 }
 
 }  // namespace Console

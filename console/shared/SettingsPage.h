@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "gui/CommonDefaultPage.h"
-#include "gui/FormComponent.h"
-#include "gui/FormInfo.h"
-#include "shared/Texts.h"
+#include "shared/Functions.h"
+#include "shared/Input.h"
+#include "shared/PageContext.h"
 
 namespace Console {
 
@@ -27,48 +27,71 @@ namespace Console {
 /// A page adds its inputs in its constructor and says how they are read and applied.
 class SettingsPage : public ORVLib::Gui::CommonDefaultPage {
 protected:
-    /// `form` and `messages` are not owned and must outlive the page. `path` is where the page
-    /// lies, `completion` the operator message of its completion page.
-    SettingsPage(ORVLib::Gui::MessageMgr& messages, const ORVLib::Gui::FormInfo& form, int pageId,
-                 const std::string& path, int completion);
+    /// Title and place of the page are the function's; `purpose` says what it is for.
+    SettingsPage(const PageContext& context, Function function, Text purpose);
+    ~SettingsPage() override;
 
     /// Puts the present settings into the inputs.
     virtual void readCurrent() = 0;
 
-    /// Applies the inputs, which are valid. May mark() what only the board can tell to be wrong,
-    /// and throws what ends in the error page.
+    /// Applies the inputs, which are valid. May mark() or refuse() what only the board can tell to
+    /// be wrong, and throws what ends in the error page.
     virtual void apply() = 0;
 
-    /// Marks inputs that are wrong in a way their components cannot tell.
+    /// Marks inputs that are wrong in a way they cannot tell themselves.
     virtual void checkInputs() {}
 
-    /// False for a page whose input must not stand in a page again: its form is applied at once.
+    /// False for a page whose input must not stand in a page again, or which has nothing to look
+    /// at twice: its form is applied at once.
     virtual bool isConfirmed() const { return true; }
 
-    /// What the page says about itself.
-    void setTexts(Text title, Text purpose);
-
     /// Adds an input with its label, and what is shown beside it when it is wrong.
-    template <typename Input>
-    Input& add(Text label, Text hint, std::unique_ptr<Input> input) {
-        Input& added = *input;
-        addEntry({label, hint, &added, std::move(input)});
+    template <typename Kind>
+    Kind& add(const std::string& label, Text hint, std::unique_ptr<Kind> input) {
+        Kind& added = *input;
+        addEntry(label, hint, std::move(input));
         return added;
     }
+    template <typename Kind>
+    Kind& add(Text label, Text hint, std::unique_ptr<Kind> input) {
+        return add(text(label), hint, std::move(input));
+    }
 
-    /// Marks an input as wrong, beside its hint or another one.
-    void mark(const ORVLib::Gui::FormComponent& input);
-    void mark(const ORVLib::Gui::FormComponent& input, Text hint);
+    /// The inputs that are added from here on stand under a heading.
+    void addHeading(const std::string& heading);
 
-    /// For inputs that show themselves as the page is: editable or not.
-    const int* displayMode() const { return &m_displayMode; }
+    /// Adds a field that every form of the page carries on as it is.
+    void carry(const std::string& name, const std::string& value);
+
+    /// Marks an input as wrong, beside its hint or another one. REQUIRES: it was added.
+    void mark(const Input& input);
+    void mark(const Input& input, Text hint);
+
+    /// Says why the input as a whole cannot be applied.
+    void refuse(Text reason);
+
+    /// The operator message of the completion page, and where its button leads.
+    void setCompletion(int messageId) { m_completion = messageId; }
+    void setReturnPath(const std::string& path) { m_returnPath = path; }
+
+    /// What the button that applies is called.
+    void setApplyLabel(Text label) { m_applyLabel = label; }
+
+    /// A catalogue text in the user's language.
+    std::string text(Text number) { return getMessages().getString(number); }
+
+    ORVLib::Gui::CGIRequester& getRequester() const { return m_context.requester; }
+    const PageContext& getContext() const { return m_context; }
+
+    /// All inputs in the order they were added.
+    std::vector<Input*> getInputs() const;
 
 private:
     struct Entry {
-        Text label;
+        std::string heading;
+        std::string label;
         Text hint;
-        ORVLib::Gui::FormComponent* input;
-        std::unique_ptr<ORVLib::Gui::HTMLComponent> component;
+        std::unique_ptr<Input> input;
         bool wrong = false;
     };
     class EntryList;
@@ -85,24 +108,30 @@ private:
     void makeDispPage() final;
     void makeConfigPage() final;
 
-    void addEntry(Entry entry);
+    void addEntry(const std::string& label, Text hint, std::unique_ptr<Input> input);
     void readSubmitted();
     bool areInputsValid();
     bool isAnyMarked() const;
     void showForm(bool again);
     void showConfirmation();
+    void showCompletion();
+    void putEntries(bool editable);
     void putButton(const std::string& marker, Text label);
     void putTexts();
 
-    const ORVLib::Gui::FormInfo& m_form;
-    std::string m_path;
+    PageContext m_context;
+    Function m_function;
+    Text m_purpose;
+    std::string m_returnPath;
     int m_completion;
+    Text m_applyLabel = TEXT_SET;
+    Text m_problem = TEXT_SOME_WRONG;
+    bool m_refused = false;
     Step m_step;
     int m_state;
-    int m_displayMode;
-    Text m_title = TEXT_CONSOLE;
-    Text m_purpose = TEXT_CONSOLE;
+    std::string m_nextHeading;
     std::vector<Entry> m_entries;
+    std::vector<std::pair<std::string, std::string>> m_carried;
 };
 
 }  // namespace Console

@@ -4,9 +4,9 @@
 #include <array>
 
 #include "gui/BackendNumbers.h"
-#include "gui/PasswordField.h"
 #include "shared/Board.h"
 #include "shared/ConsoleMain.h"
+#include "shared/PasswordRule.h"
 #include "shared/Program.h"
 #include "shared/SettingsPage.h"
 
@@ -15,8 +15,6 @@ using namespace ORVLib::Gui;
 namespace {
 
 constexpr int PASSWORD_CHANGED = 2;
-constexpr std::size_t SHORTEST_PASSWORD = 8;
-constexpr std::size_t LONGEST_PASSWORD = 32;
 
 /// The content of the board's item: both passwords, each ended by a NUL.
 class PasswordChange {
@@ -33,24 +31,18 @@ private:
     std::array<unsigned char, SIZE> m_bytes{};
 };
 
-bool isGoodPassword(const std::string& password) {
-    return password.size() >= SHORTEST_PASSWORD && password.size() <= LONGEST_PASSWORD &&
-           std::all_of(password.begin(), password.end(),
-                       [](char character) { return character > ' ' && character <= '~'; });
-}
-
 class PasswordPage : public Console::SettingsPage {
 public:
-    PasswordPage(MessageMgr& messages, const FormInfo& form, CGIRequester& requester)
-        : SettingsPage(messages, form, Console::FUNCTION_CHANGE_PASSWORD, "/user/ch_passwd.cgi",
-                       PASSWORD_CHANGED),
-          m_requester(requester),
+    static constexpr Console::Function FUNCTION = Console::FUNCTION_CHANGE_PASSWORD;
+
+    explicit PasswordPage(const Console::PageContext& context)
+        : SettingsPage(context, FUNCTION, Console::TEXT_CHANGE_PASSWORD_PURPOSE),
           m_present(
               addPassword(Console::TEXT_PRESENT_PASSWORD, Console::TEXT_WRONG_PASSWORD, "present")),
           m_wanted(addPassword(Console::TEXT_NEW_PASSWORD, Console::TEXT_BAD_PASSWORD, "wanted")),
           m_repeated(addPassword(Console::TEXT_REPEATED_PASSWORD, Console::TEXT_PASSWORDS_DIFFER,
                                  "repeated")) {
-        setTexts(Console::TEXT_CHANGE_PASSWORD, Console::TEXT_CHANGE_PASSWORD_PURPOSE);
+        setCompletion(PASSWORD_CHANGED);
     }
 
 protected:
@@ -61,58 +53,42 @@ protected:
     void readCurrent() override {}
 
     void checkInputs() override {
-        if (m_present.getValue().empty() || m_present.getValue().size() > LONGEST_PASSWORD) {
+        if (m_present.isEmpty()) {
             mark(m_present);
         }
-        if (!isGoodPassword(m_wanted.getValue())) {
+        if (!Console::isGoodPassword(m_wanted.getText())) {
             mark(m_wanted);
         }
-        if (m_wanted.getValue() != m_repeated.getValue()) {
+        if (m_wanted.getText() != m_repeated.getText()) {
             mark(m_repeated);
         }
     }
 
     void apply() override {
-        const PasswordChange change(m_present.getValue(), m_wanted.getValue());
-        if (m_requester.setInfo(Console::ITEM_OWN_PASSWORD | ITEM_WRITE, PasswordChange::SIZE,
-                                change.data()) != 0) {
+        const PasswordChange change(m_present.getText(), m_wanted.getText());
+        if (getRequester().setInfo(Console::ITEM_OWN_PASSWORD | ITEM_WRITE, PasswordChange::SIZE,
+                                   change.data()) != 0) {
             return;
         }
-        if (m_requester.getErrorDetail() != Console::ERROR_LOGIN_REFUSED) {
-            Console::failWith(m_requester);
+        if (getRequester().getErrorDetail() != Console::ERROR_LOGIN_REFUSED) {
+            Console::failWith(getRequester());
         }
         mark(m_present);
     }
 
 private:
-    PasswordField& addPassword(Console::Text label, Console::Text hint, const char* name) {
-        constexpr int LENGTH = static_cast<int>(LONGEST_PASSWORD);
-        return add(
-            label, hint,
-            std::make_unique<PasswordField>(name, "", "form_name", LENGTH, LENGTH, displayMode()));
+    Console::PasswordInput& addPassword(Console::Text label, Console::Text hint, const char* name) {
+        return add(label, hint,
+                   std::make_unique<Console::PasswordInput>(name, Console::LONGEST_PASSWORD));
     }
 
-    CGIRequester& m_requester;
-    PasswordField& m_present;
-    PasswordField& m_wanted;
-    PasswordField& m_repeated;
-};
-
-class PasswordMain : public Console::ConsoleMain {
-public:
-    explicit PasswordMain(FormInfo& form)
-        : ConsoleMain(form, Console::FUNCTION_CHANGE_PASSWORD, Console::TEXT_CHANGE_PASSWORD) {}
-
-protected:
-    std::unique_ptr<HTMLComponent> makeBody(CGIRequester& requester) override {
-        auto page = std::make_unique<PasswordPage>(*m_messages, *m_formInfo, requester);
-        page->makePage();
-        return page;
-    }
+    Console::PasswordInput& m_present;
+    Console::PasswordInput& m_wanted;
+    Console::PasswordInput& m_repeated;
 };
 
 }  // namespace
 
 int main() {
-    return Console::runProgram<PasswordMain>();
+    return Console::runProgram<Console::SettingsMain<PasswordPage>>();
 }

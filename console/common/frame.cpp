@@ -1,0 +1,60 @@
+// The console's frameset: information strip, menu and the page of a function.
+
+#include "gui/ORVGUIUtil.h"
+#include "gui/OutlineFramePage.h"
+#include "shared/Board.h"
+#include "shared/Functions.h"
+#include "shared/OuterPage.h"
+#include "shared/PageMain.h"
+#include "shared/Program.h"
+
+using namespace ORVLib::Gui;
+
+namespace {
+
+constexpr int MODULE = 0x905;
+
+class FrameMain : public Console::PageMain {
+public:
+    explicit FrameMain(FormInfo& form) : PageMain(form, MODULE) {}
+
+protected:
+    int execMain() override {
+        getCookie();
+        guiCheckSession(false);
+        m_messages = std::make_unique<MessageMgr>(m_language);
+        auto page = std::make_unique<OutlineFramePage>(m_language, *m_messages);
+        Console::dressPage(*page, m_messages->getString(Console::TEXT_CONSOLE));
+        page->getGenerator().setSkeletonFileName(Console::skeletonPath("skeleton_frame.txt"));
+        lead(*page, wantedFunction());
+        page->createPage();
+        page->getGenerator().printHTML();
+        return 0;
+    }
+
+private:
+    /// What the request asks for. Whether the user may use it is for that page to say.
+    const Console::FunctionEntry& wantedFunction() const {
+        std::string wanted;
+        m_formInfo->getFormData(Console::FUNCTION_FIELD, wanted);
+        for (const Console::FunctionEntry& entry : Console::functionTable()) {
+            if (entry.topMenu != Console::NO_MENU && std::to_string(entry.function) == wanted) {
+                return entry;
+            }
+        }
+        return Console::functionTable().front();
+    }
+
+    void lead(OutlineFramePage& page, const Console::FunctionEntry& entry) {
+        page.setFunctionPath(ORVGUIUtil::getCGIPath(entry.function));
+        page.makeMenuPath(entry.topMenu, entry.function);
+        page.makeInfoPath(Console::topMenuName(entry.topMenu, m_language, *m_messages),
+                          m_messages->getString(entry.title), "");
+    }
+};
+
+}  // namespace
+
+int main() {
+    return Console::runProgram<FrameMain>();
+}

@@ -1,0 +1,57 @@
+// The information strip: where in the menu the user is, who he is, and the way out.
+
+#include "gui/CGIRequester.h"
+#include "shared/Board.h"
+#include "shared/Components.h"
+#include "shared/PageMain.h"
+#include "shared/Program.h"
+#include "shared/SkeletonPart.h"
+
+using namespace ORVLib::Gui;
+
+namespace {
+
+constexpr int MODULE = 0x907;
+
+class InformationMain : public Console::PageMain {
+public:
+    explicit InformationMain(FormInfo& form) : PageMain(form, MODULE) {}
+
+protected:
+    int execMain() override {
+        getCookie();
+        guiCheckSession(false);
+        beginPage(Console::TEXT_CONSOLE);
+        CGIRequester requester(m_sessionId.c_str());
+        auto strip = std::make_unique<Console::SkeletonPart>("skeleton_information.txt");
+        strip->putText("console", m_messages->getString(Console::TEXT_CONSOLE));
+        strip->putText("place", place());
+        strip->putText("user_label", m_messages->getString(Console::TEXT_USER_NAME));
+        strip->putText("user", Console::readUserName(requester));
+        strip->put("logout",
+                   Console::makeLink("/common/logout.cgi",
+                                     m_messages->getString(Console::TEXT_LOGOUT), "_top"));
+        printPage(std::move(strip));
+        return 0;
+    }
+
+private:
+    /// The names that the frameset's address brings, as a path.
+    std::string place() const {
+        std::string path;
+        for (const char* const field : {"menu0", "menu1", "menu2"}) {
+            std::string name;
+            m_formInfo->getFormData(field, name);
+            if (!name.empty()) {
+                path += (path.empty() ? "" : " > ") + name;
+            }
+        }
+        return path;
+    }
+};
+
+}  // namespace
+
+int main() {
+    return Console::runProgram<InformationMain>();
+}

@@ -1,0 +1,81 @@
+#include "shared/Components.h"
+
+#include <iostream>
+
+#include "gui/HyperLink.h"
+#include "shared/PartitionMain.h"
+
+using namespace ORVLib::Gui;
+
+namespace Console {
+
+Component makeText(const std::string& text, int colour) {
+    return std::make_unique<TextString>(text, false, false, colour);
+}
+
+Component makeSentence(std::string text, int colour) {
+    MessageMgr::convertHTML(text);
+    MessageMgr::convertStr(text, "&nbsp;", " ");
+    return std::make_unique<TextString>(text, false, true, colour);
+}
+
+Component makeLink(const std::string& url, const std::string& text, const std::string& target,
+                   const std::string& cssClass) {
+    return std::make_unique<HyperLink>(url, target, cssClass, "", false, makeText(text));
+}
+
+void Sequence::printHTML() const {
+    for (const Component& component : m_components) {
+        component->printHTML();
+        std::cout << '\n';
+    }
+}
+
+Table::Table(std::vector<std::string> headings, std::string nothing)
+    : m_headings(std::move(headings)), m_nothing(std::move(nothing)) {}
+
+void Table::addRow(std::vector<Component> cells) {
+    m_rows.push_back(std::move(cells));
+}
+
+void Table::printHTML() const {
+    if (m_rows.empty()) {
+        std::cout << "<p class=\"nothing\">";
+        makeSentence(m_nothing)->printHTML();
+        std::cout << "</p>\n";
+        return;
+    }
+    std::cout << "<table class=\"list\">\n<thead><tr>";
+    for (const std::string& heading : m_headings) {
+        std::cout << "<th scope=\"col\">";
+        TextString(heading).printHTML();
+        std::cout << "</th>";
+    }
+    std::cout << "</tr></thead>\n<tbody>\n";
+    for (const std::vector<Component>& row : m_rows) {
+        std::cout << "<tr>";
+        for (const Component& cell : row) {
+            std::cout << "<td>";
+            cell->printHTML();
+            std::cout << "</td>";
+        }
+        std::cout << "</tr>\n";
+    }
+    std::cout << "</tbody>\n</table>\n";
+}
+
+Component makePartitionTabs(const PageContext& context, Function function) {
+    auto tabs = std::make_unique<Sequence>();
+    for (const int partition : context.partitions) {
+        tabs->add(makeLink(partitionPath(function, partition),
+                           partitionName(context.messages, partition), "",
+                           partition == context.partition ? "current" : ""));
+    }
+    return tabs;
+}
+
+std::string partitionName(MessageMgr& messages, int partition) {
+    return messages.getString(TEXT_PARTITION) + ' ' + std::to_string(partition);
+}
+
+}  // namespace Console

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "gui/HTMLComponent.h"
+#include "gui/TextString.h"
+#include "shared/Functions.h"
+#include "shared/PageContext.h"
+
+/// What pages are put together from, beyond the library's components.
+namespace Console {
+
+using Component = std::unique_ptr<ORVLib::Gui::HTMLComponent>;
+
+/// A text in one of TextString's colours; its blanks do not break.
+Component makeText(const std::string& text, int colour = ORVLib::Gui::TextString::PLAIN);
+
+/// As makeText(), with blanks at which lines can wrap.
+Component makeSentence(std::string text, int colour = ORVLib::Gui::TextString::PLAIN);
+
+/// A link that shows a text. `target` names a frame; empty for the page's own.
+Component makeLink(const std::string& url, const std::string& text, const std::string& target = "",
+                   const std::string& cssClass = "");
+
+/// Several components, one after the other.
+class Sequence : public ORVLib::Gui::HTMLComponent {
+public:
+    void add(Component component) { m_components.push_back(std::move(component)); }
+
+    void printHTML() const override;
+    bool isError() const override { return false; }
+
+private:
+    std::vector<Component> m_components;
+};
+
+/// A table with a row of headings.
+class Table : public ORVLib::Gui::HTMLComponent {
+public:
+    /// `nothing` is what stands there when there are no rows.
+    Table(std::vector<std::string> headings, std::string nothing);
+
+    /// REQUIRES: a cell for each heading.
+    void addRow(std::vector<Component> cells);
+
+    void printHTML() const override;
+    bool isError() const override { return false; }
+
+private:
+    std::vector<std::string> m_headings;
+    std::string m_nothing;
+    std::vector<std::vector<Component>> m_rows;
+};
+
+/// Links to the page of a function for each partition that the user may choose; nothing for a page
+/// that works on none.
+Component makePartitionTabs(const PageContext& context, Function function);
+
+/// "Partition" and its number, in the user's language.
+std::string partitionName(ORVLib::Gui::MessageMgr& messages, int partition);
+
+}  // namespace Console

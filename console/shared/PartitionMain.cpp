@@ -1,0 +1,56 @@
+#include "shared/PartitionMain.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "gui/ORVGUIUtil.h"
+#include "shared/Board.h"
+#include "shared/Rights.h"
+
+using namespace ORVLib::Gui;
+
+namespace Console {
+
+namespace {
+
+std::vector<int> usablePartitions(const PageContext& context, Function function) {
+    std::vector<int> usable;
+    const Record record = readRecord(context.requester, ITEM_PARTITIONS);
+    RecordReader reader(record);
+    while (!reader.isAtEnd()) {
+        const int partition = std::atoi(reader.next().c_str());
+        reader.next();  // whether it is on
+        if (mayUse(context.requester, context.authority, function, partition)) {
+            usable.push_back(partition);
+        }
+    }
+    return usable;
+}
+
+}  // namespace
+
+void PartitionMain::choosePartition(PageContext& context) {
+    context.partitions = usablePartitions(context, getFunction());
+    if (context.partitions.empty()) {
+        return;  // requireRight() refuses
+    }
+    std::string wanted;
+    if (!m_formInfo->getFormData(PARTITION_FIELD, wanted)) {
+        context.partition = context.partitions.front();
+        return;
+    }
+    for (const int partition : context.partitions) {
+        if (std::to_string(partition) == wanted) {
+            context.partition = partition;
+            return;
+        }
+    }
+    errorExit("Error", ERROR_NOT_AUTHORISED);
+}
+
+std::string partitionPath(Function function, int partition) {
+    return ORVGUIUtil::getCGIPath(function) + '?' + PartitionMain::PARTITION_FIELD + '=' +
+           std::to_string(partition);
+}
+
+}  // namespace Console

@@ -1,0 +1,44 @@
+#include "shared/Record.h"
+
+#include <cstring>
+
+namespace Console {
+
+void Record::add(const std::string& text) {
+    m_texts.emplace_back(text.c_str());
+}
+
+unsigned int Record::getSerialized(unsigned char* buffer, unsigned int size) const {
+    if (size < getSerializedSize()) {
+        return 0;
+    }
+    for (const std::string& text : m_texts) {
+        std::memcpy(buffer, text.c_str(), text.size() + 1);
+        buffer += text.size() + 1;
+    }
+    return getSerializedSize();
+}
+
+unsigned int Record::getSerializedSize() const {
+    std::size_t size = 0;
+    for (const std::string& text : m_texts) {
+        size += text.size() + 1;
+    }
+    return static_cast<unsigned int>(size);
+}
+
+bool Record::setSerialized(const unsigned char* data, unsigned int size) {
+    m_texts.clear();
+    m_damaged = size > 0 && data[size - 1] != 0;
+    if (m_damaged) {
+        return false;
+    }
+    const char* const bytes = reinterpret_cast<const char*>(data);
+    for (unsigned int at = 0; at < size;
+         at += static_cast<unsigned int>(m_texts.back().size()) + 1) {
+        m_texts.emplace_back(bytes + at);
+    }
+    return true;
+}
+
+}  // namespace Console

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "orv/SerializableObject.h"
+
+namespace Console {
+
+/// A list of texts, as the board keeps most of its items: each is ended by a NUL byte. A text
+/// counts up to its first NUL.
+class Record : public ORVLib::SerializableObject {
+public:
+    void add(const std::string& text);
+    const std::vector<std::string>& getTexts() const { return m_texts; }
+
+    unsigned int getSerialized(unsigned char* buffer, unsigned int size) const override;
+    unsigned int getSerializedSize() const override;
+
+    /// Refuses bytes that do not end with a NUL.
+    bool setSerialized(const unsigned char* data, unsigned int size) override;
+
+    /// True when the last bytes set were refused.
+    bool isDamaged() const { return m_damaged; }
+
+private:
+    std::vector<std::string> m_texts;
+    bool m_damaged = false;
+};
+
+/// Goes through the texts of a record. REQUIRES: the record outlives this.
+class RecordReader {
+public:
+    explicit RecordReader(const Record& record) : m_record(record) {}
+
+    bool isAtEnd() const { return m_next >= m_record.getTexts().size(); }
+
+    /// The next text. Throws std::out_of_range behind the last one: the board's answer is not
+    /// what the page was written for.
+    const std::string& next() { return m_record.getTexts().at(m_next++); }
+
+private:
+    const Record& m_record;
+    std::size_t m_next = 0;
+};
+
+}  // namespace Console

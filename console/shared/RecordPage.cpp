@@ -1,0 +1,23 @@
+#include "shared/RecordPage.h"
+
+namespace Console {
+
+void RecordPage::readCurrent() {
+    const Record record = readRecord(getRequester(), m_item);
+    RecordReader reader(record);
+    for (Input* const input : getInputs()) {
+        input->read(reader);
+    }
+}
+
+void RecordPage::apply() {
+    Record record;
+    for (const Input* const input : getInputs()) {
+        input->write(record);
+    }
+    if (writeRecord(getRequester(), m_item, record, {ERROR_BAD_REQUEST}) != 0) {
+        refuse(TEXT_REFUSED_BY_BOARD);
+    }
+}
+
+}  // namespace Console
