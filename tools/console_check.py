@@ -10,6 +10,7 @@ from console_site import SiteError
 
 INSPECTOR = "/common/request.cgi"
 REFRESH = "/network/orv_refresh_set.cgi"
+USERS = ("operator", "staff", "guest", "part", "admin")
 OWN_REFRESH_INTERVAL = "0x02010027"
 UPLOAD_SIZE = 3 * 1024 * 1024
 
@@ -58,6 +59,17 @@ def check_inspector(client):
     digest = hashlib.sha256(content).hexdigest().encode()
     expect(answer.rows().get(b"SHA-256") == digest, "the upload's digest does not match")
     print("    the digest matches what was sent")
+
+
+def check_menu(client):
+    for user in USERS:
+        client.login(user)
+        menu = client.get("/common/menu.cgi?load=1&tid=0&mid=3")
+        functions = menu.body.count(b"/common/frame.cgi?fid=")
+        print(f"Menu of {user}: {functions} functions")
+        expect(functions > 0, f"{user} finds an empty menu")
+        frames = client.get("/common/frame.cgi").body
+        expect(frames.count(b"<frame name=") == 3, "the frameset does not have its three frames")
 
 
 def check_settings(site, client):
@@ -110,6 +122,7 @@ def run_checks(site):
     client = ConsoleClient(site.url)
     try:
         check_inspector(client)
+        check_menu(client)
         check_settings(site, client)
         check_faults(site, client)
         check_end(client)

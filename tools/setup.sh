@@ -3,6 +3,7 @@
 BUILD_PACKAGES="cmake g++ libc-bin libcrypt-dev libsqlite3-dev lighttpd ninja-build nettle-dev
     python3 util-linux"
 TEST_PACKAGES="clang-format clang-tidy libgtest-dev"
+BROWSER_PACKAGES="chromium chromium-driver fonts-dejavu-core fonts-ipafont-gothic python3-selenium"
 
 fail() {
     printf '%s: %s\n' "${0##*/}" "$1" >&2

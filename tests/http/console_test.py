@@ -6,7 +6,7 @@ import unittest
 from console_check import FAULTS
 from site_case import SiteCase
 
-LOGIN, LOGOUT = "/common/login.cgi", "/common/logout.cgi"
+LOGIN, LOGOUT, FRAME = "/common/login.cgi", "/common/logout.cgi", "/common/frame.cgi"
 REFRESH, PASSWORD = "/network/orv_refresh_set.cgi", "/user/ch_passwd.cgi"
 TIMEOUT_SCRIPT = (b"function onLoadFunction(){\ntop.help_close();\ntop.vorpa_close();\n\n"
                   b'window.top.location.href="/common/timeout.cgi";\n}\n')
@@ -35,7 +35,7 @@ class Console(SiteCase):
         answer = self.client.login("admin")
         self.assertRegex(answer.headers["set-cookie"],
                          r"^sid=[\w-]{31}; path=/; HttpOnly; SameSite=Strict$")
-        self.assertIn(b'content="0;URL=%s"' % REFRESH.encode(), answer.body)
+        self.assertIn(b'content="0;URL=%s"' % FRAME.encode(), answer.body)
         first = self.client.session
         self.client.login("admin")
         self.assertNotEqual(first, self.client.session)

@@ -1,0 +1,117 @@
+"""The frameset and its menu: what each user finds there, and what nobody finds another way."""
+
+import re
+import unittest
+
+from browser_case import BrowserCase
+
+READ_ONLY = {3, 64}
+EVERYBODY = {7, 11, 63, 75, 95, 153, 154} | READ_ONLY
+PARTITIONS = {30, 31, 45}
+MAINTENANCE = {100, 104, 108}
+FUNCTIONS = {
+    "admin": {8, 10, 60, 70, 72, 74, 77, 88, 92} | EVERYBODY | PARTITIONS | MAINTENANCE,
+    "operator": EVERYBODY | PARTITIONS,
+    "part": EVERYBODY | PARTITIONS,
+    "staff": EVERYBODY | MAINTENANCE,
+    "guest": EVERYBODY,
+}
+TOP_MENUS = ["System", "Partition", "Switch", "User Administration", "Network Configuration",
+             "Maintenance"]
+JAPANESE_TEXT = re.compile("[ぁ-んァ-ヶ一-龥]")
+NOT_AUTHORISED = "(00:0502)"
+
+
+class Menu(BrowserCase):
+    def links(self):
+        """The menu's links: function ID and text."""
+        self.browser.enter("MENU_FRAME")
+        return {int(link.get_attribute("href").rpartition("=")[2]): link.text.replace("\xa0", " ")
+                for link in self.browser.all(".menu a")}
+
+    def test_each_user_walks_what_the_menu_has(self):
+        for user, functions in FUNCTIONS.items():
+            with self.subTest(user=user):
+                self.browser.login(user)
+                links = self.links()
+                self.assertEqual(set(links), functions)
+                for function, name in links.items():
+                    with self.subTest(user=user, function=function):
+                        self.walk(function, name)
+
+    def walk(self, function, name):
+        self.browser.driver.switch_to.default_content()
+        self.browser.enter("MENU_FRAME")
+        link = self.browser.one(f'.menu a[href$="={function}"]')
+        self.browser.leave(link.click)
+        self.browser.enter("CONT_FRAME")
+        self.assertEqual(self.browser.one("h1").text.replace("\xa0", " "), name)
+        self.browser.enter("MENU_FRAME")
+        self.assertEqual([link.text.replace("\xa0", " ") for link in
+                          self.browser.all(".menu a.current")], [name])
+        self.browser.enter("INFO_FRAME")
+        self.assertIn(f"> {name}", self.browser.text())
+
+    def test_what_is_not_in_the_menu_is_not_reachable(self):
+        self.browser.login("admin")
+        self.browser.enter("MENU_FRAME")
+        paths = {}
+        for function in FUNCTIONS["admin"]:
+            self.browser.show(function)
+            paths[function] = self.browser.driver.execute_script("return location.pathname")
+        for user, functions in FUNCTIONS.items():
+            self.client.login(user)
+            for function, path in paths.items():
+                for answer in (self.client.get(path), self.client.post(path, {"page_state": "4"})):
+                    refused = NOT_AUTHORISED in answer.text()
+                    self.assertEqual(refused, function not in functions, (user, path))
+
+    def test_the_menu_speaks_the_users_language(self):
+        self.browser.login("admin")
+        self.browser.enter("MENU_FRAME")
+        self.assertEqual([head.text.replace("\xa0", " ") for head in self.browser.all(".menu h2")],
+                         TOP_MENUS)
+        self.set_language("admin", 0)
+        for function in FUNCTIONS["admin"]:
+            self.browser.show(function)
+            for element in self.browser.all("h1, h2, th, legend, .label, .page_head p"):
+                text = element.text.strip()
+                if re.search("[a-z]{4}", text):
+                    self.assertRegex(text, JAPANESE_TEXT, function)
+        self.set_language("admin", 1)
+
+    def test_nothing_is_wider_than_its_frame(self):
+        self.browser.login("admin")
+        for width in (1024, 1280, 1920):
+            self.browser.resize(width, 800)
+            for function in FUNCTIONS["admin"]:
+                self.browser.show(function)
+                self.assertLessEqual(self.browser.overflow(), 0, (width, function))
+                for frame in ("MENU_FRAME", "INFO_FRAME"):
+                    self.browser.enter(frame)
+                    self.assertLessEqual(self.browser.overflow(), 0, (width, frame))
+
+    def test_every_input_has_a_label(self):
+        self.browser.login("admin")
+        for function in FUNCTIONS["admin"]:
+            self.browser.show(function)
+            nameless = self.browser.driver.execute_script(
+                "return [...document.querySelectorAll('input,select,textarea')].filter(e =>"
+                " !['hidden','submit','button','reset'].includes(e.type) && !e.labels.length &&"
+                " !e.closest('fieldset')?.querySelector('legend')?.textContent.trim())"
+                ".map(e => e.name)")
+            self.assertEqual(nameless, [], function)
+
+    def test_an_expired_session_brings_the_whole_window_to_the_time_out_page(self):
+        self.browser.login("admin")
+        self.browser.show(75)
+        self.client.session = self.browser.driver.get_cookie("sid")["value"]
+        self.client.post("/common/logout.cgi", {})
+        self.browser.driver.find_element("name", "submit").click()
+        self.browser.driver.switch_to.default_content()
+        self.browser.wait(lambda driver: driver.current_url.endswith("/common/timeout.cgi"))
+        self.assertIn("session has ended", self.browser.text())
+
+
+if __name__ == "__main__":
+    unittest.main()
