@@ -21,6 +21,8 @@ namespace {
 
 constexpr char FORM_NAME[] = "form_name";
 constexpr char CHECKED[] = "1";
+constexpr char LAST_DATE[] = "2037-12-31";
+constexpr int WIDEST_BOX = 40;  // in characters; a longer text scrolls in it
 
 std::string submitted(const FormInfo& form, const std::string& name) {
     std::string value;
@@ -81,6 +83,10 @@ void TextInput::print() const {
 void TextInput::printCarried() const {
     printHidden(getName(), m_field->getValue());
 }
+
+AsciiInput::AsciiInput(const std::string& name, int maxLength, bool allowEmpty)
+    : TextInput(std::make_unique<TextField>(name, "", FORM_NAME, std::min(maxLength, WIDEST_BOX),
+                                            maxLength, nullptr, false, true, allowEmpty, true)) {}
 
 NumberInput::NumberInput(const std::string& name, int lowest, int highest)
     : TextInput(std::make_unique<TextField>(name, "", FORM_NAME,
@@ -267,7 +273,7 @@ bool DateInput::isError() const {
     }
     DateField field(getName(), "", FORM_NAME, box(0), box(1), box(2));
     field.checkDate();
-    return field.isError();
+    return field.isError() || getText() > LAST_DATE;
 }
 
 void DateInput::print() const {
@@ -401,6 +407,15 @@ void ChecksInput::printCarried() const {
             printHidden(numbered(getName(), i), CHECKED);
         }
     }
+}
+
+FlagInput::FlagInput(const std::string& name, const std::string& label, std::string otherwise)
+    : ChecksInput(name), m_otherwise(std::move(otherwise)) {
+    addBox(label);
+}
+
+std::string FlagInput::getShownText() const {
+    return isEmpty() ? m_otherwise : ChecksInput::getShownText();
 }
 
 }  // namespace Console
