@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iostream>
 
 #include "gui/CheckBox.h"
 #include "gui/DateField.h"
@@ -380,15 +381,18 @@ void ChecksInput::submit(const FormInfo& form) {
 }
 
 void ChecksInput::print() const {
-    CheckBox boxes(getName());
     for (std::size_t i = 0; i < m_boxes.size(); ++i) {
         const std::string name = numbered(getName(), i);
         // A click on the label checks the box too.
         const std::string label =
             "<label for=\"" + name + "\">" + labelText(m_boxes[i].label) + "</label>";
-        boxes.add(name, CHECKED, label, name, m_boxes[i].checked);
+        CheckBox box(name);
+        box.add(name, CHECKED, label, name, m_boxes[i].checked);
+        // No line ends between a box and its label.
+        std::cout << "<span class=\"choice\">";
+        box.printHTML();
+        std::cout << "</span>\n";
     }
-    boxes.printHTML();
 }
 
 std::string ChecksInput::getShownText() const {

@@ -50,7 +50,7 @@ public:
     void printHTML() const override {
         for (const Shown& row : m_rows) {
             std::cout << "<p class=\"entry\"><span class=\"label\">";
-            TextString(row.label).printHTML();
+            makeSentence(row.label)->printHTML();
             std::cout << "</span> <span class=\"value\">";
             row.value->printHTML();
             std::cout << "</span></p>\n";
@@ -94,7 +94,7 @@ private:
         std::cout << (isGroup ? "<fieldset class=\"entry" : "<p class=\"entry")
                   << (entry.wrong ? " wrong\">" : "\">")
                   << (isGroup ? "<legend class=\"label\">" : "<label><span class=\"label\">");
-        TextString(entry.label).printHTML();
+        makeSentence(entry.label)->printHTML();
         std::cout << (isGroup ? "</legend> " : "</span> ");
         entry.input->print();
         std::cout << (isGroup ? "" : "</label>");
@@ -107,7 +107,7 @@ private:
 
     static void printValue(const Entry& entry) {
         std::cout << "<p class=\"entry\"><span class=\"label\">";
-        TextString(entry.label).printHTML();
+        makeSentence(entry.label)->printHTML();
         std::cout << "</span> <span class=\"value\">";
         TextString(entry.input->getShownText()).printHTML();
         std::cout << "</span>";
