@@ -95,8 +95,7 @@ private:
         constexpr unsigned int PICTURE_SIZE = 24;
         auto unit = std::make_unique<Console::Sequence>();
         if (kind == "fan") {
-            const std::string id = "fan" + number;
-            auto picture = std::make_unique<Image>("/images/fan_64x64.gif", "", false, 0, id, id);
+            auto picture = std::make_unique<Image>("/images/fan_64x64.gif");
             picture->resizeImageDispSize(PICTURE_SIZE, PICTURE_SIZE);
             unit->add(std::move(picture));
         }
