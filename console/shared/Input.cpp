@@ -56,6 +56,16 @@ std::string labelText(const std::string& label) {
     return text;
 }
 
+bool hasCharacterReference(const std::string& text) {
+    for (std::size_t at = text.find("&#"); at != std::string::npos; at = text.find("&#", at + 2)) {
+        const std::size_t end = text.find_first_not_of("0123456789", at + 2);
+        if (end != std::string::npos && end > at + 2 && text[end] == ';') {
+            return true;
+        }
+    }
+    return false;
+}
+
 std::string withoutLeadingZeros(const std::string& digits) {
     const std::size_t first = digits.find_first_not_of('0');
     return first == std::string::npos ? "0" : digits.substr(first);
@@ -88,6 +98,10 @@ void TextInput::printCarried() const {
 AsciiInput::AsciiInput(const std::string& name, int maxLength, bool allowEmpty)
     : TextInput(std::make_unique<TextField>(name, "", FORM_NAME, std::min(maxLength, WIDEST_BOX),
                                             maxLength, nullptr, false, true, allowEmpty, true)) {}
+
+bool AsciiInput::isError() const {
+    return TextInput::isError() || hasCharacterReference(getText());
+}
 
 NumberInput::NumberInput(const std::string& name, int lowest, int highest)
     : TextInput(std::make_unique<TextField>(name, "", FORM_NAME,

@@ -80,6 +80,10 @@ private:
 class AsciiInput : public TextInput {
 public:
     AsciiInput(const std::string& name, int maxLength, bool allowEmpty);
+
+    /// Refuses "&#26481;" too: so a browser sends a character that the page's character set does
+    /// not have.
+    bool isError() const override;
 };
 
 /// A decimal number. It counts without leading zeros.
