@@ -9,6 +9,8 @@
 #include <system_error>
 #include <vector>
 
+#include "BoardClock.h"
+#include "Items.h"
 #include "Protocol.h"
 #include "orv/OrvTrace.h"
 
@@ -47,11 +49,13 @@ Daemon::Daemon(const Options& options)
       m_clientTimeout(options.clientTimeout),
       m_signals(openSignals()),
       m_server(options.socket),
-      m_state(options.state),
+      m_state(options.state, Items::getInitialContents()),
       m_sessions(m_state, options.sessionTimeout),
       m_requests(m_state, m_sessions),
       m_nextStore(Clock::now() + Sessions::STORE_INTERVAL),
-      m_nextAccept(Clock::now()) {}
+      m_nextAccept(Clock::now()) {
+    BoardClock::start(m_state);
+}
 
 void Daemon::run() {
     while (!m_stopped) {

@@ -1,6 +1,7 @@
 #include "shared/Board.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "gui/BackendNumbers.h"
 #include "orv/PException.h"
@@ -13,9 +14,13 @@ namespace {
 
 constexpr int ERROR_DAMAGED_ANSWER = 1026;
 
+[[noreturn]] void failDamaged() {
+    throw ORVLib::PException(1, 2, 0, 0, ERROR_DAMAGED_ANSWER, 0, 0, 0, 0, 0, 0, 0, 0, 0);
+}
+
 const Record& whole(const Record& record) {
     if (record.isDamaged()) {
-        throw ORVLib::PException(1, 2, 0, 0, ERROR_DAMAGED_ANSWER, 0, 0, 0, 0, 0, 0, 0, 0, 0);
+        failDamaged();
     }
     return record;
 }
@@ -62,6 +67,20 @@ Record readRecord(CGIRequester& requester, unsigned int item) {
         failWith(requester);
     }
     return whole(record);
+}
+
+std::vector<int> readPartitions(CGIRequester& requester) {
+    const Record record = readRecord(requester, ITEM_PARTITIONS);
+    std::vector<int> partitions;
+    for (RecordReader reader(record); !reader.isAtEnd();) {
+        const std::string& number = reader.next();
+        reader.next();  // whether it is on
+        partitions.push_back(number.size() <= 2 ? std::atoi(number.c_str()) : MOST_PARTITIONS);
+        if (partitions.back() < 0 || partitions.back() >= MOST_PARTITIONS) {
+            failDamaged();
+        }
+    }
+    return partitions;
 }
 
 Record askRecord(CGIRequester& requester, unsigned int item, const Record& question) {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <string>
+#include <vector>
 
 #include "gui/CGIRequester.h"
 #include "shared/Record.h"
@@ -47,6 +48,9 @@ enum BoardItem : unsigned int {
     ITEM_PARTITION_BOOT = 0x02010320       // likewise
 };
 
+/// Partitions that a board can have.
+constexpr int MOST_PARTITIONS = 16;
+
 /// Exception details of the board that pages tell apart.
 enum BoardError : unsigned int {
     ERROR_LOGIN_REFUSED = 1281,
@@ -72,6 +76,10 @@ std::string readUserName(ORVLib::Gui::CGIRequester& requester);
 
 /// Reads an item that is a record. A failure ends in the error page.
 Record readRecord(ORVLib::Gui::CGIRequester& requester, unsigned int item);
+
+/// The numbers of the partitions that exist, below MOST_PARTITIONS. A failure ends in the error
+/// page.
+std::vector<int> readPartitions(ORVLib::Gui::CGIRequester& requester);
 
 /// Reads an item that is a record and depends on what is asked, another record. A failure ends in
 /// the error page.

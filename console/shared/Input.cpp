@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iostream>
 
 #include "gui/CheckBox.h"
 #include "gui/DateField.h"
@@ -21,6 +22,8 @@ namespace {
 
 constexpr char FORM_NAME[] = "form_name";
 constexpr char CHECKED[] = "1";
+constexpr char LAST_DATE[] = "2037-12-31";
+constexpr int WIDEST_BOX = 40;  // in characters; a longer text scrolls in it
 
 std::string submitted(const FormInfo& form, const std::string& name) {
     std::string value;
@@ -53,6 +56,16 @@ std::string labelText(const std::string& label) {
     return text;
 }
 
+bool hasCharacterReference(const std::string& text) {
+    for (std::size_t at = text.find("&#"); at != std::string::npos; at = text.find("&#", at + 2)) {
+        const std::size_t end = text.find_first_not_of("0123456789", at + 2);
+        if (end != std::string::npos && end > at + 2 && text[end] == ';') {
+            return true;
+        }
+    }
+    return false;
+}
+
 std::string withoutLeadingZeros(const std::string& digits) {
     const std::size_t first = digits.find_first_not_of('0');
     return first == std::string::npos ? "0" : digits.substr(first);
@@ -80,6 +93,14 @@ void TextInput::print() const {
 
 void TextInput::printCarried() const {
     printHidden(getName(), m_field->getValue());
+}
+
+AsciiInput::AsciiInput(const std::string& name, int maxLength, bool allowEmpty)
+    : TextInput(std::make_unique<TextField>(name, "", FORM_NAME, std::min(maxLength, WIDEST_BOX),
+                                            maxLength, nullptr, false, true, allowEmpty, true)) {}
+
+bool AsciiInput::isError() const {
+    return TextInput::isError() || hasCharacterReference(getText());
 }
 
 NumberInput::NumberInput(const std::string& name, int lowest, int highest)
@@ -267,7 +288,7 @@ bool DateInput::isError() const {
     }
     DateField field(getName(), "", FORM_NAME, box(0), box(1), box(2));
     field.checkDate();
-    return field.isError();
+    return field.isError() || getText() > LAST_DATE;
 }
 
 void DateInput::print() const {
@@ -374,15 +395,18 @@ void ChecksInput::submit(const FormInfo& form) {
 }
 
 void ChecksInput::print() const {
-    CheckBox boxes(getName());
     for (std::size_t i = 0; i < m_boxes.size(); ++i) {
         const std::string name = numbered(getName(), i);
         // A click on the label checks the box too.
         const std::string label =
             "<label for=\"" + name + "\">" + labelText(m_boxes[i].label) + "</label>";
-        boxes.add(name, CHECKED, label, name, m_boxes[i].checked);
+        CheckBox box(name);
+        box.add(name, CHECKED, label, name, m_boxes[i].checked);
+        // No line ends between a box and its label.
+        std::cout << "<span class=\"choice\">";
+        box.printHTML();
+        std::cout << "</span>\n";
     }
-    boxes.printHTML();
 }
 
 std::string ChecksInput::getShownText() const {
@@ -401,6 +425,15 @@ void ChecksInput::printCarried() const {
             printHidden(numbered(getName(), i), CHECKED);
         }
     }
+}
+
+FlagInput::FlagInput(const std::string& name, const std::string& label, std::string otherwise)
+    : ChecksInput(name), m_otherwise(std::move(otherwise)) {
+    addBox(label);
+}
+
+std::string FlagInput::getShownText() const {
+    return isEmpty() ? m_otherwise : ChecksInput::getShownText();
 }
 
 }  // namespace Console

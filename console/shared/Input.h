@@ -76,6 +76,16 @@ private:
     std::unique_ptr<ORVLib::Gui::TextField> m_field;
 };
 
+/// A line of printable ASCII with blanks, which users of both languages can read.
+class AsciiInput : public TextInput {
+public:
+    AsciiInput(const std::string& name, int maxLength, bool allowEmpty);
+
+    /// Refuses "&#26481;" too: so a browser sends a character that the page's character set does
+    /// not have.
+    bool isError() const override;
+};
+
 /// A decimal number. It counts without leading zeros.
 class NumberInput : public TextInput {
 public:
@@ -168,7 +178,7 @@ private:
     std::string maskBits() const;
 };
 
-/// A date from 2000 on, "2028-02-29" as a text.
+/// A date from 2000 to 2037, the days that the board's calendar knows; "2028-02-29" as a text.
 class DateInput : public BoxesInput {
 public:
     explicit DateInput(const std::string& name, bool allowEmpty = false);
@@ -255,6 +265,19 @@ private:
         bool checked = false;
     };
     std::vector<Box> m_boxes;
+};
+
+/// One check box. As a text: "1" or "0".
+class FlagInput : public ChecksInput {
+public:
+    /// `label` stands beside the box. A confirmation shows it, or `otherwise` when the box is not
+    /// checked.
+    FlagInput(const std::string& name, const std::string& label, std::string otherwise);
+
+    std::string getShownText() const override;
+
+private:
+    std::string m_otherwise;
 };
 
 }  // namespace Console

@@ -42,6 +42,27 @@ private:
 
 }  // namespace
 
+/// The rows that are no inputs.
+class SettingsPage::ShownList : public HTMLComponent {
+public:
+    explicit ShownList(const std::vector<Shown>& rows) : m_rows(rows) {}
+
+    void printHTML() const override {
+        for (const Shown& row : m_rows) {
+            std::cout << "<p class=\"entry\"><span class=\"label\">";
+            makeSentence(row.label)->printHTML();
+            std::cout << "</span> <span class=\"value\">";
+            row.value->printHTML();
+            std::cout << "</span></p>\n";
+        }
+    }
+
+    bool isError() const override { return false; }
+
+private:
+    const std::vector<Shown>& m_rows;
+};
+
 /// The inputs as a list of labels, inputs and, where one is wrong, its hint; to be confirmed: the
 /// labels and values, which hidden fields carry on.
 class SettingsPage::EntryList : public HTMLComponent {
@@ -73,7 +94,7 @@ private:
         std::cout << (isGroup ? "<fieldset class=\"entry" : "<p class=\"entry")
                   << (entry.wrong ? " wrong\">" : "\">")
                   << (isGroup ? "<legend class=\"label\">" : "<label><span class=\"label\">");
-        TextString(entry.label).printHTML();
+        makeSentence(entry.label)->printHTML();
         std::cout << (isGroup ? "</legend> " : "</span> ");
         entry.input->print();
         std::cout << (isGroup ? "" : "</label>");
@@ -86,7 +107,7 @@ private:
 
     static void printValue(const Entry& entry) {
         std::cout << "<p class=\"entry\"><span class=\"label\">";
-        TextString(entry.label).printHTML();
+        makeSentence(entry.label)->printHTML();
         std::cout << "</span> <span class=\"value\">";
         TextString(entry.input->getShownText()).printHTML();
         std::cout << "</span>";
@@ -124,6 +145,14 @@ void SettingsPage::addEntry(const std::string& label, Text hint, std::unique_ptr
 
 void SettingsPage::addHeading(const std::string& heading) {
     m_nextHeading = heading;
+}
+
+void SettingsPage::addShown(Text label, std::unique_ptr<HTMLComponent> value) {
+    m_shown.push_back({text(label), std::move(value)});
+}
+
+void SettingsPage::addShown(Text label, const std::string& value) {
+    addShown(label, makeText(value));
 }
 
 void SettingsPage::carry(const std::string& name, const std::string& value) {
@@ -249,7 +278,7 @@ void SettingsPage::showForm(bool again) {
 void SettingsPage::showConfirmation() {
     addNextPageItem(&m_state, false);
     putTexts();
-    putSentence(getMap(), "notice", text(TEXT_PLEASE_CONFIRM));
+    putSentence(getMap(), "notice", getConfirmation());
     putEntries(false);
     putButton("submit", m_applyLabel);
     putButton(BACK, TEXT_BACK);
@@ -261,6 +290,7 @@ void SettingsPage::showCompletion() {
 }
 
 void SettingsPage::putEntries(bool editable) {
+    HTMLMapUtil::insertIntoMap(getMap(), "shown", std::make_unique<ShownList>(m_shown));
     HTMLMapUtil::insertIntoMap(getMap(), "entries",
                                std::make_unique<EntryList>(m_entries, getMessages(), editable));
     HTMLMapUtil::insertIntoMap(getMap(), "carried", std::make_unique<CarriedFields>(m_carried));

@@ -41,6 +41,9 @@ protected:
     /// Marks inputs that are wrong in a way they cannot tell themselves.
     virtual void checkInputs() {}
 
+    /// What the confirmation says above the input, which is valid.
+    virtual std::string getConfirmation() { return text(TEXT_PLEASE_CONFIRM); }
+
     /// False for a page whose input must not stand in a page again, or which has nothing to look
     /// at twice: its form is applied at once.
     virtual bool isConfirmed() const { return true; }
@@ -59,6 +62,10 @@ protected:
 
     /// The inputs that are added from here on stand under a heading.
     void addHeading(const std::string& heading);
+
+    /// Adds a row that only shows something, above the inputs.
+    void addShown(Text label, std::unique_ptr<ORVLib::Gui::HTMLComponent> value);
+    void addShown(Text label, const std::string& value);
 
     /// Adds a field that every form of the page carries on as it is.
     void carry(const std::string& name, const std::string& value);
@@ -95,6 +102,11 @@ private:
         bool wrong = false;
     };
     class EntryList;
+    struct Shown {
+        std::string label;
+        std::unique_ptr<ORVLib::Gui::HTMLComponent> value;
+    };
+    class ShownList;
 
     /// What a request wants of the page.
     enum class Step { SHOW, EDIT_AGAIN, CONFIRM, APPLY };
@@ -130,6 +142,7 @@ private:
     Step m_step;
     int m_state;
     std::string m_nextHeading;
+    std::vector<Shown> m_shown;
     std::vector<Entry> m_entries;
     std::vector<std::pair<std::string, std::string>> m_carried;
 };

@@ -3,6 +3,7 @@
 ORVBOARDD names the program.
 """
 
+import calendar
 import os
 import re
 import resource
@@ -19,7 +20,14 @@ from pathlib import Path
 GET_LANGUAGE, LOGIN, LOGOUT, CHECK_SESSION = 0x02010001, 0x02010002, 0x02010004, 0x02010005
 GET_USER_INFO = 0x02010025
 OWN_LANGUAGE, OWN_REFRESH_INTERVAL, OWN_PASSWORD = 0x02010026, 0x02010027, 0x02010028
-EVENT_LOG = 0x02010041
+STATUS, PRODUCT, SYSTEM_NAMES, SYSTEM_POWER, LED = (
+    0x02010003, 0x02010007, 0x02010008, 0x0201000A, 0x0201000B)
+PARTITIONS, ADDRESSES, SERVICES, TRAPS = 0x02010030, 0x02010048, 0x0201004A, 0x0201004D
+USERS, USER_ADD, USER_EDIT, USER_REMOVE, SESSIONS = (
+    0x0201003C, 0x0201003D, 0x0201003E, 0x0201003F, 0x02010040)
+CLOCK, EVENTS, OWN_FILTER = 0x02010046, 0x02010099, 0x0201009A
+ACL, ACL_ADD, ACL_REMOVE, MAIL = 0x02010058, 0x02010059, 0x0201005A, 0x0201005C
+POWER, SCHEDULE, BOOT = 0x02010300, 0x02010310, 0x02010320  # and the partition
 HTTPS_PORT = 0x02010073
 MAINTENANCE_MODE, PERMISSION = 0x020100B4, 0x020100D1
 SOME_ITEM = 0x02010123
@@ -29,6 +37,7 @@ ERROR = 0x87FF0001
 
 BROKEN, BOARD_FAILURE = 1026, 1792
 NO_SESSION, REFUSED, NOT_AUTHORISED, NO_ITEM, BAD_REQUEST = 1031, 1281, 1282, 1283, 1284
+EXISTS, FULL, NOT_FOUND, LAST_ADMINISTRATOR, DAMAGED = 1286, 1287, 1288, 1289, 1290
 
 LIMIT = 10
 
@@ -52,6 +61,10 @@ def number(value):
 
 def message(kind, payload=b""):
     return number(kind) + number(len(payload)) + payload
+
+
+def record(*texts):
+    return "".join(str(text) + "\0" for text in texts).encode()
 
 
 def telegram(session=b""):
@@ -129,6 +142,18 @@ class BoardTest(unittest.TestCase):
     def get(self, item, session=b""):
         return self.ask(item, session).payload
 
+    def rows(self, item, session, columns, request=None):
+        payload = self.get(item, session) if request is None else self.ask(
+            item | EXCHANGE, session, request).payload
+        texts = payload[:-1].decode().split("\0")
+        return [] if texts == [""] else list(zip(*[iter(texts)] * columns, strict=True))
+
+    def events(self, session, count, severity="info", source="", first="", last="", before=""):
+        """The newest events of the log, without their numbers and times."""
+        rows = self.rows(EVENTS, session, 7,
+                         record(severity, source, first, last, count, before))
+        return [row[2:] for row in rows]
+
     def put(self, item, session, content):
         self.ask(item | WRITE, session, content)
 
@@ -166,10 +191,11 @@ class BoardTest(unittest.TestCase):
         for name, password in ((b"admin", b"guess"), (b"nobody", b"nobody")):
             self.assertRefused(REFUSED, self.login, name, password)
         self.assertRefused(REFUSED, self.login, b"x\nadmin logged in", b"", b"a\x1b[2J")
-        log = self.get(EVENT_LOG, self.login().session).splitlines()
-        self.assertRegex(log[0], rb"^\d{4}-\d\d-\d\d [\d:]{8} admin logged in from 192.0.2.7$")
-        self.assertRegex(log[1], rb" x\?admin logged in login refused from a\?\[2J$")
-        self.assertEqual(len(log), 4)
+        self.assertEqual(self.events(self.login().session, 4), [
+            ("info", "security", "101", "admin", "192.0.2.7"),
+            ("warning", "security", "102", "x?admin logged in", "a?[2J"),
+            ("warning", "security", "102", "nobody", "192.0.2.7"),
+            ("warning", "security", "102", "admin", "192.0.2.7")])
 
     def test_only_a_living_session_is_served(self):
         self.start()
@@ -251,13 +277,387 @@ class BoardTest(unittest.TestCase):
         for name in (b"admin", b"operator", b"staff", b"part", b"guest"):
             session = self.login(name).session
             self.put(OWN_LANGUAGE, session, number(0))
-            refused = [EVENT_LOG | WRITE, EVENT_LOG | EXCHANGE, LOGIN | WRITE]
+            refused = [STATUS | WRITE, STATUS | EXCHANGE, LOGIN | WRITE]
             if name != b"admin":
                 refused += [HTTPS_PORT | WRITE, SOME_ITEM | WRITE, SOME_ITEM | EXCHANGE]
-                self.assertRefused(NOT_AUTHORISED, self.get, EVENT_LOG, session)
+                self.assertRefused(NOT_AUTHORISED, self.get, ACL, session)
             for kind in refused:
                 with self.subTest(name, kind=hex(kind)):
                     self.assertRefused(NOT_AUTHORISED, self.ask, kind, session, number(256))
+
+    # Records
+
+    RIGHTS = (  # item, readers, writers, what is written: of admin, part, staff, operator, guest
+        (STATUS, "apsog", "", b"x"), (PRODUCT, "apsog", "", b"x"), (PARTITIONS, "apsog", "", b"x"),
+        (SYSTEM_NAMES, "apsog", "a", record("board", "", "", "")),
+        (LED, "apsog", "apsog", record("blink")),
+        (ADDRESSES, "apsog", "a", record("b", "192.0.2.1", 8, "", "", "")),
+        (SERVICES, "apsog", "a", record(0, 1, 1, 2, 1, 3, 1, 4)),
+        (TRAPS, "apsog", "a", record(1, "192.0.2.1", "c", 0, "", "", 0, "", "")),
+        (ACL, "a", "", b"x"), (ACL_ADD, "", "a", record("192.0.2.1", 32)),
+        (ACL_REMOVE, "", "a", record("192.0.2.1", 32)),
+        (MAIL, "a", "a", record(0, "", "", "", "", "")),
+        (SYSTEM_POWER, "apsog", "a", record("on")), (POWER, "apsog", "apo", record("off")),
+        (POWER + 1, "apsog", "ao", record("reset")), (POWER + 3, "apsog", "apo", record("on")),
+        (SCHEDULE, "apsog", "apo", record(0, "2026-01-01", "2026-01-01", "0000000", "", "")),
+        (BOOT + 1, "apsog", "ao", record("dvd", "none", "disk", 9, 1)),
+        (USERS, "a", "", b"x"), (SESSIONS, "apsog", "", b"x"), 
+        (USER_ADD, "", "a", record("new", "password", "guest", "0" * 16, 1)),
+        (USER_EDIT, "", "a", record("new", "", "staff", "0" * 16, 1)),
+        (USER_REMOVE, "", "a", record("new")),
+        (CLOCK, "apsog", "a", record("2026-01-01", "00:00:00", "+00:00", "manual", "", "")),
+        (OWN_FILTER, "apsog", "apsog", record("error", "power", 1)),
+        (MAINTENANCE_MODE, "apsog", "as", bytes(34)),
+        (PERMISSION, "apsog", "a", struct.pack(">4I", 1, 1, 4, 0)),
+    )
+
+    def login_all(self):
+        return {name[0]: self.login(name.encode()).session
+                for name in ("admin", "part", "staff", "operator", "guest")}
+
+    def assertAllowed(self, allowed, operation, *arguments):
+        if allowed:
+            operation(*arguments)
+        else:
+            self.assertRefused(NOT_AUTHORISED, operation, *arguments)
+
+    def test_who_may_use_which_item(self):
+        self.start()
+        for user, session in self.login_all().items():
+            for item, readers, writers, content in self.RIGHTS:
+                with self.subTest(item=hex(item), user=user):
+                    self.assertAllowed(user in readers, self.get, item, session)
+                    self.assertAllowed(user in writers, self.put, item, session, content)
+                    if user in readers and user not in writers:
+                        self.assertRefused(NOT_AUTHORISED, self.ask, item | EXCHANGE, session,
+                                           content)
+
+    def test_technical_staff_has_the_power_in_permitted_maintenance(self):
+        self.start()
+        admin, staff = self.login().session, self.login(b"staff").session
+        partition_2 = bytes(19) + b"\1" + bytes(14)
+        for mode, permission, allowed in (
+                (bytes(34), 1, False), (partition_2, 0, False), (partition_2, 1, True),
+                (bytes(33) + b"\1", 1, True), (b"\1" * 17 + bytes(17), 1, False)):
+            self.put(MAINTENANCE_MODE, admin, mode)
+            self.put(PERMISSION, admin, struct.pack(">4I", 1, 1, 4, permission))
+            for item in (POWER + 1, SYSTEM_POWER):
+                self.assertAllowed(allowed, self.put, item, staff, record("on"))
+        for item in (SCHEDULE, BOOT, SYSTEM_NAMES):
+            self.assertRefused(NOT_AUTHORISED, self.put, item, staff, b"x")
+
+    CONTENTS = (  # item, what is there first, what fits, what does not
+        (SYSTEM_NAMES, None, [("x" * 32, "~" * 32, " " * 64, "y" * 64)],
+         [("", "", "", ""), ("x" * 33, "", "", ""), ("x", "", "y" * 65, ""), ("x", "", ""),
+          ("x", "", "", "", ""), ("\x7f", "", "", ""), ("a\nb", "", "", "")]),
+        (LED, ("off",), [("on",), ("blink",), ("off",)], [("On",), ("",), ("on|off",), ("o",)]),
+        (ADDRESSES, None, [("x" * 64, "255.255.255.255", 32, "", "", "0.0.0.0")],
+         [("", "192.0.2.1", 24, "", "", ""), ("b", "", 24, "", "", ""),
+          ("b", "192.0.2.256", 24, "", "", ""), ("b", "192.0.2", 24, "", "", ""),
+          ("b", "192.0.02.1", 24, "", "", ""), ("b", " 192.0.2.1", 24, "", "", ""),
+          ("b", "192.0.2.1", 0, "", "", ""), ("b", "192.0.2.1", 33, "", "", ""),
+          ("b", "192.0.2.1", "024", "", "", ""), ("b", "192.0.2.1", 24, "x", "", "")]),
+        (SERVICES, (1, 80, 1, 443, 1, 22, 0, 23), [(1, 65535, 0, 1, 0, 2, 0, 3)],
+         [(0, 80, 0, 443, 1, 22, 1, 23), (1, 80, 1, 80, 1, 22, 0, 23), (1, 0, 1, 443, 1, 22, 0, 23),
+          (1, 65536, 1, 443, 1, 22, 0, 23), (2, 80, 1, 443, 1, 22, 0, 23),
+          (1, "-1", 1, 443, 1, 22, 0, 23)]),
+        (TRAPS, None, [(1, "192.0.2.1", "x" * 32, 0, "", "public", 0, "192.0.2.2", "")],
+         [(1, "", "x", 0, "", "", 0, "", ""), (0, "", "", 1, "192.0.2.1", "", 0, "", ""),
+          (0, "", "x" * 33, 0, "", "", 0, "", ""), (0, "", "", 0, "", ""),
+          (0, "", "", 0, "", "", 0, "", "", 0, "", "")]),
+        (MAIL, None, [(1, "mail", 25, "a@b", "c@d", ""), (0, "", "", "", "", "")],
+         [(1, "", 25, "a@b", "c@d", ""), (1, "mail", "", "a@b", "c@d", ""),
+          (1, "mail", 25, "", "c@d", ""), (1, "mail", 25, "a@b", "", "c@d"),
+          (0, "x" * 65, "", "", "", ""), (0, "", 0, "", "", "")]),
+        (SCHEDULE, None, [(1, "2028-02-29", "2028-02-29", "0000001", "", "23:59"),
+                          (0, "1970-01-01", "2037-12-31", "0000000", "", "")],
+         [(1, "2026-02-29", "2026-03-01", "1111111", "07:00", ""),
+          (0, "2026-01-02", "2026-01-01", "0000000", "", ""),
+          (1, "2026-01-01", "2026-01-01", "0000000", "07:00", ""),
+          (1, "2026-01-01", "2026-01-01", "1111111", "", ""),
+          (1, "2026-01-01", "2026-01-01", "11111111", "07:00", ""),
+          (0, "2026-13-01", "2037-12-31", "0000000", "", ""),
+          (0, "2026-01-01", "2038-01-01", "0000000", "", ""),
+          (0, "2026-01-01", "2026-01-01", "0000000", "24:00", ""),
+          (0, "2026-1-01", "2026-01-01", "0000000", "7:00", "")]),
+        (BOOT + 3, None, [("network", "none", "none", 0, 0), ("dvd", "disk", "network", 9, 1)],
+         [("none", "disk", "dvd", 1, 0), ("disk", "dvd", "disk", 1, 0), ("disk", "dvd", "usb", 1, 0),
+          ("disk", "none", "none", 10, 0), ("disk", "none", "none", 0, "")]),
+        (POWER + 3, ("off",), [], [("standby",), ("",), ("on", "")]),
+    )
+
+    def test_records_are_kept_when_they_fit(self):
+        self.start()
+        admin = self.login().session
+        for item, first, fit, unfit in self.CONTENTS:
+            if first is not None:
+                self.assertEqual(self.get(item, admin), record(*first))
+            for texts in fit:
+                with self.subTest(hex(item), texts=texts):
+                    self.put(item, admin, record(*texts))
+                    self.assertEqual(self.get(item, admin), record(*texts))
+            before = self.get(item, admin)
+            for content in [record(*texts) for texts in unfit] + [before[:-1], before + b"\0"]:
+                with self.subTest(hex(item), content=content):
+                    self.assertRefused(BAD_REQUEST, self.put, item, admin, content)
+            self.assertEqual(self.get(item, admin), before)
+        for missing in (POWER + 4, SCHEDULE + 15, BOOT + 4):
+            self.assertRefused(NO_ITEM, self.get, missing, admin)
+            self.assertRefused(NO_ITEM, self.put, missing, admin, record("on"))
+
+    def test_the_https_port_is_that_of_the_services(self):
+        self.start()
+        admin = self.login().session
+        self.put(HTTPS_PORT, admin, number(8443))
+        self.assertEqual(self.get(SERVICES, admin), record(1, 80, 1, 8443, 1, 22, 0, 23))
+        self.assertRefused(BAD_REQUEST, self.put, HTTPS_PORT, admin, number(23))
+        self.put(SERVICES, admin, record(1, 80, 1, 444, 1, 22, 0, 23))
+        self.assertEqual(self.get(HTTPS_PORT), number(444))
+
+    def test_the_access_list(self):
+        self.start()
+        admin = self.login().session
+        self.assertEqual(self.get(ACL, admin), b"\0")
+        rows = [(f"192.0.2.{n}", n) for n in range(1, 33)]
+        for row in rows:
+            self.put(ACL_ADD, admin, record(*row))
+        self.assertEqual(self.get(ACL, admin), record(*sum(rows, ())))
+        self.assertRefused(EXISTS, self.put, ACL_ADD, admin, record(*rows[8]))
+        self.assertRefused(FULL, self.put, ACL_ADD, admin, record("192.0.2.1", 2))
+        self.put(ACL_REMOVE, admin, record(*rows.pop(8)))
+        self.assertRefused(NOT_FOUND, self.put, ACL_REMOVE, admin, record("192.0.2.1", 2))
+        self.assertEqual(self.get(ACL, admin), record(*sum(rows, ())))
+
+    def test_power(self):
+        self.start()
+        admin = self.login().session
+        for item, operation, powers, status in (
+                (POWER + 3, None, ("on", "on", "on", "off"), ("normal", "degraded", "normal", "off")),
+                (POWER + 3, "on", ("on", "on", "on", "on"), ("normal", "degraded", "normal", "normal")),
+                (POWER + 1, "force-off", ("on", "off", "on", "on"),
+                 ("normal", "off", "normal", "normal")),
+                (SYSTEM_POWER, "off", ("off",) * 4, ("off",) * 4),
+                (SYSTEM_POWER, "on", ("on",) * 4, ("normal", "degraded", "normal", "normal"))):
+            with self.subTest(item=hex(item), operation=operation):
+                if operation:
+                    self.put(item, admin, record(operation))
+                self.assertEqual(self.get(PARTITIONS, admin), record(*sum(enumerate(powers), ())))
+                system = "on" if "on" in powers else "off"
+                self.assertEqual(self.get(SYSTEM_POWER, admin), record(system))
+                expected = [("partition", str(n), state, power)
+                            for n, (state, power) in enumerate(zip(status, powers))]
+                rows = self.rows(STATUS, admin, 4)
+                self.assertEqual(rows[:5], [("power", "0", {"on": "normal"}.get(system, "off"), system)]
+                                 + expected)
+        self.assertIn(("fan", "2", "warning"), [row[:3] for row in rows])
+        self.assertIn(("power-supply", "2", "error"), [row[:3] for row in rows])
+        self.put(POWER, admin, record("off"))
+        self.assertRefused(BAD_REQUEST, self.put, POWER, admin, record("reset"))
+        self.put(MAINTENANCE_MODE, admin, bytes(18) + b"\1" + bytes(15))
+        rows = self.rows(STATUS, admin, 4)
+        self.assertEqual(rows[2], ("partition", "1", "maintenance", "on"))
+        self.assertEqual(rows[-1], ("maintenance", "0", "maintenance", "on"))
+
+    # Events
+
+    def test_events_are_found(self):
+        self.start()
+        session = self.login(b"guest").session
+        for query in ((), ("info", "", "", "", 0, ""), ("info", "", "", "", 201, ""),
+                      ("all", "", "", "", 1, ""), ("info", "disk", "", "", 1, ""),
+                      ("info", "", "2026-02-30", "", 1, ""), ("info", "", "", "", 1, "x"),
+                      ("info", "", "", "", 1)):
+            self.assertRefused(BAD_REQUEST, self.ask, EVENTS | EXCHANGE, session, record(*query))
+        self.assertRefused(BAD_REQUEST, self.get, EVENTS, session)
+        self.assertRefused(NOT_AUTHORISED, self.put, EVENTS, session,
+                           record("info", "", "", "", 1, ""))
+
+        everything = self.rows(EVENTS, session, 7, record("info", "", "", "", 200, ""))
+        numbers, times = ([int(row[column]) for row in everything] for column in (0, 1))
+        self.assertEqual(numbers, sorted(numbers, reverse=True))
+        self.assertEqual(times, sorted(times, reverse=True))
+        self.assertEqual({row[2] for row in everything if row[3] == "hardware"},
+                         {"info", "warning", "error"})
+        days = [time.strftime("%Y-%m-%d", time.gmtime(seconds)) for seconds in times]
+        middle = len(everything) // 2
+        for request, expected in (
+                (("warning", "", "", "", 200, ""), [r for r in everything if r[2] != "info"]),
+                (("error", "hardware", "", "", 1, ""),
+                 [r for r in everything if r[2] == "error"][:1]),
+                (("info", "power", "", "", 200, ""), [r for r in everything if r[3] == "power"]),
+                (("info", "", "", "", 3, numbers[middle]), everything[middle + 1:middle + 4]),
+                (("info", "", days[middle], days[middle], 200, ""),
+                 [r for r, day in zip(everything, days) if day == days[middle]]),
+                (("info", "", "", "1970-01-01", 200, ""), [])):
+            with self.subTest(request):
+                self.assertEqual(self.rows(EVENTS, session, 7, record(*request)), expected)
+
+    def test_what_happens_is_in_the_log(self):
+        self.start()
+        admin = self.login().session
+        for item, content, *events in (
+                (LED, record("blink"), ("info", "hardware", "406", "admin", "blink")),
+                (SYSTEM_NAMES, record("x", "", "", ""),
+                 ("info", "settings", "201", "admin", "system names")),
+                (BOOT + 2, record("disk", "dvd", "none", 0, 0),
+                 ("info", "settings", "201", "admin", "boot settings of partition 2")),
+                (SOME_ITEM, b"x", ("info", "settings", "201", "admin", "item 0x02010123")),
+                (POWER + 3, record("on"), ("info", "power", "301", "admin", "partition 3")),
+                (POWER + 3, record("on")),  # is on already
+                (POWER + 2, record("force-off"), ("warning", "power", "303", "admin", "partition 2")),
+                (SYSTEM_POWER, record("reset"),
+                 *(("warning", "power", "304", "admin", f"partition {n}") for n in (3, 1, 0))),
+                (SYSTEM_POWER, record("off"),
+                 *(("info", "power", "302", "admin", f"partition {n}") for n in (3, 1, 0))),
+                (MAINTENANCE_MODE, bytes(17) + b"\1\0\1" + bytes(13) + b"\1",
+                 ("info", "maintenance", "601", "admin", "system, partitions 0 2")),
+                (MAINTENANCE_MODE, bytes(34), ("info", "maintenance", "601", "admin", "off"))):
+            with self.subTest(hex(item), content=content):
+                before = self.events(admin, 10)
+                self.put(item, admin, content)
+                self.assertEqual(self.events(admin, 10), (events + before)[:10])
+
+    def test_an_event_filter_is_the_users(self):
+        self.start()
+        guest, admin = self.login(b"guest").session, self.login().session
+        self.put(OWN_FILTER, guest, record("warning", "hardware", 200))
+        self.assertRefused(BAD_REQUEST, self.put, OWN_FILTER, guest, record("info", "", 201))
+        self.end(signal.SIGKILL)
+        self.start()
+        self.assertEqual(self.get(OWN_FILTER, guest), record("warning", "hardware", 200))
+        self.assertEqual(self.get(OWN_FILTER, admin), record("info", "", 50))
+
+    # Users
+
+    NOBODY, PARTITIONS_0_AND_2 = "0" * 16, "101" + "0" * 13
+
+    def test_what_a_user_may_be(self):
+        self.start()
+        admin = self.login().session
+        for name, password, role, partitions, language in (
+                ("", "password", "guest", self.NOBODY, 1),
+                ("1x", "password", "guest", self.NOBODY, 1),
+                ("x y", "password", "guest", self.NOBODY, 1),
+                ("x" * 33, "password", "guest", self.NOBODY, 1),
+                ("x", "seven77", "guest", self.NOBODY, 1), ("x", "", "guest", self.NOBODY, 1),
+                ("x", "y" * 33, "guest", self.NOBODY, 1),
+                ("x", "pass word", "guest", self.NOBODY, 1),
+                ("x", "password", "root", self.NOBODY, 1),
+                ("x", "password", "guest", self.NOBODY[1:], 1),
+                ("x", "password", "guest", self.PARTITIONS_0_AND_2, 1),
+                ("x", "password", "partition", self.NOBODY, 1),
+                ("x", "password", "guest", self.NOBODY, 2)):
+            with self.subTest(name=name, password=password, role=role):
+                self.assertRefused(BAD_REQUEST, self.put, USER_ADD, admin,
+                                   record(name, password, role, partitions, language))
+        self.assertEqual(len(self.rows(USERS, admin, 4)), 5)
+        self.put(USER_ADD, admin, record("A" + "z" * 31, "!" * 32, "staff", self.NOBODY, 0))
+        self.login(b"A" + b"z" * 31, b"!" * 32)
+
+    def test_user_management(self):
+        self.start()
+        admin = self.login().session
+        new = ("u-1._", "password", "partition", self.PARTITIONS_0_AND_2, 0)
+        self.put(USER_ADD, admin, record(*new))
+        self.assertRefused(EXISTS, self.put, USER_ADD, admin, record(*new))
+        self.assertIn(("u-1._", "partition", self.PARTITIONS_0_AND_2, "0"),
+                      self.rows(USERS, admin, 4))
+        session = self.login(b"u-1._", b"password").session
+        other = self.login(b"u-1._", b"password").session
+        self.assertRefused(NOT_AUTHORISED, self.put, POWER + 1, session, record("off"))
+        self.put(POWER + 2, session, record("off"))
+
+        # A role counts at once; without a new password the sessions stay.
+        self.put(USER_EDIT, admin, record("u-1._", "", "operator", self.NOBODY, 1))
+        self.put(POWER + 1, session, record("off"))
+        self.assertEqual(self.check(session).language, 1)
+        self.put(USER_EDIT, admin, record("u-1._", "another-one", "administrator", self.NOBODY, 1))
+        for ended in (session, other):
+            self.assertRefused(NO_SESSION, self.check, ended)
+        self.assertRefused(REFUSED, self.login, b"u-1._", b"password")
+        session, other = (self.login(b"u-1._", b"another-one").session for _ in range(2))
+        self.put(USER_EDIT, session, record("u-1._", "yet-another", "administrator", self.NOBODY, 1))
+        self.check(session)
+        self.assertRefused(NO_SESSION, self.check, other)
+
+        # Somebody who can manage users is left.
+        self.assertRefused(LAST_ADMINISTRATOR, self.put, USER_REMOVE, admin, record("admin"))
+        self.put(USER_EDIT, admin, record("admin", "", "guest", self.NOBODY, 1))
+        self.assertRefused(NOT_AUTHORISED, self.get, USERS, admin)
+        self.assertRefused(LAST_ADMINISTRATOR, self.put, USER_EDIT, session,
+                           record("u-1._", "", "guest", self.NOBODY, 1))
+        self.put(USER_REMOVE, session, record("admin"))
+        self.assertRefused(NO_SESSION, self.check, admin)
+        self.assertRefused(REFUSED, self.login)
+        for item, content in ((USER_REMOVE, record("admin")),
+                              (USER_EDIT, record("admin", "", "guest", self.NOBODY, 1))):
+            self.assertRefused(NOT_FOUND, self.put, item, session, content)
+        self.assertEqual([event[2:] for event in self.events(session, 5, source="security")][1:4],
+                         [("108", "u-1._", "admin"), ("107", "admin", "admin"),
+                          ("107", "u-1._", "u-1._")])
+        self.end(signal.SIGKILL)
+        self.start()
+        self.assertNotIn("admin", [row[0] for row in self.rows(USERS, session, 4)])
+
+    def test_the_board_has_room_for_64_users(self):
+        self.start()
+        admin = self.login().session
+        for n in range(59):
+            self.put(USER_ADD, admin, record(f"user{n}", "password", "guest", self.NOBODY, 1))
+        self.assertRefused(FULL, self.put, USER_ADD, admin,
+                           record("user59", "password", "guest", self.NOBODY, 1))
+        self.assertEqual(len(self.rows(USERS, admin, 4)), 64)
+
+    def test_sessions_are_listed_without_their_ids(self):
+        self.start()
+        begin = int(time.time())
+        admin = self.login(address=b"198.51.100.9").session
+        part = self.login(b"part").session
+        rows = self.rows(SESSIONS, part, 5)
+        self.assertCountEqual([row[:3] for row in rows], [
+            ("admin", "administrator", "198.51.100.9"), ("part", "partition", "192.0.2.7")])
+        for _, _, _, login, used in rows:
+            self.assertTrue(begin <= int(login) <= int(used) <= time.time())
+        self.assertNotIn(admin, self.get(SESSIONS, part))
+        self.end()
+        self.start()
+        self.assertEqual([row[:4] for row in self.rows(SESSIONS, part, 5)],
+                         [row[:4] for row in rows])
+
+    # Clock
+
+    def test_the_clock_runs_from_where_it_was_set(self):
+        self.start()
+        admin = self.login().session
+
+        def shown():
+            day, clock, *rest = self.rows(CLOCK, admin, 6)[0]
+            return calendar.timegm(time.strptime(day + clock, "%Y-%m-%d%H:%M:%S")), rest
+
+        self.assertAlmostEqual(shown()[0], time.time(), delta=2)
+        self.put(CLOCK, admin, record("2037-12-31", "23:59:50", "-05:30", "manual", "", "192.0.2.1"))
+        local = calendar.timegm((2037, 12, 31, 23, 59, 50))
+        for _ in range(2):
+            seconds, rest = shown()
+            self.assertAlmostEqual(seconds, local, delta=9)
+            self.assertEqual(rest, ["-05:30", "manual", "", "192.0.2.1"])
+            self.end(signal.SIGKILL)
+            self.start()
+        self.put(LED, admin, record("on"))
+        event, = self.rows(EVENTS, admin, 7, record("info", "", "", "", 1, ""))
+        self.assertAlmostEqual(int(event[1]), local + 19800, delta=20)
+        self.put(CLOCK, admin, record("", "now", "+14:00", "servers", "192.0.2.1", ""))
+        self.assertAlmostEqual(shown()[0], time.time() + 50400, delta=2)
+        for texts in (("2037-12-32", "00:00:00", "+00:00", "manual", "", ""),
+                      ("2026-01-01", "24:00:00", "+00:00", "manual", "", ""),
+                      ("2026-01-01", "00:00:60", "+00:00", "manual", "", ""),
+                      ("1970-01-01", "00:59:59", "+01:00", "manual", "", ""),
+                      ("2026-01-01", "00:00:00", "+14:01", "manual", "", ""),
+                      ("2026-01-01", "00:00:00", "01:00", "manual", "", ""),
+                      ("2026-01-01", "00:00:00", "+00:00", "servers", "", "192.0.2.1"),
+                      ("2026-01-01", "00:00:00", "+00:00", "gps", "192.0.2.1", "")):
+            with self.subTest(texts):
+                self.assertRefused(BAD_REQUEST, self.put, CLOCK, admin, record(*texts))
 
     # What comes over the wire
 
@@ -395,7 +795,7 @@ class BoardTest(unittest.TestCase):
         with sqlite3.connect(self.state) as holder:
             holder.execute("BEGIN IMMEDIATE")
             self.assertRefusesToStart("in use by another program")
-            holder.execute("PRAGMA user_version = 2")
+            holder.execute("PRAGMA user_version = 1")
         holder.close()
         self.assertRefusesToStart("another program")
         for self.state, text in ((self.folder / "missing" / "board.db", "cannot be opened"),
