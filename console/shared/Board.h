@@ -60,6 +60,9 @@ enum BoardError : unsigned int {
     ERROR_DAMAGED = 1290
 };
 
+/// Bytes that the board takes for an item in one exchange.
+constexpr std::size_t LARGEST_CONTENT = 0xffff;
+
 /// Leaves the page for the error page that the requester's last failure calls for.
 [[noreturn]] void failWith(const ORVLib::Gui::CGIRequester& requester);
 
@@ -73,6 +76,11 @@ std::string readUserName(ORVLib::Gui::CGIRequester& requester);
 /// Reads an item that is a record. A failure ends in the error page.
 Record readRecord(ORVLib::Gui::CGIRequester& requester, unsigned int item);
 
+/// As readRecord(). Returns 0, or the board's error when it is `expected`; any other failure ends
+/// in the error page.
+unsigned int readRecord(ORVLib::Gui::CGIRequester& requester, unsigned int item, Record& record,
+                        std::initializer_list<unsigned int> expected);
+
 /// Reads an item that is a record and depends on what is asked, another record. A failure ends in
 /// the error page.
 Record askRecord(ORVLib::Gui::CGIRequester& requester, unsigned int item, const Record& question);
@@ -81,5 +89,12 @@ Record askRecord(ORVLib::Gui::CGIRequester& requester, unsigned int item, const 
 /// other failure ends in the error page.
 unsigned int writeRecord(ORVLib::Gui::CGIRequester& requester, unsigned int item,
                          const Record& record, std::initializer_list<unsigned int> expected = {});
+
+/// Reads an item that is bytes of its own kind. A failure ends in the error page.
+std::string readBytes(ORVLib::Gui::CGIRequester& requester, unsigned int item);
+
+/// As writeRecord(), for bytes. REQUIRES: LARGEST_CONTENT of them at most.
+unsigned int writeBytes(ORVLib::Gui::CGIRequester& requester, unsigned int item,
+                        const std::string& bytes, std::initializer_list<unsigned int> expected);
 
 }  // namespace Console

@@ -8,6 +8,7 @@
 #include "shared/Functions.h"
 #include "shared/Input.h"
 #include "shared/PageContext.h"
+#include "shared/PageStep.h"
 
 namespace Console {
 
@@ -95,15 +96,6 @@ private:
         bool wrong = false;
     };
     class EntryList;
-
-    /// What a request wants of the page.
-    enum class Step { SHOW, EDIT_AGAIN, CONFIRM, APPLY };
-
-    static Step stepOf(const ORVLib::Gui::FormInfo& form);
-
-    /// The library's state for a step. A form never carries STATE_CONFIGURE itself: what the user
-    /// has confirmed comes as STATE_COMPLETE.
-    static int stateOf(Step step);
 
     void makeDispPage() final;
     void makeConfigPage() final;
