@@ -15,6 +15,7 @@ constexpr Text TEXTS[] = {
     {78, "The management board refused the request."},
     {79, "The management board reported an error while it carried out the request."},
     {105, "Another operation is in progress. Please wait until it has ended."},
+    {440, "The installation of the firmware has begun."},
 };
 
 }  // namespace
