@@ -85,6 +85,9 @@ protected:
     void receive(const std::string& path) override {
         FirmwareImage image(path);
         checkSize(image);
+        if (!isRefused() && isInstalling()) {
+            refuse(Console::TEXT_INSTALLATION_RUNNING);
+        }
         if (isRefused()) {
             return;
         }
@@ -106,9 +109,14 @@ protected:
         }
         Console::Record record;
         record.add(digest);
-        if (Console::writeRecord(getRequester(), Console::ITEM_FIRMWARE_START, record,
+        const unsigned int error =
+            Console::writeRecord(getRequester(), Console::ITEM_FIRMWARE_START, record,
                                  {Console::ERROR_NO_SUCH_ITEM, Console::ERROR_BAD_REQUEST,
-                                  Console::ERROR_DAMAGED}) != 0) {
+                                  Console::ERROR_DAMAGED, Console::ERROR_BUSY});
+        if (error == Console::ERROR_BUSY) {
+            drop();
+            refuse(Console::TEXT_INSTALLATION_RUNNING);
+        } else if (error != 0) {
             refuse(Console::TEXT_IMAGE_GONE);
         }
     }
@@ -121,6 +129,12 @@ protected:
 
 private:
     unsigned int arrivedSize() const { return getContext().form.getWrittenSize(); }
+
+    bool isInstalling() {
+        const Console::Record progress =
+            Console::readRecord(getRequester(), Console::ITEM_PROGRESS);
+        return Console::RecordReader(progress).next() == "running";
+    }
 
     /// A file as large as an upload can be may have been cut there, whatever its header says.
     void checkSize(const FirmwareImage& image) {

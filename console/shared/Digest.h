@@ -21,7 +21,7 @@ private:
 };
 
 /// Digits of a digest in hexadecimal.
-constexpr std::size_t DIGEST_DIGITS = 2 * SHA256_DIGEST_SIZE;
+constexpr std::size_t DIGEST_DIGITS = std::size_t{2} * SHA256_DIGEST_SIZE;
 
 /// The SHA-256 digest of bytes in hexadecimal.
 std::string digestOf(const std::string& bytes);

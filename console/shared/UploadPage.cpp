@@ -31,8 +31,6 @@ UploadPage::UploadPage(const PageContext& context, Function function, Text purpo
       m_carried(std::make_unique<Sequence>()),
       m_returnPath(ORVGUIUtil::getCGIPath(function)) {}
 
-UploadPage::~UploadPage() = default;
-
 void UploadPage::describe(Text label, const std::string& value) {
     m_facts->add(text(label), value);
 }

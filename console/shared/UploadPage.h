@@ -31,7 +31,6 @@ public:
 protected:
     /// Title and place of the page are the function's; `purpose` says what it is for.
     UploadPage(const PageContext& context, Function function, Text purpose);
-    ~UploadPage() override;
 
     /// Looks at the file at `path`, keeps what apply() needs, and describes it for the
     /// confirmation; or says with refuse() why it is of no use.
