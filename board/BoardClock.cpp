@@ -15,6 +15,8 @@ namespace {
 enum StoredField { OFFSET, STORED_ZONE };
 constexpr Field STORED[] = {number(INT_MIN, INT_MAX), ZONE, CLOCK_SOURCE, orEmpty(ADDRESS),
                             orEmpty(ADDRESS)};
+enum SettingField { SETTING_ZONE, SETTING_SOURCE, SETTING_SERVER };
+constexpr Field SETTINGS[] = {ZONE, CLOCK_SOURCE, orEmpty(ADDRESS), orEmpty(ADDRESS)};
 
 int parseOffset(const std::string& stored) {
     return *parseNumber(parseTexts(stored)->at(OFFSET), INT_MIN, INT_MAX);
@@ -37,6 +39,26 @@ std::int64_t measureOffset(const Call& call, const Record& fields) {
 
 bool isStored(const std::string& content) {
     return parseRecord(content, STORED).has_value();
+}
+
+std::string readSettings(BoardState& state) {
+    Record fields = *parseTexts(readFit(state, ITEM_CLOCK, isStored));
+    fields.erase(fields.begin());
+    return formatRecord(fields);
+}
+
+bool isSettings(const std::string& content) {
+    const auto fields = parseRecord(content, SETTINGS);
+    return fields &&
+           ((*fields)[SETTING_SOURCE] != CLOCK_SERVERS || !(*fields)[SETTING_SERVER].empty());
+}
+
+std::int64_t restoreSettings(const BoardState& state, std::string& content) {
+    Record fields = *parseTexts(content);
+    const std::int64_t offset = fields[SETTING_SOURCE] == CLOCK_SERVERS ? 0 : state.getTimeOffset();
+    fields.insert(fields.begin(), std::to_string(offset));
+    content = formatRecord(fields);
+    return offset;
 }
 
 void start(BoardState& state) {

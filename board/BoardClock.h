@@ -14,6 +14,14 @@ void start(BoardState& state);
 std::string read(const Call& call);
 void write(const Call& call);
 
+/// What a backup keeps of the clock: the fields of ITEM_CLOCK behind the time.
+std::string readSettings(BoardState& state);
+bool isSettings(const std::string& content);
+
+/// Turns such settings into what is to be stored, and returns the offset that is to be the board's
+/// then: the present one, unless servers give the time. REQUIRES: isSettings(content).
+std::int64_t restoreSettings(const BoardState& state, std::string& content);
+
 /// What is stored: the offset in seconds, then the fields of ITEM_CLOCK behind the time.
 bool isStored(const std::string& content);
 

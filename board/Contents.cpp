@@ -41,6 +41,10 @@ constexpr Field NEW_USER[] = {USER_NAME_FIELD, PASSWORD, ROLE, flags(USER_PARTIT
 constexpr Field CHANGED_USER[] = {USER_NAME_FIELD, orEmpty(PASSWORD), ROLE, flags(USER_PARTITIONS),
                                   FLAG};
 
+constexpr Field PROGRESS[] = {word("idle|running|done|failed"), number(0, 100),
+                              text(0, MAX_VERSION_LENGTH)};
+constexpr std::size_t MAX_PIECE_SIZE = 65000;
+
 constexpr Field CLOCK[] = {text(0, 64),  text(0, 64),      ZONE,
                            CLOCK_SOURCE, orEmpty(ADDRESS), orEmpty(ADDRESS)};
 
@@ -211,6 +215,27 @@ bool isBoot(const std::string& content) {
         }
     }
     return true;
+}
+
+bool isVersion(const std::string& version) {
+    return isFitRecord(version + '\0', PRODUCT[PRODUCT_VERSION_FIELD]);
+}
+
+bool isProgress(const std::string& content) {
+    return parseRecord(content, PROGRESS).has_value();
+}
+
+// Where it belongs in the image, then the bytes.
+bool isImagePiece(const std::string& content) {
+    return content.size() > 4 && content.size() <= 4 + MAX_PIECE_SIZE;
+}
+
+bool isImageDigest(const std::string& content) {
+    return isFitRecord(content, text(64, 64));
+}
+
+bool isDrop(const std::string& content) {
+    return isFitRecord(content, word("drop"));
 }
 
 bool isEventQuery(const std::string& content) {

@@ -41,6 +41,9 @@ constexpr std::size_t PRODUCT_VERSION_FIELD = 2;
 constexpr int MAX_VERSION_LENGTH = 20;
 constexpr Field PRODUCT[] = {text(1, 64), text(1, 64), text(1, MAX_VERSION_LENGTH)};
 
+/// The version of a firmware, as a text alone.
+bool isVersion(const std::string& version);
+
 /// Offsets into the maintenance mode.
 struct MaintenanceMode {
     static constexpr std::size_t FIRST_PARTITION = 17;
@@ -72,6 +75,11 @@ bool isAccessRow(const std::string& content);
 bool isMail(const std::string& content);
 bool isSchedule(const std::string& content);
 bool isBoot(const std::string& content);
+
+bool isProgress(const std::string& content);
+bool isImagePiece(const std::string& content);
+bool isImageDigest(const std::string& content);
+bool isDrop(const std::string& content);
 
 bool isEventQuery(const std::string& content);
 bool isEventFilter(const std::string& content);

@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "Backup.h"
 #include "BoardClock.h"
 #include "Contents.h"
 #include "EventLog.h"
+#include "Firmware.h"
 #include "Maintenance.h"
 #include "Network.h"
 #include "OwnSettings.h"
@@ -73,6 +75,12 @@ constexpr Rule RULES[] = {
     {ITEM_ACL_ADD,                ONE,  NOBODY,    A,         isAccessRow,       ""},
     {ITEM_ACL_REMOVE,             ONE,  NOBODY,    A,         isAccessRow,       ""},
     {ITEM_MAIL,                   ONE,  A,         A,         isMail,            "mail notification"},
+    {ITEM_PROGRESS,               ONE,  USERS,     NOBODY,    isProgress,        ""},
+    {ITEM_FIRMWARE_STAGE,         ONE,  NOBODY,    A|S,       isImagePiece,      ""},
+    {ITEM_FIRMWARE_STAGED,        ONE,  A|S,       NOBODY,    isAnything,        ""},
+    {ITEM_FIRMWARE_START,         ONE,  NOBODY,    A|S,       isImageDigest,     ""},
+    {ITEM_FIRMWARE_DROP,          ONE,  NOBODY,    A|S,       isDrop,            ""},
+    {ITEM_BACKUP,                 ONE,  A|S,       A|S,       isAnything,        ""},
     {ITEM_HTTPS_PORT,             ONE,  EVERYBODY, A,         isPort,            ""},
     {ITEM_EVENTS,                 ONE,  USERS,     ASKED,     isEventQuery,      ""},
     {ITEM_OWN_EVENT_FILTER,       ONE,  USERS,     USERS,     isEventFilter,     ""},
@@ -109,6 +117,12 @@ constexpr Handler HANDLERS[] = {
     {ITEM_CLOCK,                BoardClock::read,                    BoardClock::write},
     {ITEM_ACL_ADD,              nullptr,                          Network::addAccess},
     {ITEM_ACL_REMOVE,           nullptr,                          Network::removeAccess},
+    {ITEM_PROGRESS,             Firmware::readProgress,           nullptr},
+    {ITEM_FIRMWARE_STAGE,       nullptr,                          Firmware::stage},
+    {ITEM_FIRMWARE_STAGED,      Firmware::readStaged,             nullptr},
+    {ITEM_FIRMWARE_START,       nullptr,                          Firmware::start},
+    {ITEM_FIRMWARE_DROP,        nullptr,                          Firmware::drop},
+    {ITEM_BACKUP,               Backup::read,                     Backup::restore},
     {ITEM_HTTPS_PORT,           Network::readHttpsPort,           Network::writeHttpsPort},
     {ITEM_EVENTS,               EventLog::answer,                 nullptr},
     {ITEM_OWN_EVENT_FILTER,     EventLog::readFilter,             EventLog::writeFilter},
@@ -133,6 +147,7 @@ constexpr Initial INITIAL[] = {
     {ITEM_TRAPS, ONE, "0||public|0|||0||"},
     {ITEM_ACL, ONE, ""},
     {ITEM_MAIL, ONE, "0||25|||"},
+    {ITEM_PROGRESS, ONE, "idle|0|"},
     {ITEM_PARTITION_POWER, EACH, "on"},
     {ITEM_PARTITION_POWER + PARTITION_COUNT - 1, ONE, "off"},
     {ITEM_PARTITION_SCHEDULE, EACH, "0|2025-01-01|2037-12-31|1111100|07:00|19:00"},
@@ -262,9 +277,9 @@ std::string Items::read(std::uint32_t id, const Caller* caller) {
     requireAmong(rule.readers, id, caller);
     const Handler* const handler = findHandler(rule);
     if (handler != nullptr && handler->read != nullptr) {
-        return handler->read({m_state, m_sessions, id, caller, "", ""});
+        return handler->read({m_parts, id, caller, "", ""});
     }
-    const auto content = m_state.readItem(id);
+    const auto content = m_parts.state.readItem(id);
     if (!content) {
         throw boardError(ERROR_NO_SUCH_ITEM, "the item was never set", id);
     }
@@ -275,7 +290,7 @@ std::string Items::read(std::uint32_t id, const Caller* caller) {
 }
 
 void Items::requireAmong(unsigned int who, std::uint32_t id, const Caller* caller) {
-    if (!isAmong(who, caller, findRule(id), id, m_state)) {
+    if (!isAmong(who, caller, findRule(id), id, m_parts.state)) {
         throw boardError(ERROR_NOT_AUTHORISED, "this user may not use the item", id);
     }
 }
@@ -293,9 +308,9 @@ void Items::write(std::uint32_t id, const std::string& content, const Caller& ca
     checkWrite(id, content, caller);
     const Handler* const handler = findHandler(findRule(id));
     if (handler != nullptr) {
-        handler->write({m_state, m_sessions, id, &caller, content, passwordHash});
+        handler->write({m_parts, id, &caller, content, passwordHash});
     } else {
-        m_state.writeItem(id, content, writtenBy(caller.user, id, content));
+        m_parts.state.writeItem(id, content, writtenBy(caller.user, id, content));
     }
 }
 
@@ -303,7 +318,7 @@ std::string Items::exchange(std::uint32_t id, const std::string& content, const 
     const Rule& rule = requireRule(id);
     requireAmong(rule.readers, id, &caller);
     if ((rule.writers & ASKED) != 0) {
-        return findHandler(rule)->read({m_state, m_sessions, id, &caller, content, ""});
+        return findHandler(rule)->read({m_parts, id, &caller, content, ""});
     }
     write(id, content, caller);
     return read(id, &caller);

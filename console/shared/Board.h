@@ -57,12 +57,16 @@ enum BoardError : unsigned int {
     ERROR_NOT_AUTHORISED = 1282,
     ERROR_NO_SUCH_ITEM = 1283,
     ERROR_BAD_REQUEST = 1284,
+    ERROR_BUSY = 1285,
     ERROR_EXISTS = 1286,
     ERROR_FULL = 1287,
     ERROR_NOT_FOUND = 1288,
     ERROR_LAST_ADMINISTRATOR = 1289,
     ERROR_DAMAGED = 1290
 };
+
+/// Bytes that the board takes for an item in one exchange.
+constexpr std::size_t LARGEST_CONTENT = 0xffff;
 
 /// Leaves the page for the error page that the requester's last failure calls for.
 [[noreturn]] void failWith(const ORVLib::Gui::CGIRequester& requester);
@@ -81,6 +85,11 @@ Record readRecord(ORVLib::Gui::CGIRequester& requester, unsigned int item);
 /// page.
 std::vector<int> readPartitions(ORVLib::Gui::CGIRequester& requester);
 
+/// As readRecord(). Returns 0, or the board's error when it is `expected`; any other failure ends
+/// in the error page.
+unsigned int readRecord(ORVLib::Gui::CGIRequester& requester, unsigned int item, Record& record,
+                        std::initializer_list<unsigned int> expected);
+
 /// Reads an item that is a record and depends on what is asked, another record. A failure ends in
 /// the error page.
 Record askRecord(ORVLib::Gui::CGIRequester& requester, unsigned int item, const Record& question);
@@ -89,5 +98,12 @@ Record askRecord(ORVLib::Gui::CGIRequester& requester, unsigned int item, const 
 /// other failure ends in the error page.
 unsigned int writeRecord(ORVLib::Gui::CGIRequester& requester, unsigned int item,
                          const Record& record, std::initializer_list<unsigned int> expected = {});
+
+/// Reads an item that is bytes of its own kind. A failure ends in the error page.
+std::string readBytes(ORVLib::Gui::CGIRequester& requester, unsigned int item);
+
+/// As writeRecord(), for bytes. REQUIRES: LARGEST_CONTENT of them at most.
+unsigned int writeBytes(ORVLib::Gui::CGIRequester& requester, unsigned int item,
+                        const std::string& bytes, std::initializer_list<unsigned int> expected);
 
 }  // namespace Console

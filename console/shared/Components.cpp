@@ -31,6 +31,30 @@ void Sequence::printHTML() const {
     }
 }
 
+void Facts::add(const std::string& label, Component value) {
+    m_facts.emplace_back(label, std::move(value));
+}
+
+void Facts::add(const std::string& label, const std::string& value) {
+    add(label, makeText(value));
+}
+
+void Facts::printHTML() const {
+    for (const auto& [label, value] : m_facts) {
+        std::cout << "<p class=\"entry\"><span class=\"label\">";
+        TextString(label).printHTML();
+        std::cout << "</span> <span class=\"value\">";
+        value->printHTML();
+        std::cout << "</span></p>\n";
+    }
+}
+
+void Card::printHTML() const {
+    std::cout << "<section class=\"card\">\n";
+    m_content->printHTML();
+    std::cout << "</section>";
+}
+
 Table::Table(std::vector<std::string> headings, std::string nothing)
     : m_headings(std::move(headings)), m_nothing(std::move(nothing)) {}
 

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "gui/HTMLComponent.h"
@@ -34,6 +35,33 @@ public:
 
 private:
     std::vector<Component> m_components;
+};
+
+/// Labels, and beside each of them what it stands for.
+class Facts : public ORVLib::Gui::HTMLComponent {
+public:
+    void add(const std::string& label, Component value);
+
+    /// A text whose lines can break anywhere.
+    void add(const std::string& label, const std::string& value);
+
+    void printHTML() const override;
+    bool isError() const override { return false; }
+
+private:
+    std::vector<std::pair<std::string, Component>> m_facts;
+};
+
+/// A part of a page that stands by itself.
+class Card : public ORVLib::Gui::HTMLComponent {
+public:
+    explicit Card(Component content) : m_content(std::move(content)) {}
+
+    void printHTML() const override;
+    bool isError() const override { return m_content->isError(); }
+
+private:
+    Component m_content;
 };
 
 /// A table with a row of headings.

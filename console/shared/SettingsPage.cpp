@@ -19,7 +19,6 @@ namespace Console {
 namespace {
 
 constexpr char FORM_NAME[] = "form_name";
-constexpr char BACK[] = "back";
 constexpr int SETTINGS_CHANGED = 1;
 
 /// Hidden fields that a form carries on.
@@ -187,32 +186,6 @@ std::vector<Input*> SettingsPage::getInputs() const {
     return inputs;
 }
 
-SettingsPage::Step SettingsPage::stepOf(const FormInfo& form) {
-    std::string carried;
-    form.getFormData(HTMLPage::FORM_PAGE_STATE, carried);
-    if (!form.isPostMethod()) {
-        return Step::SHOW;
-    }
-    if (form.getFields().count(BACK) != 0) {
-        return Step::EDIT_AGAIN;
-    }
-    if (carried == std::to_string(STATE_CONFIRM)) {
-        return Step::CONFIRM;
-    }
-    return carried == std::to_string(STATE_COMPLETE) ? Step::APPLY : Step::SHOW;
-}
-
-int SettingsPage::stateOf(Step step) {
-    switch (step) {
-        case Step::CONFIRM:
-            return STATE_CONFIRM;
-        case Step::APPLY:
-            return STATE_CONFIGURE;
-        default:
-            return 0;
-    }
-}
-
 void SettingsPage::makeDispPage() {
     if (m_step == Step::EDIT_AGAIN) {
         readSubmitted();
@@ -281,7 +254,7 @@ void SettingsPage::showConfirmation() {
     putSentence(getMap(), "notice", getConfirmation());
     putEntries(false);
     putButton("submit", m_applyLabel);
-    putButton(BACK, TEXT_BACK);
+    putButton(BACK_FIELD, TEXT_BACK);
 }
 
 void SettingsPage::showCompletion() {

@@ -8,6 +8,7 @@
 #include "shared/Functions.h"
 #include "shared/Input.h"
 #include "shared/PageContext.h"
+#include "shared/PageStep.h"
 
 namespace Console {
 
@@ -26,10 +27,12 @@ namespace Console {
 ///
 /// A page adds its inputs in its constructor and says how they are read and applied.
 class SettingsPage : public ORVLib::Gui::CommonDefaultPage {
+public:
+    ~SettingsPage() override;
+
 protected:
     /// Title and place of the page are the function's; `purpose` says what it is for.
     SettingsPage(const PageContext& context, Function function, Text purpose);
-    ~SettingsPage() override;
 
     /// Puts the present settings into the inputs.
     virtual void readCurrent() = 0;
@@ -107,15 +110,6 @@ private:
         std::unique_ptr<ORVLib::Gui::HTMLComponent> value;
     };
     class ShownList;
-
-    /// What a request wants of the page.
-    enum class Step { SHOW, EDIT_AGAIN, CONFIRM, APPLY };
-
-    static Step stepOf(const ORVLib::Gui::FormInfo& form);
-
-    /// The library's state for a step. A form never carries STATE_CONFIGURE itself: what the user
-    /// has confirmed comes as STATE_COMPLETE.
-    static int stateOf(Step step);
 
     void makeDispPage() final;
     void makeConfigPage() final;

@@ -16,6 +16,8 @@ constexpr Text TEXTS[] = {
     {79, "The management board reported an error while it carried out the request."},
     {105, "Another operation is in progress. Please wait until it has ended."},
     {280, "The power operation has been carried out."},
+    {440, "The installation of the firmware has begun."},
+    {441, "The settings have been restored."},
 };
 
 }  // namespace

@@ -4,6 +4,7 @@ ORVBOARDD names the program.
 """
 
 import calendar
+import hashlib
 import os
 import re
 import resource
@@ -25,6 +26,8 @@ STATUS, PRODUCT, SYSTEM_NAMES, SYSTEM_POWER, LED = (
 PARTITIONS, ADDRESSES, SERVICES, TRAPS = 0x02010030, 0x02010048, 0x0201004A, 0x0201004D
 USERS, USER_ADD, USER_EDIT, USER_REMOVE, SESSIONS = (
     0x0201003C, 0x0201003D, 0x0201003E, 0x0201003F, 0x02010040)
+PROGRESS, STAGE, STAGED, START, DROP, BACKUP = (
+    0x0201005F, 0x02010064, 0x02010065, 0x02010066, 0x02010067, 0x02010068)
 CLOCK, EVENTS, OWN_FILTER = 0x02010046, 0x02010099, 0x0201009A
 ACL, ACL_ADD, ACL_REMOVE, MAIL = 0x02010058, 0x02010059, 0x0201005A, 0x0201005C
 POWER, SCHEDULE, BOOT = 0x02010300, 0x02010310, 0x02010320  # and the partition
@@ -36,7 +39,7 @@ WRITE = 0x8000
 ERROR = 0x87FF0001
 
 BROKEN, BOARD_FAILURE = 1026, 1792
-NO_SESSION, REFUSED, NOT_AUTHORISED, NO_ITEM, BAD_REQUEST = 1031, 1281, 1282, 1283, 1284
+NO_SESSION, REFUSED, NOT_AUTHORISED, NO_ITEM, BAD_REQUEST, BUSY = 1031, 1281, 1282, 1283, 1284, 1285
 EXISTS, FULL, NOT_FOUND, LAST_ADMINISTRATOR, DAMAGED = 1286, 1287, 1288, 1289, 1290
 
 LIMIT = 10
@@ -69,6 +72,11 @@ def record(*texts):
 
 def telegram(session=b""):
     return struct.pack(">I32s12x", 4711, session)
+
+
+def image(payload, version=b"2.0.0"):
+    header = struct.pack(">8sI20s", b"ORVFIRM1", 64 + len(payload), version)
+    return header + hashlib.sha256(payload).digest() + payload
 
 
 def login_record(user, password, address=b"192.0.2.7"):
@@ -307,6 +315,7 @@ class BoardTest(unittest.TestCase):
         (USER_REMOVE, "", "a", record("new")),
         (CLOCK, "apsog", "a", record("2026-01-01", "00:00:00", "+00:00", "manual", "", "")),
         (OWN_FILTER, "apsog", "apsog", record("error", "power", 1)),
+        (PROGRESS, "apsog", "", b"x"), (STAGE, "", "as", bytes(5)), (DROP, "", "as", record("drop")),
         (MAINTENANCE_MODE, "apsog", "as", bytes(34)),
         (PERMISSION, "apsog", "a", struct.pack(">4I", 1, 1, 4, 0)),
     )
@@ -658,6 +667,211 @@ class BoardTest(unittest.TestCase):
                       ("2026-01-01", "00:00:00", "+00:00", "gps", "192.0.2.1", "")):
             with self.subTest(texts):
                 self.assertRefused(BAD_REQUEST, self.put, CLOCK, admin, record(*texts))
+
+    # Firmware
+
+    PIECE = 65000
+
+    def stage(self, session, content, size=PIECE):
+        for offset in range(0, len(content), size):
+            self.put(STAGE, session, number(offset) + content[offset:offset + size])
+
+    def get_progress(self, session):
+        return self.rows(PROGRESS, session, 3)[0]
+
+    def test_an_image_is_staged_by_one_session(self):
+        self.start()
+        admin, staff = self.login().session, self.login(b"staff").session
+        content = image(bytes(range(256)) * 600)
+        digest = hashlib.sha256(content).hexdigest()
+        file = Path(f"{self.state}.firmware")
+        self.assertRefused(NO_ITEM, self.get, STAGED, admin)
+        self.assertRefused(BAD_REQUEST, self.put, STAGE, admin, number(1) + b"x")
+        self.put(STAGE, admin, number(0) + b"given up")
+        self.stage(admin, content)
+        self.assertEqual((file.read_bytes(), file.stat().st_mode & 0o777), (content, 0o600))
+        self.assertEqual(self.rows(STAGED, admin, 3), [(str(len(content)), digest, "2.0.0")])
+        self.assertEqual(self.events(admin, 1), [("info", "firmware", "501", "admin", "2.0.0")])
+        # A piece that is not the next one, too long or nothing at all leaves what is there.
+        for offset, piece in ((len(content) - 1, b"x"), (len(content) + 1, b"x"), (-1, b"x"),
+                              (len(content), b""), (len(content), bytes(65001))):
+            self.assertRefused(BAD_REQUEST, self.put, STAGE, admin, number(offset % 2**32) + piece)
+        self.assertRefused(BAD_REQUEST, self.put, STAGE, staff, number(len(content)) + b"x")
+        for item, content_of in ((STAGED, None), (START, record(digest))):
+            self.assertRefused(NO_ITEM, self.ask, item | (WRITE if content_of else 0), staff,
+                               content_of)
+        self.put(DROP, staff, record("drop"))
+        self.assertEqual(self.rows(STAGED, admin, 3)[0][1], digest)
+        self.put(STAGE, staff, number(0) + content[:99])
+        self.assertRefused(NO_ITEM, self.get, STAGED, admin)
+        self.assertRefused(DAMAGED, self.get, STAGED, staff)
+        self.put(DROP, staff, record("drop"))
+        self.assertRefused(NO_ITEM, self.get, STAGED, staff)
+        self.assertFalse(file.exists())
+        self.stage(admin, content)
+        self.end(signal.SIGKILL)
+        self.assertTrue(file.exists())
+        self.start()
+        self.assertFalse(file.exists())
+        self.stage(admin, content)
+        self.end()
+        self.assertFalse(file.exists())
+
+    def test_damaged_images_are_not_installed(self):
+        self.start()
+        admin = self.login().session
+        good = image(b"payload")
+        for content in (
+                good[:-1], good + b"x", good[:-1] + b"D", good[:64], b"x" + good[1:],
+                good[:40] + b"x" + good[41:], image(b""), image(b"x", b""), image(b"x", b"1\0002"),
+                image(b"x", b"1\n"), good[:8] + number(len(good) + 1) + good[12:]):
+            with self.subTest(content):
+                self.stage(admin, content)
+                self.assertRefused(DAMAGED, self.get, STAGED, admin)
+                self.assertRefused(DAMAGED, self.put, START, admin,
+                                   record(hashlib.sha256(content).hexdigest()))
+        for size in (1, 63, 64, 65):
+            self.stage(admin, good, size)
+            self.assertEqual(self.rows(STAGED, admin, 3)[0][2], "2.0.0")
+        self.assertRefused(BAD_REQUEST, self.put, START, admin, record("0" * 64))
+        self.assertEqual(self.get_progress(admin), ("idle", "0", ""))
+
+    def test_an_image_has_at_most_96_mebibytes(self):
+        self.start()
+        admin = self.login().session
+        memory = re.compile(r"VmRSS:\s+(\d+)")
+        status = Path(f"/proc/{self.daemon.pid}/status")
+        before = int(memory.search(status.read_text())[1])
+        full, piece = 96 * 2**20, bytes(self.PIECE)
+        for offset in range(0, full - self.PIECE, self.PIECE):
+            self.put(STAGE, admin, number(offset) + piece)
+        offset += self.PIECE
+        self.assertRefused(BAD_REQUEST, self.put, STAGE, admin,
+                           number(offset) + bytes(full - offset + 1))
+        self.put(STAGE, admin, number(offset) + bytes(full - offset))
+        self.assertRefused(BAD_REQUEST, self.put, STAGE, admin, number(full) + b"x")
+        self.assertLess(int(memory.search(status.read_text())[1]) - before, 8 * 1024)
+
+    def test_an_image_that_cannot_be_kept_is_dropped(self):
+        self.start(limit=1024 * 1024)
+        admin = self.login().session
+        with self.assertRaises(BoardError) as caught:
+            self.stage(admin, bytes(2 * 1024 * 1024))
+        self.assertEqual((caught.exception.detail, caught.exception.action), (BOARD_FAILURE, 3))
+        self.assertRefused(NO_ITEM, self.get, STAGED, admin)
+        self.assertFalse(Path(f"{self.state}.firmware").exists())
+        self.stage(admin, image(b"smaller"))
+        self.get(STAGED, admin)
+
+    def test_an_installation_changes_the_version(self):
+        self.start()
+        admin = self.login().session
+        name, serial, version = self.rows(PRODUCT, admin, 3)[0]
+
+        def install(version):
+            content = image(b"payload", version)
+            self.stage(admin, content)
+            self.put(START, admin, record(hashlib.sha256(content).hexdigest()))
+            self.assertRefused(NO_ITEM, self.get, STAGED, admin)
+
+        install(b"1.9.broken")
+        self.assertEqual(self.get_progress(admin)[::2], ("running", "1.9.broken"))
+        self.end(signal.SIGKILL)
+        self.start()
+        self.assertEqual(self.get_progress(admin), ("failed", "0", "1.9.broken"))
+        self.assertEqual(self.events(admin, 1), [("error", "firmware", "503", "", "1.9.broken")])
+
+        install(b"x" * 20)
+        self.stage(admin, image(b"next"))
+        self.assertRefused(BUSY, self.put, START, admin,
+                           record(hashlib.sha256(image(b"next")).hexdigest()))
+        seen = []
+        for _ in range(60):
+            seen.append(self.get_progress(admin))
+            if seen[-1][0] != "running":
+                break
+            self.assertEqual(self.rows(PRODUCT, admin, 3), [(name, serial, version)])
+            time.sleep(0.25)
+        percents = [int(percent) for _, percent, _ in seen]
+        self.assertEqual(percents, sorted(percents))
+        self.assertGreater(len(set(percents)), 20)
+        self.end(signal.SIGKILL)
+        self.start()
+        self.assertEqual(self.get_progress(admin), ("done", "100", "x" * 20))
+        self.assertEqual(self.rows(PRODUCT, admin, 3), [(name, serial, "x" * 20)])
+        self.assertEqual(self.events(admin, 1)[0][2:], ("502", "admin", "x" * 20))
+
+    # Backup
+
+    def test_a_backup_restores_all_settings(self):
+        self.start()
+        admin, staff = self.login().session, self.login(b"staff").session
+        settings = {
+            SYSTEM_NAMES: record("restored", "", "", "x"), LED: record("blink"),
+            ADDRESSES: record("b", "192.0.2.99", 8, "", "", ""),
+            SERVICES: record(0, 8080, 1, 8443, 0, 22, 1, 23),
+            TRAPS: record(1, "192.0.2.1", "c", 0, "", "", 0, "", ""),
+            MAIL: record(1, "mail", 25, "a", "b", "c"),
+            SCHEDULE + 2: record(1, "2026-01-01", "2026-01-02", "1111111", "07:00", ""),
+            BOOT + 3: record("dvd", "none", "none", 9, 1),
+        }
+        fresh = self.get(BACKUP, staff)
+        for name in (b"part", b"operator", b"guest"):
+            session = self.login(name).session
+            for kind in (BACKUP, BACKUP | WRITE, STAGED, START | WRITE):
+                self.assertRefused(NOT_AUTHORISED, self.ask, kind, session, fresh if kind & WRITE else None)
+        for item, content in settings.items():
+            self.put(item, admin, content)
+        self.put(ACL_ADD, admin, record("192.0.2.0", 24))
+        self.put(CLOCK, admin, record("2030-01-01", "00:00:00", "+09:00", "manual", "", ""))
+        changed = self.get(BACKUP, admin)
+        body, digest = re.fullmatch(rb"(orv-settings 1\n(?:item [0-9a-f]{4} [0-9a-f]+\n){16})"
+                                    rb"sha256 ([0-9a-f]{64})\n", changed).groups()
+        self.assertEqual(digest.decode(), hashlib.sha256(body).hexdigest())
+        self.assertIn(b"\nitem 000b " + record("blink").hex().encode() + b"\n", body)
+        self.put(BACKUP, staff, fresh)
+        self.assertEqual(self.get(BACKUP, admin), fresh)
+        self.assertEqual(self.events(admin, 1), [("info", "settings", "202", "staff", "")])
+        self.assertEqual(self.get(HTTPS_PORT), number(443))
+        self.put(BACKUP, staff, changed)
+        self.end(signal.SIGKILL)
+        self.start()
+        for item, content in settings.items():
+            self.assertEqual(self.get(item, admin), content, hex(item))
+        self.assertEqual(self.rows(ACL, admin, 2), [("192.0.2.0", "24")])
+        day, _, zone, *_ = self.rows(CLOCK, admin, 6)[0]
+        self.assertEqual((day, zone), ("2030-01-01", "+09:00"))  # set before, and kept
+
+    def test_damaged_backups_change_nothing(self):
+        self.start()
+        admin = self.login().session
+        before = self.get(BACKUP, admin)
+        self.put(LED, admin, record("on"))
+        present = self.get(BACKUP, admin)
+        lines = before.splitlines(keepends=True)[:-1]
+
+        def signed(lines):
+            body = b"".join(lines)
+            return body + b"sha256 " + hashlib.sha256(body).hexdigest().encode() + b"\n"
+
+        self.assertEqual(signed(lines), before)
+        led = next(n for n, line in enumerate(lines) if line.startswith(b"item 000b"))
+
+        def with_led(line):
+            return signed(lines[:led] + [line] + lines[led + 1:])
+
+        for content in (
+                before[:-1], before + b"\n", before.replace(b"\n", b"\r\n"), b"\n", b"\0",
+                before[:-2] + bytes([before[-2] ^ 1]) + b"\n", b"".join(lines), lines[0],
+                signed([b"orv-settings 2\n"] + lines[1:]), signed(lines[:-1]),
+                signed(lines + lines[-1:]), signed(lines[:1] + lines[:0:-1]),
+                with_led(b"item 000b " + record("of").hex().encode() + b"\n"),
+                with_led(b"item 000b " + record("off").hex().upper().encode() + b"\n"),
+                with_led(b"item 000b 6f666600f\n"), with_led(b"item 000b\n"),
+                with_led(b"item 003c " + record("off").hex().encode() + b"\n")):
+            with self.subTest(content[-80:]):
+                self.assertRefused(DAMAGED, self.put, BACKUP, admin, content)
+        self.assertEqual(self.get(BACKUP, admin), present)
 
     # What comes over the wire
 
