@@ -1,8 +1,5 @@
 #include "shared/SettingsPage.h"
 
-#include <algorithm>
-#include <iostream>
-
 #include "gui/HTMLPage.h"
 #include "gui/HiddenField.h"
 #include "gui/ORVGUIUtil.h"
@@ -42,68 +39,12 @@ private:
 
 }  // namespace
 
-/// The inputs as a list of labels, inputs and, where one is wrong, its hint; to be confirmed: the
-/// labels and values, which hidden fields carry on.
-class SettingsPage::EntryList : public HTMLComponent {
-public:
-    EntryList(const std::vector<Entry>& entries, MessageMgr& messages, bool editable)
-        : m_entries(entries), m_messages(messages), m_editable(editable) {}
-
-    void printHTML() const override {
-        for (const Entry& entry : m_entries) {
-            if (!entry.heading.empty()) {
-                std::cout << "<h2>";
-                TextString(entry.heading).printHTML();
-                std::cout << "</h2>\n";
-            }
-            if (m_editable) {
-                printInput(entry);
-            } else {
-                printValue(entry);
-            }
-        }
-    }
-
-    bool isError() const override { return false; }
-
-private:
-    // A label stands for one input; boxes and buttons that belong together are a field set.
-    void printInput(const Entry& entry) const {
-        const bool isGroup = entry.input->isGroup();
-        std::cout << (isGroup ? "<fieldset class=\"entry" : "<p class=\"entry")
-                  << (entry.wrong ? " wrong\">" : "\">")
-                  << (isGroup ? "<legend class=\"label\">" : "<label><span class=\"label\">");
-        TextString(entry.label).printHTML();
-        std::cout << (isGroup ? "</legend> " : "</span> ");
-        entry.input->print();
-        std::cout << (isGroup ? "" : "</label>");
-        if (entry.wrong) {
-            std::cout << ' ';
-            makeSentence(m_messages.getString(entry.hint), TextString::ERROR_COLOUR)->printHTML();
-        }
-        std::cout << (isGroup ? "</fieldset>\n" : "</p>\n");
-    }
-
-    static void printValue(const Entry& entry) {
-        std::cout << "<p class=\"entry\"><span class=\"label\">";
-        TextString(entry.label).printHTML();
-        std::cout << "</span> <span class=\"value\">";
-        TextString(entry.input->getShownText()).printHTML();
-        std::cout << "</span>";
-        entry.input->printCarried();
-        std::cout << "</p>\n";
-    }
-
-    const std::vector<Entry>& m_entries;
-    MessageMgr& m_messages;
-    bool m_editable;
-};
-
 SettingsPage::SettingsPage(const PageContext& context, Function function, Text purpose)
     : CommonDefaultPage(context.messages, function, &m_state,
                         skeletonPath("skeleton_settings.txt")),
       m_context(context),
       m_function(function),
+      m_title(titleOf(function)),
       m_purpose(purpose),
       m_returnPath(ORVGUIUtil::getCGIPath(function)),
       m_completion(SETTINGS_CHANGED),
@@ -117,45 +58,13 @@ SettingsPage::SettingsPage(const PageContext& context, Function function, Text p
 
 SettingsPage::~SettingsPage() = default;
 
-void SettingsPage::addEntry(const std::string& label, Text hint, std::unique_ptr<Input> input) {
-    m_entries.push_back({m_nextHeading, label, hint, std::move(input)});
-    m_nextHeading.clear();
-}
-
-void SettingsPage::addHeading(const std::string& heading) {
-    m_nextHeading = heading;
-}
-
 void SettingsPage::carry(const std::string& name, const std::string& value) {
     m_carried.emplace_back(name, value);
-}
-
-void SettingsPage::mark(const Input& input) {
-    for (Entry& entry : m_entries) {
-        entry.wrong |= entry.input.get() == &input;
-    }
-}
-
-void SettingsPage::mark(const Input& input, Text hint) {
-    mark(input);
-    for (Entry& entry : m_entries) {
-        if (entry.input.get() == &input) {
-            entry.hint = hint;
-        }
-    }
 }
 
 void SettingsPage::refuse(Text reason) {
     m_problem = reason;
     m_refused = true;
-}
-
-std::vector<Input*> SettingsPage::getInputs() const {
-    std::vector<Input*> inputs;
-    for (const Entry& entry : m_entries) {
-        inputs.push_back(entry.input.get());
-    }
-    return inputs;
 }
 
 SettingsPage::Step SettingsPage::stepOf(const FormInfo& form) {
@@ -186,10 +95,10 @@ int SettingsPage::stateOf(Step step) {
 
 void SettingsPage::makeDispPage() {
     if (m_step == Step::EDIT_AGAIN) {
-        readSubmitted();
+        m_inputs.submit(m_context.form);
         showForm(false);
     } else if (m_step == Step::CONFIRM && isConfirmed()) {
-        readSubmitted();
+        m_inputs.submit(m_context.form);
         if (areInputsValid()) {
             showConfirmation();
         } else {
@@ -202,34 +111,21 @@ void SettingsPage::makeDispPage() {
 }
 
 void SettingsPage::makeConfigPage() {
-    readSubmitted();
+    m_inputs.submit(m_context.form);
     if (areInputsValid()) {
         apply();
     }
-    if (isAnyMarked() || m_refused) {
+    if (m_inputs.isAnyMarked() || m_refused) {
         showForm(true);
     } else {
         showCompletion();
     }
 }
 
-void SettingsPage::readSubmitted() {
-    for (Entry& entry : m_entries) {
-        entry.input->submit(m_context.form);
-    }
-}
-
 bool SettingsPage::areInputsValid() {
-    for (Entry& entry : m_entries) {
-        entry.wrong = entry.input->isError();
-    }
+    m_inputs.check();
     checkInputs();
-    return !isAnyMarked();
-}
-
-bool SettingsPage::isAnyMarked() const {
-    return std::any_of(m_entries.begin(), m_entries.end(),
-                       [](const Entry& entry) { return entry.wrong; });
+    return !m_inputs.isAnyMarked();
 }
 
 void SettingsPage::showForm(bool again) {
@@ -256,13 +152,13 @@ void SettingsPage::showConfirmation() {
 }
 
 void SettingsPage::showCompletion() {
-    setComplPageItemToMap(text(titleOf(m_function)), "\"location.href='" + m_returnPath + "'\"",
+    setComplPageItemToMap(text(m_title), "\"location.href='" + m_returnPath + "'\"",
                           m_completion);
 }
 
 void SettingsPage::putEntries(bool editable) {
     HTMLMapUtil::insertIntoMap(getMap(), "entries",
-                               std::make_unique<EntryList>(m_entries, getMessages(), editable));
+                               std::make_unique<InputListView>(m_inputs, getMessages(), editable));
     HTMLMapUtil::insertIntoMap(getMap(), "carried", std::make_unique<CarriedFields>(m_carried));
 }
 
@@ -272,7 +168,7 @@ void SettingsPage::putButton(const std::string& marker, Text label) {
 }
 
 void SettingsPage::putTexts() {
-    putText(getMap(), "title", text(titleOf(m_function)));
+    putText(getMap(), "title", text(m_title));
     putSentence(getMap(), "purpose", text(m_purpose));
     putText(getMap(), "path", ORVGUIUtil::getCGIPath(m_function));
     HTMLMapUtil::insertIntoMap(getMap(), "tabs", makePartitionTabs(m_context, m_function));
