@@ -3,12 +3,17 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "Backup.h"
+#include "BoardClock.h"
 #include "Contents.h"
+#include "EventLog.h"
+#include "Firmware.h"
 #include "Maintenance.h"
 #include "Network.h"
 #include "OwnSettings.h"
 #include "Power.h"
 #include "Protocol.h"
+#include "Users.h"
 #include "orv/GeneralPurposePacket.h"
 
 namespace ORVLib::Board {
@@ -26,6 +31,7 @@ enum Who : unsigned int {
     M = 16,          // technical staff while the maintenance mode gives them the power
     USERS = 32,      // whoever is logged in
     EVERYBODY = 64,  // without a session too
+    ASKED = 128      // nobody writes; what readers exchange is a question
 };
 
 // Items that the board has once, and that each partition has.
@@ -56,6 +62,12 @@ constexpr Rule RULES[] = {
     {ITEM_OWN_REFRESH_INTERVAL,   ONE,  USERS,     USERS,     isInterval,        ""},
     {ITEM_OWN_PASSWORD,           ONE,  NOBODY,    USERS,     isPasswordChange,  ""},
     {ITEM_PARTITIONS,             ONE,  USERS,     NOBODY,    isAnything,        ""},
+    {ITEM_USERS,                  ONE,  A,         NOBODY,    isAnything,        ""},
+    {ITEM_USER_ADD,               ONE,  NOBODY,    A,         isNewUser,         ""},
+    {ITEM_USER_EDIT,              ONE,  NOBODY,    A,         isChangedUser,     ""},
+    {ITEM_USER_REMOVE,            ONE,  NOBODY,    A,         isUserName,        ""},
+    {ITEM_SESSIONS,               ONE,  USERS,     NOBODY,    isAnything,        ""},
+    {ITEM_CLOCK,                  ONE,  USERS,     A,         isClock,           ""},
     {ITEM_ADDRESSES,              ONE,  USERS,     A,         isAddresses,       "network addresses"},
     {ITEM_SERVICES,               ONE,  USERS,     A,         isServices,        "network services"},
     {ITEM_TRAPS,                  ONE,  USERS,     A,         isTraps,           "trap receivers"},
@@ -63,7 +75,15 @@ constexpr Rule RULES[] = {
     {ITEM_ACL_ADD,                ONE,  NOBODY,    A,         isAccessRow,       ""},
     {ITEM_ACL_REMOVE,             ONE,  NOBODY,    A,         isAccessRow,       ""},
     {ITEM_MAIL,                   ONE,  A,         A,         isMail,            "mail notification"},
+    {ITEM_PROGRESS,               ONE,  USERS,     NOBODY,    isProgress,        ""},
+    {ITEM_FIRMWARE_STAGE,         ONE,  NOBODY,    A|S,       isImagePiece,      ""},
+    {ITEM_FIRMWARE_STAGED,        ONE,  A|S,       NOBODY,    isAnything,        ""},
+    {ITEM_FIRMWARE_START,         ONE,  NOBODY,    A|S,       isImageDigest,     ""},
+    {ITEM_FIRMWARE_DROP,          ONE,  NOBODY,    A|S,       isDrop,            ""},
+    {ITEM_BACKUP,                 ONE,  A|S,       A|S,       isAnything,        ""},
     {ITEM_HTTPS_PORT,             ONE,  EVERYBODY, A,         isPort,            ""},
+    {ITEM_EVENTS,                 ONE,  USERS,     ASKED,     isEventQuery,      ""},
+    {ITEM_OWN_EVENT_FILTER,       ONE,  USERS,     USERS,     isEventFilter,     ""},
     {ITEM_MAINTENANCE_MODE,       ONE,  USERS,     A|S,       isMaintenanceMode, ""},
     {ITEM_MAINTENANCE_PERMISSION, ONE,  USERS,     A,         isPacket,          "maintenance permission"},
     {ITEM_PARTITION_POWER,        EACH, USERS,     A|P|O|M,   isPowerOperation,  ""},
@@ -89,9 +109,23 @@ constexpr Handler HANDLERS[] = {
     {ITEM_OWN_REFRESH_INTERVAL, OwnSettings::readRefreshInterval, OwnSettings::writeRefreshInterval},
     {ITEM_OWN_PASSWORD,         nullptr,                          OwnSettings::writePassword},
     {ITEM_PARTITIONS,           Power::listPartitions,            nullptr},
+    {ITEM_USERS,                Users::list,                      nullptr},
+    {ITEM_USER_ADD,             nullptr,                          Users::add},
+    {ITEM_USER_EDIT,            nullptr,                          Users::edit},
+    {ITEM_USER_REMOVE,          nullptr,                          Users::remove},
+    {ITEM_SESSIONS,             Users::listSessions,              nullptr},
+    {ITEM_CLOCK,                BoardClock::read,                    BoardClock::write},
     {ITEM_ACL_ADD,              nullptr,                          Network::addAccess},
     {ITEM_ACL_REMOVE,           nullptr,                          Network::removeAccess},
+    {ITEM_PROGRESS,             Firmware::readProgress,           nullptr},
+    {ITEM_FIRMWARE_STAGE,       nullptr,                          Firmware::stage},
+    {ITEM_FIRMWARE_STAGED,      Firmware::readStaged,             nullptr},
+    {ITEM_FIRMWARE_START,       nullptr,                          Firmware::start},
+    {ITEM_FIRMWARE_DROP,        nullptr,                          Firmware::drop},
+    {ITEM_BACKUP,               Backup::read,                     Backup::restore},
     {ITEM_HTTPS_PORT,           Network::readHttpsPort,           Network::writeHttpsPort},
+    {ITEM_EVENTS,               EventLog::answer,                 nullptr},
+    {ITEM_OWN_EVENT_FILTER,     EventLog::readFilter,             EventLog::writeFilter},
     {ITEM_PARTITION_POWER,      Power::readPartition,             Power::operatePartition},
 };
 // clang-format on
@@ -107,11 +141,13 @@ constexpr Initial INITIAL[] = {
     {ITEM_PRODUCT, ONE, "Sample Server|SN20417-0093|1.0.0"},
     {ITEM_SYSTEM_NAMES, ONE, "server-1|AT-1001|Room 2, rack 4|"},
     {ITEM_LED, ONE, "off"},
+    {ITEM_CLOCK, ONE, "0|+00:00|manual||"},
     {ITEM_ADDRESSES, ONE, "board|192.0.2.10|24|192.0.2.1|192.0.2.53|"},
     {ITEM_SERVICES, ONE, "1|80|1|443|1|22|0|23"},
     {ITEM_TRAPS, ONE, "0||public|0|||0||"},
     {ITEM_ACL, ONE, ""},
     {ITEM_MAIL, ONE, "0||25|||"},
+    {ITEM_PROGRESS, ONE, "idle|0|"},
     {ITEM_PARTITION_POWER, EACH, "on"},
     {ITEM_PARTITION_POWER + PARTITION_COUNT - 1, ONE, "off"},
     {ITEM_PARTITION_SCHEDULE, EACH, "0|2025-01-01|2037-12-31|1111100|07:00|19:00"},
@@ -233,7 +269,7 @@ bool Items::isPublic(std::uint32_t id) {
 }
 
 bool Items::holdsPassword(std::uint32_t id) {
-    return id == ITEM_OWN_PASSWORD;
+    return id == ITEM_OWN_PASSWORD || id == ITEM_USER_ADD || id == ITEM_USER_EDIT;
 }
 
 std::string Items::read(std::uint32_t id, const Caller* caller) {
@@ -241,9 +277,9 @@ std::string Items::read(std::uint32_t id, const Caller* caller) {
     requireAmong(rule.readers, id, caller);
     const Handler* const handler = findHandler(rule);
     if (handler != nullptr && handler->read != nullptr) {
-        return handler->read({m_state, m_sessions, id, caller, "", ""});
+        return handler->read({m_parts, id, caller, "", ""});
     }
-    const auto content = m_state.readItem(id);
+    const auto content = m_parts.state.readItem(id);
     if (!content) {
         throw boardError(ERROR_NO_SUCH_ITEM, "the item was never set", id);
     }
@@ -254,7 +290,7 @@ std::string Items::read(std::uint32_t id, const Caller* caller) {
 }
 
 void Items::requireAmong(unsigned int who, std::uint32_t id, const Caller* caller) {
-    if (!isAmong(who, caller, findRule(id), id, m_state)) {
+    if (!isAmong(who, caller, findRule(id), id, m_parts.state)) {
         throw boardError(ERROR_NOT_AUTHORISED, "this user may not use the item", id);
     }
 }
@@ -272,15 +308,18 @@ void Items::write(std::uint32_t id, const std::string& content, const Caller& ca
     checkWrite(id, content, caller);
     const Handler* const handler = findHandler(findRule(id));
     if (handler != nullptr) {
-        handler->write({m_state, m_sessions, id, &caller, content, passwordHash});
+        handler->write({m_parts, id, &caller, content, passwordHash});
     } else {
-        m_state.writeItem(id, content, writtenBy(caller.user, id, content));
+        m_parts.state.writeItem(id, content, writtenBy(caller.user, id, content));
     }
 }
 
 std::string Items::exchange(std::uint32_t id, const std::string& content, const Caller& caller) {
     const Rule& rule = requireRule(id);
     requireAmong(rule.readers, id, &caller);
+    if ((rule.writers & ASKED) != 0) {
+        return findHandler(rule)->read({m_parts, id, &caller, content, ""});
+    }
     write(id, content, caller);
     return read(id, &caller);
 }

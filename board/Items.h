@@ -15,8 +15,8 @@ namespace ORVLib::Board {
 /// logged in, written by system administrators, and holds any bytes.
 class Items {
 public:
-    /// `state` and `sessions` must outlive this.
-    Items(BoardState& state, Sessions& sessions) : m_state(state), m_sessions(sessions) {}
+    /// The parts must outlive this.
+    explicit Items(const Parts& parts) : m_parts(parts) {}
 
     /// What a fresh board has in its items.
     static Contents getInitialContents();
@@ -24,7 +24,7 @@ public:
     /// True for what pages need before anybody has logged in.
     static bool isPublic(std::uint32_t id);
 
-    /// True for an item whose content holds a password: it is written with the password's hash.
+    /// True for an item whose content holds a password: it is written with that one's hash.
     static bool holdsPassword(std::uint32_t id);
 
     /// `caller` is null for a public item. Throws PException for what is not there or not allowed.
@@ -43,8 +43,7 @@ public:
 private:
     void requireAmong(unsigned int who, std::uint32_t id, const Caller* caller);
 
-    BoardState& m_state;
-    Sessions& m_sessions;
+    Parts m_parts;
 };
 
 }  // namespace ORVLib::Board

@@ -3,6 +3,8 @@
 ORVBOARDD names the program.
 """
 
+import calendar
+import hashlib
 import os
 import re
 import resource
@@ -22,6 +24,11 @@ OWN_LANGUAGE, OWN_REFRESH_INTERVAL, OWN_PASSWORD = 0x02010026, 0x02010027, 0x020
 STATUS, PRODUCT, SYSTEM_NAMES, SYSTEM_POWER, LED = (
     0x02010003, 0x02010007, 0x02010008, 0x0201000A, 0x0201000B)
 PARTITIONS, ADDRESSES, SERVICES, TRAPS = 0x02010030, 0x02010048, 0x0201004A, 0x0201004D
+USERS, USER_ADD, USER_EDIT, USER_REMOVE, SESSIONS = (
+    0x0201003C, 0x0201003D, 0x0201003E, 0x0201003F, 0x02010040)
+PROGRESS, STAGE, STAGED, START, DROP, BACKUP = (
+    0x0201005F, 0x02010064, 0x02010065, 0x02010066, 0x02010067, 0x02010068)
+CLOCK, EVENTS, OWN_FILTER = 0x02010046, 0x02010099, 0x0201009A
 ACL, ACL_ADD, ACL_REMOVE, MAIL = 0x02010058, 0x02010059, 0x0201005A, 0x0201005C
 POWER, SCHEDULE, BOOT = 0x02010300, 0x02010310, 0x02010320  # and the partition
 HTTPS_PORT = 0x02010073
@@ -32,7 +39,7 @@ WRITE = 0x8000
 ERROR = 0x87FF0001
 
 BROKEN, BOARD_FAILURE = 1026, 1792
-NO_SESSION, REFUSED, NOT_AUTHORISED, NO_ITEM, BAD_REQUEST = 1031, 1281, 1282, 1283, 1284
+NO_SESSION, REFUSED, NOT_AUTHORISED, NO_ITEM, BAD_REQUEST, BUSY = 1031, 1281, 1282, 1283, 1284, 1285
 EXISTS, FULL, NOT_FOUND, LAST_ADMINISTRATOR, DAMAGED = 1286, 1287, 1288, 1289, 1290
 
 LIMIT = 10
@@ -65,6 +72,11 @@ def record(*texts):
 
 def telegram(session=b""):
     return struct.pack(">I32s12x", 4711, session)
+
+
+def image(payload, version=b"2.0.0"):
+    header = struct.pack(">8sI20s", b"ORVFIRM1", 64 + len(payload), version)
+    return header + hashlib.sha256(payload).digest() + payload
 
 
 def login_record(user, password, address=b"192.0.2.7"):
@@ -144,6 +156,12 @@ class BoardTest(unittest.TestCase):
         texts = payload[:-1].decode().split("\0")
         return [] if texts == [""] else list(zip(*[iter(texts)] * columns, strict=True))
 
+    def events(self, session, count, severity="info", source="", first="", last="", before=""):
+        """The newest events of the log, without their numbers and times."""
+        rows = self.rows(EVENTS, session, 7,
+                         record(severity, source, first, last, count, before))
+        return [row[2:] for row in rows]
+
     def put(self, item, session, content):
         self.ask(item | WRITE, session, content)
 
@@ -181,15 +199,11 @@ class BoardTest(unittest.TestCase):
         for name, password in ((b"admin", b"guess"), (b"nobody", b"nobody")):
             self.assertRefused(REFUSED, self.login, name, password)
         self.assertRefused(REFUSED, self.login, b"x\nadmin logged in", b"", b"a\x1b[2J")
-        self.login()
-        self.end()
-        with sqlite3.connect(self.state) as database:
-            log = list(database.execute(
-                "SELECT code, user, detail FROM events ORDER BY number DESC LIMIT 4"))
-        database.close()
-        self.assertEqual(log[:2], [(101, "admin", "192.0.2.7"),
-                                   (102, "x?admin logged in", "a?[2J")])
-        self.assertEqual([code for code, *_ in log], [101, 102, 102, 102])
+        self.assertEqual(self.events(self.login().session, 4), [
+            ("info", "security", "101", "admin", "192.0.2.7"),
+            ("warning", "security", "102", "x?admin logged in", "a?[2J"),
+            ("warning", "security", "102", "nobody", "192.0.2.7"),
+            ("warning", "security", "102", "admin", "192.0.2.7")])
 
     def test_only_a_living_session_is_served(self):
         self.start()
@@ -295,6 +309,13 @@ class BoardTest(unittest.TestCase):
         (POWER + 1, "apsog", "ao", record("reset")), (POWER + 3, "apsog", "apo", record("on")),
         (SCHEDULE, "apsog", "apo", record(0, "2026-01-01", "2026-01-01", "0000000", "", "")),
         (BOOT + 1, "apsog", "ao", record("dvd", "none", "disk", 9, 1)),
+        (USERS, "a", "", b"x"), (SESSIONS, "apsog", "", b"x"), 
+        (USER_ADD, "", "a", record("new", "password", "guest", "0" * 16, 1)),
+        (USER_EDIT, "", "a", record("new", "", "staff", "0" * 16, 1)),
+        (USER_REMOVE, "", "a", record("new")),
+        (CLOCK, "apsog", "a", record("2026-01-01", "00:00:00", "+00:00", "manual", "", "")),
+        (OWN_FILTER, "apsog", "apsog", record("error", "power", 1)),
+        (PROGRESS, "apsog", "", b"x"), (STAGE, "", "as", bytes(5)), (DROP, "", "as", record("drop")),
         (MAINTENANCE_MODE, "apsog", "as", bytes(34)),
         (PERMISSION, "apsog", "a", struct.pack(">4I", 1, 1, 4, 0)),
     )
@@ -445,6 +466,412 @@ class BoardTest(unittest.TestCase):
         rows = self.rows(STATUS, admin, 4)
         self.assertEqual(rows[2], ("partition", "1", "maintenance", "on"))
         self.assertEqual(rows[-1], ("maintenance", "0", "maintenance", "on"))
+
+    # Events
+
+    def test_events_are_found(self):
+        self.start()
+        session = self.login(b"guest").session
+        for query in ((), ("info", "", "", "", 0, ""), ("info", "", "", "", 201, ""),
+                      ("all", "", "", "", 1, ""), ("info", "disk", "", "", 1, ""),
+                      ("info", "", "2026-02-30", "", 1, ""), ("info", "", "", "", 1, "x"),
+                      ("info", "", "", "", 1)):
+            self.assertRefused(BAD_REQUEST, self.ask, EVENTS | EXCHANGE, session, record(*query))
+        self.assertRefused(BAD_REQUEST, self.get, EVENTS, session)
+        self.assertRefused(NOT_AUTHORISED, self.put, EVENTS, session,
+                           record("info", "", "", "", 1, ""))
+
+        everything = self.rows(EVENTS, session, 7, record("info", "", "", "", 200, ""))
+        numbers, times = ([int(row[column]) for row in everything] for column in (0, 1))
+        self.assertEqual(numbers, sorted(numbers, reverse=True))
+        self.assertEqual(times, sorted(times, reverse=True))
+        self.assertEqual({row[2] for row in everything if row[3] == "hardware"},
+                         {"info", "warning", "error"})
+        days = [time.strftime("%Y-%m-%d", time.gmtime(seconds)) for seconds in times]
+        middle = len(everything) // 2
+        for request, expected in (
+                (("warning", "", "", "", 200, ""), [r for r in everything if r[2] != "info"]),
+                (("error", "hardware", "", "", 1, ""),
+                 [r for r in everything if r[2] == "error"][:1]),
+                (("info", "power", "", "", 200, ""), [r for r in everything if r[3] == "power"]),
+                (("info", "", "", "", 3, numbers[middle]), everything[middle + 1:middle + 4]),
+                (("info", "", days[middle], days[middle], 200, ""),
+                 [r for r, day in zip(everything, days) if day == days[middle]]),
+                (("info", "", "", "1970-01-01", 200, ""), [])):
+            with self.subTest(request):
+                self.assertEqual(self.rows(EVENTS, session, 7, record(*request)), expected)
+
+    def test_what_happens_is_in_the_log(self):
+        self.start()
+        admin = self.login().session
+        for item, content, *events in (
+                (LED, record("blink"), ("info", "hardware", "406", "admin", "blink")),
+                (SYSTEM_NAMES, record("x", "", "", ""),
+                 ("info", "settings", "201", "admin", "system names")),
+                (BOOT + 2, record("disk", "dvd", "none", 0, 0),
+                 ("info", "settings", "201", "admin", "boot settings of partition 2")),
+                (SOME_ITEM, b"x", ("info", "settings", "201", "admin", "item 0x02010123")),
+                (POWER + 3, record("on"), ("info", "power", "301", "admin", "partition 3")),
+                (POWER + 3, record("on")),  # is on already
+                (POWER + 2, record("force-off"), ("warning", "power", "303", "admin", "partition 2")),
+                (SYSTEM_POWER, record("reset"),
+                 *(("warning", "power", "304", "admin", f"partition {n}") for n in (3, 1, 0))),
+                (SYSTEM_POWER, record("off"),
+                 *(("info", "power", "302", "admin", f"partition {n}") for n in (3, 1, 0))),
+                (MAINTENANCE_MODE, bytes(17) + b"\1\0\1" + bytes(13) + b"\1",
+                 ("info", "maintenance", "601", "admin", "system, partitions 0 2")),
+                (MAINTENANCE_MODE, bytes(34), ("info", "maintenance", "601", "admin", "off"))):
+            with self.subTest(hex(item), content=content):
+                before = self.events(admin, 10)
+                self.put(item, admin, content)
+                self.assertEqual(self.events(admin, 10), (events + before)[:10])
+
+    def test_an_event_filter_is_the_users(self):
+        self.start()
+        guest, admin = self.login(b"guest").session, self.login().session
+        self.put(OWN_FILTER, guest, record("warning", "hardware", 200))
+        self.assertRefused(BAD_REQUEST, self.put, OWN_FILTER, guest, record("info", "", 201))
+        self.end(signal.SIGKILL)
+        self.start()
+        self.assertEqual(self.get(OWN_FILTER, guest), record("warning", "hardware", 200))
+        self.assertEqual(self.get(OWN_FILTER, admin), record("info", "", 50))
+
+    # Users
+
+    NOBODY, PARTITIONS_0_AND_2 = "0" * 16, "101" + "0" * 13
+
+    def test_what_a_user_may_be(self):
+        self.start()
+        admin = self.login().session
+        for name, password, role, partitions, language in (
+                ("", "password", "guest", self.NOBODY, 1),
+                ("1x", "password", "guest", self.NOBODY, 1),
+                ("x y", "password", "guest", self.NOBODY, 1),
+                ("x" * 33, "password", "guest", self.NOBODY, 1),
+                ("x", "seven77", "guest", self.NOBODY, 1), ("x", "", "guest", self.NOBODY, 1),
+                ("x", "y" * 33, "guest", self.NOBODY, 1),
+                ("x", "pass word", "guest", self.NOBODY, 1),
+                ("x", "password", "root", self.NOBODY, 1),
+                ("x", "password", "guest", self.NOBODY[1:], 1),
+                ("x", "password", "guest", self.PARTITIONS_0_AND_2, 1),
+                ("x", "password", "partition", self.NOBODY, 1),
+                ("x", "password", "guest", self.NOBODY, 2)):
+            with self.subTest(name=name, password=password, role=role):
+                self.assertRefused(BAD_REQUEST, self.put, USER_ADD, admin,
+                                   record(name, password, role, partitions, language))
+        self.assertEqual(len(self.rows(USERS, admin, 4)), 5)
+        self.put(USER_ADD, admin, record("A" + "z" * 31, "!" * 32, "staff", self.NOBODY, 0))
+        self.login(b"A" + b"z" * 31, b"!" * 32)
+
+    def test_user_management(self):
+        self.start()
+        admin = self.login().session
+        new = ("u-1._", "password", "partition", self.PARTITIONS_0_AND_2, 0)
+        self.put(USER_ADD, admin, record(*new))
+        self.assertRefused(EXISTS, self.put, USER_ADD, admin, record(*new))
+        self.assertIn(("u-1._", "partition", self.PARTITIONS_0_AND_2, "0"),
+                      self.rows(USERS, admin, 4))
+        session = self.login(b"u-1._", b"password").session
+        other = self.login(b"u-1._", b"password").session
+        self.assertRefused(NOT_AUTHORISED, self.put, POWER + 1, session, record("off"))
+        self.put(POWER + 2, session, record("off"))
+
+        # A role counts at once; without a new password the sessions stay.
+        self.put(USER_EDIT, admin, record("u-1._", "", "operator", self.NOBODY, 1))
+        self.put(POWER + 1, session, record("off"))
+        self.assertEqual(self.check(session).language, 1)
+        self.put(USER_EDIT, admin, record("u-1._", "another-one", "administrator", self.NOBODY, 1))
+        for ended in (session, other):
+            self.assertRefused(NO_SESSION, self.check, ended)
+        self.assertRefused(REFUSED, self.login, b"u-1._", b"password")
+        session, other = (self.login(b"u-1._", b"another-one").session for _ in range(2))
+        self.put(USER_EDIT, session, record("u-1._", "yet-another", "administrator", self.NOBODY, 1))
+        self.check(session)
+        self.assertRefused(NO_SESSION, self.check, other)
+
+        # Somebody who can manage users is left.
+        self.assertRefused(LAST_ADMINISTRATOR, self.put, USER_REMOVE, admin, record("admin"))
+        self.put(USER_EDIT, admin, record("admin", "", "guest", self.NOBODY, 1))
+        self.assertRefused(NOT_AUTHORISED, self.get, USERS, admin)
+        self.assertRefused(LAST_ADMINISTRATOR, self.put, USER_EDIT, session,
+                           record("u-1._", "", "guest", self.NOBODY, 1))
+        self.put(USER_REMOVE, session, record("admin"))
+        self.assertRefused(NO_SESSION, self.check, admin)
+        self.assertRefused(REFUSED, self.login)
+        for item, content in ((USER_REMOVE, record("admin")),
+                              (USER_EDIT, record("admin", "", "guest", self.NOBODY, 1))):
+            self.assertRefused(NOT_FOUND, self.put, item, session, content)
+        self.assertEqual([event[2:] for event in self.events(session, 5, source="security")][1:4],
+                         [("108", "u-1._", "admin"), ("107", "admin", "admin"),
+                          ("107", "u-1._", "u-1._")])
+        self.end(signal.SIGKILL)
+        self.start()
+        self.assertNotIn("admin", [row[0] for row in self.rows(USERS, session, 4)])
+
+    def test_the_board_has_room_for_64_users(self):
+        self.start()
+        admin = self.login().session
+        for n in range(59):
+            self.put(USER_ADD, admin, record(f"user{n}", "password", "guest", self.NOBODY, 1))
+        self.assertRefused(FULL, self.put, USER_ADD, admin,
+                           record("user59", "password", "guest", self.NOBODY, 1))
+        self.assertEqual(len(self.rows(USERS, admin, 4)), 64)
+
+    def test_sessions_are_listed_without_their_ids(self):
+        self.start()
+        begin = int(time.time())
+        admin = self.login(address=b"198.51.100.9").session
+        part = self.login(b"part").session
+        rows = self.rows(SESSIONS, part, 5)
+        self.assertCountEqual([row[:3] for row in rows], [
+            ("admin", "administrator", "198.51.100.9"), ("part", "partition", "192.0.2.7")])
+        for _, _, _, login, used in rows:
+            self.assertTrue(begin <= int(login) <= int(used) <= time.time())
+        self.assertNotIn(admin, self.get(SESSIONS, part))
+        self.end()
+        self.start()
+        self.assertEqual([row[:4] for row in self.rows(SESSIONS, part, 5)],
+                         [row[:4] for row in rows])
+
+    # Clock
+
+    def test_the_clock_runs_from_where_it_was_set(self):
+        self.start()
+        admin = self.login().session
+
+        def shown():
+            day, clock, *rest = self.rows(CLOCK, admin, 6)[0]
+            return calendar.timegm(time.strptime(day + clock, "%Y-%m-%d%H:%M:%S")), rest
+
+        self.assertAlmostEqual(shown()[0], time.time(), delta=2)
+        self.put(CLOCK, admin, record("2037-12-31", "23:59:50", "-05:30", "manual", "", "192.0.2.1"))
+        local = calendar.timegm((2037, 12, 31, 23, 59, 50))
+        for _ in range(2):
+            seconds, rest = shown()
+            self.assertAlmostEqual(seconds, local, delta=9)
+            self.assertEqual(rest, ["-05:30", "manual", "", "192.0.2.1"])
+            self.end(signal.SIGKILL)
+            self.start()
+        self.put(LED, admin, record("on"))
+        event, = self.rows(EVENTS, admin, 7, record("info", "", "", "", 1, ""))
+        self.assertAlmostEqual(int(event[1]), local + 19800, delta=20)
+        self.put(CLOCK, admin, record("", "now", "+14:00", "servers", "192.0.2.1", ""))
+        self.assertAlmostEqual(shown()[0], time.time() + 50400, delta=2)
+        for texts in (("2037-12-32", "00:00:00", "+00:00", "manual", "", ""),
+                      ("2026-01-01", "24:00:00", "+00:00", "manual", "", ""),
+                      ("2026-01-01", "00:00:60", "+00:00", "manual", "", ""),
+                      ("1970-01-01", "00:59:59", "+01:00", "manual", "", ""),
+                      ("2026-01-01", "00:00:00", "+14:01", "manual", "", ""),
+                      ("2026-01-01", "00:00:00", "01:00", "manual", "", ""),
+                      ("2026-01-01", "00:00:00", "+00:00", "servers", "", "192.0.2.1"),
+                      ("2026-01-01", "00:00:00", "+00:00", "gps", "192.0.2.1", "")):
+            with self.subTest(texts):
+                self.assertRefused(BAD_REQUEST, self.put, CLOCK, admin, record(*texts))
+
+    # Firmware
+
+    PIECE = 65000
+
+    def stage(self, session, content, size=PIECE):
+        for offset in range(0, len(content), size):
+            self.put(STAGE, session, number(offset) + content[offset:offset + size])
+
+    def get_progress(self, session):
+        return self.rows(PROGRESS, session, 3)[0]
+
+    def test_an_image_is_staged_by_one_session(self):
+        self.start()
+        admin, staff = self.login().session, self.login(b"staff").session
+        content = image(bytes(range(256)) * 600)
+        digest = hashlib.sha256(content).hexdigest()
+        file = Path(f"{self.state}.firmware")
+        self.assertRefused(NO_ITEM, self.get, STAGED, admin)
+        self.assertRefused(BAD_REQUEST, self.put, STAGE, admin, number(1) + b"x")
+        self.put(STAGE, admin, number(0) + b"given up")
+        self.stage(admin, content)
+        self.assertEqual((file.read_bytes(), file.stat().st_mode & 0o777), (content, 0o600))
+        self.assertEqual(self.rows(STAGED, admin, 3), [(str(len(content)), digest, "2.0.0")])
+        self.assertEqual(self.events(admin, 1), [("info", "firmware", "501", "admin", "2.0.0")])
+        # A piece that is not the next one, too long or nothing at all leaves what is there.
+        for offset, piece in ((len(content) - 1, b"x"), (len(content) + 1, b"x"), (-1, b"x"),
+                              (len(content), b""), (len(content), bytes(65001))):
+            self.assertRefused(BAD_REQUEST, self.put, STAGE, admin, number(offset % 2**32) + piece)
+        self.assertRefused(BAD_REQUEST, self.put, STAGE, staff, number(len(content)) + b"x")
+        for item, content_of in ((STAGED, None), (START, record(digest))):
+            self.assertRefused(NO_ITEM, self.ask, item | (WRITE if content_of else 0), staff,
+                               content_of)
+        self.put(DROP, staff, record("drop"))
+        self.assertEqual(self.rows(STAGED, admin, 3)[0][1], digest)
+        self.put(STAGE, staff, number(0) + content[:99])
+        self.assertRefused(NO_ITEM, self.get, STAGED, admin)
+        self.assertRefused(DAMAGED, self.get, STAGED, staff)
+        self.put(DROP, staff, record("drop"))
+        self.assertRefused(NO_ITEM, self.get, STAGED, staff)
+        self.assertFalse(file.exists())
+        self.stage(admin, content)
+        self.end(signal.SIGKILL)
+        self.assertTrue(file.exists())
+        self.start()
+        self.assertFalse(file.exists())
+        self.stage(admin, content)
+        self.end()
+        self.assertFalse(file.exists())
+
+    def test_damaged_images_are_not_installed(self):
+        self.start()
+        admin = self.login().session
+        good = image(b"payload")
+        for content in (
+                good[:-1], good + b"x", good[:-1] + b"D", good[:64], b"x" + good[1:],
+                good[:40] + b"x" + good[41:], image(b""), image(b"x", b""), image(b"x", b"1\0002"),
+                image(b"x", b"1\n"), good[:8] + number(len(good) + 1) + good[12:]):
+            with self.subTest(content):
+                self.stage(admin, content)
+                self.assertRefused(DAMAGED, self.get, STAGED, admin)
+                self.assertRefused(DAMAGED, self.put, START, admin,
+                                   record(hashlib.sha256(content).hexdigest()))
+        for size in (1, 63, 64, 65):
+            self.stage(admin, good, size)
+            self.assertEqual(self.rows(STAGED, admin, 3)[0][2], "2.0.0")
+        self.assertRefused(BAD_REQUEST, self.put, START, admin, record("0" * 64))
+        self.assertEqual(self.get_progress(admin), ("idle", "0", ""))
+
+    def test_an_image_has_at_most_96_mebibytes(self):
+        self.start()
+        admin = self.login().session
+        memory = re.compile(r"VmRSS:\s+(\d+)")
+        status = Path(f"/proc/{self.daemon.pid}/status")
+        before = int(memory.search(status.read_text())[1])
+        full, piece = 96 * 2**20, bytes(self.PIECE)
+        for offset in range(0, full - self.PIECE, self.PIECE):
+            self.put(STAGE, admin, number(offset) + piece)
+        offset += self.PIECE
+        self.assertRefused(BAD_REQUEST, self.put, STAGE, admin,
+                           number(offset) + bytes(full - offset + 1))
+        self.put(STAGE, admin, number(offset) + bytes(full - offset))
+        self.assertRefused(BAD_REQUEST, self.put, STAGE, admin, number(full) + b"x")
+        self.assertLess(int(memory.search(status.read_text())[1]) - before, 8 * 1024)
+
+    def test_an_image_that_cannot_be_kept_is_dropped(self):
+        self.start(limit=1024 * 1024)
+        admin = self.login().session
+        with self.assertRaises(BoardError) as caught:
+            self.stage(admin, bytes(2 * 1024 * 1024))
+        self.assertEqual((caught.exception.detail, caught.exception.action), (BOARD_FAILURE, 3))
+        self.assertRefused(NO_ITEM, self.get, STAGED, admin)
+        self.assertFalse(Path(f"{self.state}.firmware").exists())
+        self.stage(admin, image(b"smaller"))
+        self.get(STAGED, admin)
+
+    def test_an_installation_changes_the_version(self):
+        self.start()
+        admin = self.login().session
+        name, serial, version = self.rows(PRODUCT, admin, 3)[0]
+
+        def install(version):
+            content = image(b"payload", version)
+            self.stage(admin, content)
+            self.put(START, admin, record(hashlib.sha256(content).hexdigest()))
+            self.assertRefused(NO_ITEM, self.get, STAGED, admin)
+
+        install(b"1.9.broken")
+        self.assertEqual(self.get_progress(admin)[::2], ("running", "1.9.broken"))
+        self.end(signal.SIGKILL)
+        self.start()
+        self.assertEqual(self.get_progress(admin), ("failed", "0", "1.9.broken"))
+        self.assertEqual(self.events(admin, 1), [("error", "firmware", "503", "", "1.9.broken")])
+
+        install(b"x" * 20)
+        self.stage(admin, image(b"next"))
+        self.assertRefused(BUSY, self.put, START, admin,
+                           record(hashlib.sha256(image(b"next")).hexdigest()))
+        seen = []
+        for _ in range(60):
+            seen.append(self.get_progress(admin))
+            if seen[-1][0] != "running":
+                break
+            self.assertEqual(self.rows(PRODUCT, admin, 3), [(name, serial, version)])
+            time.sleep(0.25)
+        percents = [int(percent) for _, percent, _ in seen]
+        self.assertEqual(percents, sorted(percents))
+        self.assertGreater(len(set(percents)), 20)
+        self.end(signal.SIGKILL)
+        self.start()
+        self.assertEqual(self.get_progress(admin), ("done", "100", "x" * 20))
+        self.assertEqual(self.rows(PRODUCT, admin, 3), [(name, serial, "x" * 20)])
+        self.assertEqual(self.events(admin, 1)[0][2:], ("502", "admin", "x" * 20))
+
+    # Backup
+
+    def test_a_backup_restores_all_settings(self):
+        self.start()
+        admin, staff = self.login().session, self.login(b"staff").session
+        settings = {
+            SYSTEM_NAMES: record("restored", "", "", "x"), LED: record("blink"),
+            ADDRESSES: record("b", "192.0.2.99", 8, "", "", ""),
+            SERVICES: record(0, 8080, 1, 8443, 0, 22, 1, 23),
+            TRAPS: record(1, "192.0.2.1", "c", 0, "", "", 0, "", ""),
+            MAIL: record(1, "mail", 25, "a", "b", "c"),
+            SCHEDULE + 2: record(1, "2026-01-01", "2026-01-02", "1111111", "07:00", ""),
+            BOOT + 3: record("dvd", "none", "none", 9, 1),
+        }
+        fresh = self.get(BACKUP, staff)
+        for name in (b"part", b"operator", b"guest"):
+            session = self.login(name).session
+            for kind in (BACKUP, BACKUP | WRITE, STAGED, START | WRITE):
+                self.assertRefused(NOT_AUTHORISED, self.ask, kind, session, fresh if kind & WRITE else None)
+        for item, content in settings.items():
+            self.put(item, admin, content)
+        self.put(ACL_ADD, admin, record("192.0.2.0", 24))
+        self.put(CLOCK, admin, record("2030-01-01", "00:00:00", "+09:00", "manual", "", ""))
+        changed = self.get(BACKUP, admin)
+        body, digest = re.fullmatch(rb"(orv-settings 1\n(?:item [0-9a-f]{4} [0-9a-f]+\n){16})"
+                                    rb"sha256 ([0-9a-f]{64})\n", changed).groups()
+        self.assertEqual(digest.decode(), hashlib.sha256(body).hexdigest())
+        self.assertIn(b"\nitem 000b " + record("blink").hex().encode() + b"\n", body)
+        self.put(BACKUP, staff, fresh)
+        self.assertEqual(self.get(BACKUP, admin), fresh)
+        self.assertEqual(self.events(admin, 1), [("info", "settings", "202", "staff", "")])
+        self.assertEqual(self.get(HTTPS_PORT), number(443))
+        self.put(BACKUP, staff, changed)
+        self.end(signal.SIGKILL)
+        self.start()
+        for item, content in settings.items():
+            self.assertEqual(self.get(item, admin), content, hex(item))
+        self.assertEqual(self.rows(ACL, admin, 2), [("192.0.2.0", "24")])
+        day, _, zone, *_ = self.rows(CLOCK, admin, 6)[0]
+        self.assertEqual((day, zone), ("2030-01-01", "+09:00"))  # set before, and kept
+
+    def test_damaged_backups_change_nothing(self):
+        self.start()
+        admin = self.login().session
+        before = self.get(BACKUP, admin)
+        self.put(LED, admin, record("on"))
+        present = self.get(BACKUP, admin)
+        lines = before.splitlines(keepends=True)[:-1]
+
+        def signed(lines):
+            body = b"".join(lines)
+            return body + b"sha256 " + hashlib.sha256(body).hexdigest().encode() + b"\n"
+
+        self.assertEqual(signed(lines), before)
+        led = next(n for n, line in enumerate(lines) if line.startswith(b"item 000b"))
+
+        def with_led(line):
+            return signed(lines[:led] + [line] + lines[led + 1:])
+
+        for content in (
+                before[:-1], before + b"\n", before.replace(b"\n", b"\r\n"), b"\n", b"\0",
+                before[:-2] + bytes([before[-2] ^ 1]) + b"\n", b"".join(lines), lines[0],
+                signed([b"orv-settings 2\n"] + lines[1:]), signed(lines[:-1]),
+                signed(lines + lines[-1:]), signed(lines[:1] + lines[:0:-1]),
+                with_led(b"item 000b " + record("of").hex().encode() + b"\n"),
+                with_led(b"item 000b " + record("off").hex().upper().encode() + b"\n"),
+                with_led(b"item 000b 6f666600f\n"), with_led(b"item 000b\n"),
+                with_led(b"item 003c " + record("off").hex().encode() + b"\n")):
+            with self.subTest(content[-80:]):
+                self.assertRefused(DAMAGED, self.put, BACKUP, admin, content)
+        self.assertEqual(self.get(BACKUP, admin), present)
 
     # What comes over the wire
 
