@@ -1,5 +1,6 @@
 #include "shared/Components.h"
 
+#include <cstring>
 #include <iostream>
 
 #include "gui/HyperLink.h"
@@ -22,6 +23,36 @@ Component makeSentence(std::string text, int colour) {
 Component makeLink(const std::string& url, const std::string& text, const std::string& target,
                    const std::string& cssClass) {
     return std::make_unique<HyperLink>(url, target, cssClass, "", false, makeText(text));
+}
+
+namespace {
+
+std::string percentEncoded(const std::string& text) {
+    constexpr char DIGITS[] = "0123456789ABCDEF";
+    constexpr char PLAIN[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._";
+    std::string encoded;
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (byte != 0 && std::strchr(PLAIN, character) != nullptr) {
+            encoded += character;
+        } else {
+            encoded.append({'%', DIGITS[byte >> 4], DIGITS[byte & 0xf]});
+        }
+    }
+    return encoded;
+}
+
+}  // namespace
+
+std::string addressWith(const std::string& path,
+                        const std::vector<std::pair<std::string, std::string>>& fields) {
+    std::string address = path;
+    const char* separator = "?";
+    for (const auto& [name, value] : fields) {
+        address += separator + percentEncoded(name) + '=' + percentEncoded(value);
+        separator = "&amp;";
+    }
+    return address;
 }
 
 void Sequence::printHTML() const {

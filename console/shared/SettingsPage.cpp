@@ -56,8 +56,6 @@ SettingsPage::SettingsPage(const PageContext& context, Function function, Text p
     }
 }
 
-SettingsPage::~SettingsPage() = default;
-
 void SettingsPage::carry(const std::string& name, const std::string& value) {
     m_carried.emplace_back(name, value);
 }
@@ -152,8 +150,7 @@ void SettingsPage::showConfirmation() {
 }
 
 void SettingsPage::showCompletion() {
-    setComplPageItemToMap(text(m_title), "\"location.href='" + m_returnPath + "'\"",
-                          m_completion);
+    setComplPageItemToMap(text(m_title), "\"location.href='" + m_returnPath + "'\"", m_completion);
 }
 
 void SettingsPage::putEntries(bool editable) {

@@ -29,7 +29,6 @@ class SettingsPage : public ORVLib::Gui::CommonDefaultPage {
 protected:
     /// Title and place of the page are the function's; `purpose` says what it is for.
     SettingsPage(const PageContext& context, Function function, Text purpose);
-    ~SettingsPage() override;
 
     /// Puts the present settings into the inputs.
     virtual void readCurrent() = 0;
