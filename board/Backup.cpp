@@ -109,10 +109,10 @@ std::string takeSetting(Reader& reader, std::uint32_t id, const Setting& setting
     return *content;
 }
 
-Contents parse(std::string_view text) {
+StoredItems parse(std::string_view text) {
     Reader reader(text);
     reader.takeLine(HEAD);
-    Contents contents;
+    StoredItems contents;
     forEachSetting([&](std::uint32_t id, const Setting& setting) {
         contents[id] = takeSetting(reader, id, setting);
     });
@@ -132,7 +132,7 @@ std::string read(const Call& call) {
 }
 
 void restore(const Call& call) {
-    Contents contents = parse(call.content);
+    StoredItems contents = parse(call.content);
     const std::int64_t offset = BoardClock::restoreSettings(call.state, contents[ITEM_CLOCK]);
     call.state.writeItems(contents, {call.makeEvent(EventCode::SETTINGS_RESTORED, "")});
     call.state.setTimeOffset(offset);

@@ -11,7 +11,6 @@
 
 #include "BoardClock.h"
 #include "Firmware.h"
-#include "Items.h"
 #include "Protocol.h"
 #include "orv/OrvTrace.h"
 
@@ -52,7 +51,7 @@ Daemon::Daemon(const Options& options)
       m_clientTimeout(options.clientTimeout),
       m_signals(openSignals()),
       m_server(options.socket),
-      m_state(options.state, Items::getInitialContents()),
+      m_state(options.state),
       m_sessions(m_state, options.sessionTimeout),
       m_stage(options.state + STAGE_SUFFIX),
       m_installation(m_state),

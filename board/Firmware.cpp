@@ -12,7 +12,9 @@ namespace ORVLib::Board::Firmware {
 
 namespace {
 
+// Where a piece belongs in the image stands before its bytes.
 constexpr std::size_t OFFSET_SIZE = 4;
+constexpr std::size_t MAX_PIECE_SIZE = 65000;
 
 PException cannotStage(const Call& call, const std::system_error& error) {
     trace::OrvTrace(2, 1, 5).putLog(0, std::string("cannot keep the image: ") + error.what());
@@ -61,6 +63,18 @@ void noteReceived(const Call& call) {
 }
 
 }  // namespace
+
+bool isPiece(const std::string& content) {
+    return content.size() > OFFSET_SIZE && content.size() <= OFFSET_SIZE + MAX_PIECE_SIZE;
+}
+
+bool isDigest(const std::string& content) {
+    return isFitRecord(content, text(2 * Digest::SIZE, 2 * Digest::SIZE));
+}
+
+bool isDrop(const std::string& content) {
+    return isFitRecord(content, word("drop"));
+}
 
 void stage(const Call& call) {
     try {

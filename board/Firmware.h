@@ -7,6 +7,11 @@
 /// The way of a firmware image onto the board.
 namespace ORVLib::Board::Firmware {
 
+/// What is written to ITEM_FIRMWARE_STAGE, ITEM_FIRMWARE_START and ITEM_FIRMWARE_DROP.
+bool isPiece(const std::string& content);
+bool isDigest(const std::string& content);
+bool isDrop(const std::string& content);
+
 /// ITEM_FIRMWARE_STAGE: a piece of the image.
 void stage(const Call& call);
 

@@ -14,6 +14,8 @@ constexpr std::chrono::seconds DURATION{10};
 constexpr std::int64_t ALMOST_DONE = 99;
 
 enum ProgressField { STATE, PERCENT, VERSION };
+constexpr Field PROGRESS[] = {word("idle|running|done|failed"), number(0, 100),
+                              text(0, MAX_VERSION_LENGTH)};
 
 }  // namespace
 
@@ -34,6 +36,10 @@ void Installation::start(const std::string& version, const std::string& user) {
     m_user = user;
     m_begin = Clock::now();
     m_end = m_begin + DURATION;
+}
+
+bool Installation::isProgress(const std::string& content) {
+    return parseRecord(content, PROGRESS).has_value();
 }
 
 std::string Installation::readProgress() {

@@ -24,6 +24,8 @@ public:
     /// REQUIRES: !isRunning().
     void start(const std::string& version, const std::string& user);
 
+    static bool isProgress(const std::string& content);
+
     /// The content of ITEM_PROGRESS.
     std::string readProgress();
 

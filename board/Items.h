@@ -18,9 +18,6 @@ public:
     /// The parts must outlive this.
     explicit Items(const Parts& parts) : m_parts(parts) {}
 
-    /// What a fresh board has in its items.
-    static Contents getInitialContents();
-
     /// True for what pages need before anybody has logged in.
     static bool isPublic(std::uint32_t id);
 

@@ -25,6 +25,10 @@ Component makeSentence(std::string text, int colour = ORVLib::Gui::TextString::P
 Component makeLink(const std::string& url, const std::string& text, const std::string& target = "",
                    const std::string& cssClass = "");
 
+/// An address with fields, for makeLink(). Names and values may hold any bytes.
+std::string addressWith(const std::string& path,
+                        const std::vector<std::pair<std::string, std::string>>& fields);
+
 /// Several components, one after the other.
 class Sequence : public ORVLib::Gui::HTMLComponent {
 public:

@@ -11,6 +11,7 @@
 #include "gui/MessageMgr.h"
 #include "gui/RadioButton.h"
 #include "gui/SelectMenu.h"
+#include "gui/TextString.h"
 #include "gui/TimeField.h"
 #include "shared/OuterPage.h"
 
@@ -120,6 +121,12 @@ bool NumberInput::isError() const {
     }
     const int number = readSmallNumber(TextInput::getText(), m_highest + 1);
     return number < m_lowest || number > m_highest;
+}
+
+void ShownInput::print() const {
+    std::cout << "<span class=\"value\">";
+    TextString(m_text).printHTML();
+    std::cout << "</span>";
 }
 
 PasswordInput::PasswordInput(const std::string& name, int maxLength)

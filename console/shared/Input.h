@@ -100,6 +100,22 @@ private:
     int m_highest;
 };
 
+/// A text that stands among the inputs and cannot be changed: the page sets it, no request does.
+class ShownInput : public Input {
+public:
+    explicit ShownInput(const std::string& text) : Input(""), m_text(text) {}
+
+    void setText(const std::string& text) override { m_text = text; }
+    std::string getText() const override { return m_text; }
+    void submit(const ORVLib::Gui::FormInfo&) override {}
+    bool isError() const override { return false; }
+    void print() const override;
+    void printCarried() const override {}
+
+private:
+    std::string m_text;
+};
+
 /// A password: never printed and never carried on.
 class PasswordInput : public Input {
 public:

@@ -5,8 +5,9 @@
 #include <vector>
 
 #include "gui/CommonDefaultPage.h"
+#include "shared/Components.h"
 #include "shared/Functions.h"
-#include "shared/Input.h"
+#include "shared/InputList.h"
 #include "shared/PageContext.h"
 #include "shared/PageStep.h"
 
@@ -54,9 +55,7 @@ protected:
     /// Adds an input with its label, and what is shown beside it when it is wrong.
     template <typename Kind>
     Kind& add(const std::string& label, Text hint, std::unique_ptr<Kind> input) {
-        Kind& added = *input;
-        addEntry(label, hint, std::move(input));
-        return added;
+        return m_inputs.add(label, hint, std::move(input));
     }
     template <typename Kind>
     Kind& add(Text label, Text hint, std::unique_ptr<Kind> input) {
@@ -64,21 +63,24 @@ protected:
     }
 
     /// The inputs that are added from here on stand under a heading.
-    void addHeading(const std::string& heading);
+    void addHeading(const std::string& heading) { m_inputs.addHeading(heading); }
 
     /// Adds a row that only shows something, above the inputs.
-    void addShown(Text label, std::unique_ptr<ORVLib::Gui::HTMLComponent> value);
+    void addShown(Text label, Component value);
     void addShown(Text label, const std::string& value);
 
     /// Adds a field that every form of the page carries on as it is.
     void carry(const std::string& name, const std::string& value);
 
     /// Marks an input as wrong, beside its hint or another one. REQUIRES: it was added.
-    void mark(const Input& input);
-    void mark(const Input& input, Text hint);
+    void mark(const Input& input) { m_inputs.mark(input); }
+    void mark(const Input& input, Text hint) { m_inputs.mark(input, hint); }
 
     /// Says why the input as a whole cannot be applied.
     void refuse(Text reason);
+
+    /// Gives the page another title than its function has.
+    void setTitle(Text title) { m_title = title; }
 
     /// The operator message of the completion page, and where its button leads.
     void setCompletion(int messageId) { m_completion = messageId; }
@@ -94,30 +96,13 @@ protected:
     const PageContext& getContext() const { return m_context; }
 
     /// All inputs in the order they were added.
-    std::vector<Input*> getInputs() const;
+    std::vector<Input*> getInputs() const { return m_inputs.getInputs(); }
 
 private:
-    struct Entry {
-        std::string heading;
-        std::string label;
-        Text hint;
-        std::unique_ptr<Input> input;
-        bool wrong = false;
-    };
-    class EntryList;
-    struct Shown {
-        std::string label;
-        std::unique_ptr<ORVLib::Gui::HTMLComponent> value;
-    };
-    class ShownList;
-
     void makeDispPage() final;
     void makeConfigPage() final;
 
-    void addEntry(const std::string& label, Text hint, std::unique_ptr<Input> input);
-    void readSubmitted();
     bool areInputsValid();
-    bool isAnyMarked() const;
     void showForm(bool again);
     void showConfirmation();
     void showCompletion();
@@ -127,6 +112,7 @@ private:
 
     PageContext m_context;
     Function m_function;
+    Text m_title;
     Text m_purpose;
     std::string m_returnPath;
     int m_completion;
@@ -135,10 +121,9 @@ private:
     bool m_refused = false;
     Step m_step;
     int m_state;
-    std::string m_nextHeading;
-    std::vector<Shown> m_shown;
-    std::vector<Entry> m_entries;
-    std::vector<std::pair<std::string, std::string>> m_carried;
+    std::unique_ptr<Facts> m_shown;
+    InputList m_inputs;
+    std::unique_ptr<Sequence> m_carried;
 };
 
 }  // namespace Console
