@@ -50,6 +50,16 @@ std::optional<int> readPart(const std::string& text, std::size_t offset, std::si
     return parseNumber(std::string_view(text).substr(offset, size), lowest, highest);
 }
 
+// Minutes of the day "HH:MM".
+std::optional<int> parseMinutes(const std::string& text) {
+    if (!hasShape(text, "00:00")) {
+        return std::nullopt;
+    }
+    const auto hours = readPart(text, 0, 2, 0, 23);
+    const auto minutes = readPart(text, 3, 2, 0, 59);
+    return hours && minutes ? std::optional<int>(*hours * 60 + *minutes) : std::nullopt;
+}
+
 }  // namespace
 
 std::optional<int> parseDay(const std::string& text) {
@@ -87,15 +97,6 @@ std::string formatDay(std::int64_t day) {
     char text[48];
     std::snprintf(text, sizeof text, "%04d-%02d-%02d", date.year, date.month, date.day);
     return text;
-}
-
-std::optional<int> parseMinutes(const std::string& text) {
-    if (!hasShape(text, "00:00")) {
-        return std::nullopt;
-    }
-    const auto hours = readPart(text, 0, 2, 0, 23);
-    const auto minutes = readPart(text, 3, 2, 0, 59);
-    return hours && minutes ? std::optional<int>(*hours * 60 + *minutes) : std::nullopt;
 }
 
 std::optional<int> parseTime(const std::string& text) {

@@ -16,9 +16,6 @@ std::optional<int> parseDay(const std::string& text);
 /// "YYYY-MM-DD". REQUIRES: 0 <= day.
 std::string formatDay(std::int64_t day);
 
-/// Minutes of the day "HH:MM".
-std::optional<int> parseMinutes(const std::string& text);
-
 /// Seconds of the day "HH:MM:SS".
 std::optional<int> parseTime(const std::string& text);
 

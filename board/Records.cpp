@@ -64,7 +64,7 @@ bool isFit(const Field& field, const std::string& text) {
         case Field::Kind::DAY:
             return parseDay(text).has_value();
         case Field::Kind::TIME:
-            return parseMinutes(text).has_value();
+            return parseTime(text).has_value();
         case Field::Kind::ZONE:
             return parseZone(text).has_value();
     }

@@ -47,7 +47,7 @@ constexpr Field PORT = number(1, 65535);
 constexpr Field ADDRESS = {Field::Kind::ADDRESS, 0, 0, false, ""};  ///< dotted IPv4
 constexpr Field MASK_BITS = number(1, 32);
 constexpr Field DAY = {Field::Kind::DAY, 0, 0, false, ""};    ///< "YYYY-MM-DD"
-constexpr Field TIME = {Field::Kind::TIME, 0, 0, false, ""};  ///< "HH:MM"
+constexpr Field TIME = {Field::Kind::TIME, 0, 0, false, ""};  ///< "HH:MM:SS"
 constexpr Field ZONE = {Field::Kind::ZONE, 0, 0, false, ""};  ///< "+HH:MM" or "-HH:MM"
 
 bool isFit(const Field& field, const std::string& text);

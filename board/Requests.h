@@ -68,7 +68,7 @@ private:
     Reply writeWithPassword(const Request& request, const PasswordCheck& check, bool matches,
                             const std::string& newHash);
 
-    Caller requireCaller(const Request& request, bool renew = true);
+    Caller requireCaller(const Request& request, bool renew = false);
 
     BoardState& m_state;
     Sessions& m_sessions;

@@ -65,6 +65,7 @@ class BoardTest(BoardCase):
             self.check(used)
             if half_seconds < 2:
                 self.check(refreshed, b"\1")
+                self.get(OWN_LANGUAGE, refreshed)
         self.assertRefused(NO_SESSION, self.check, refreshed)
         self.check(used)
         self.assertEqual(self.end(), (0, "", ""))
