@@ -9,6 +9,7 @@
 #include <system_error>
 #include <vector>
 
+#include "Items.h"
 #include "Protocol.h"
 #include "orv/OrvTrace.h"
 
@@ -47,7 +48,7 @@ Daemon::Daemon(const Options& options)
       m_clientTimeout(options.clientTimeout),
       m_signals(openSignals()),
       m_server(options.socket),
-      m_state(options.state),
+      m_state(options.state, Items::getInitialContents()),
       m_sessions(m_state, options.sessionTimeout),
       m_requests(m_state, m_sessions),
       m_nextStore(Clock::now() + Sessions::STORE_INTERVAL),

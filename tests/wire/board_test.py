@@ -19,7 +19,11 @@ from pathlib import Path
 GET_LANGUAGE, LOGIN, LOGOUT, CHECK_SESSION = 0x02010001, 0x02010002, 0x02010004, 0x02010005
 GET_USER_INFO = 0x02010025
 OWN_LANGUAGE, OWN_REFRESH_INTERVAL, OWN_PASSWORD = 0x02010026, 0x02010027, 0x02010028
-EVENT_LOG = 0x02010041
+STATUS, PRODUCT, SYSTEM_NAMES, SYSTEM_POWER, LED = (
+    0x02010003, 0x02010007, 0x02010008, 0x0201000A, 0x0201000B)
+PARTITIONS, ADDRESSES, SERVICES, TRAPS = 0x02010030, 0x02010048, 0x0201004A, 0x0201004D
+ACL, ACL_ADD, ACL_REMOVE, MAIL = 0x02010058, 0x02010059, 0x0201005A, 0x0201005C
+POWER, SCHEDULE, BOOT = 0x02010300, 0x02010310, 0x02010320  # and the partition
 HTTPS_PORT = 0x02010073
 MAINTENANCE_MODE, PERMISSION = 0x020100B4, 0x020100D1
 SOME_ITEM = 0x02010123
@@ -29,6 +33,7 @@ ERROR = 0x87FF0001
 
 BROKEN, BOARD_FAILURE = 1026, 1792
 NO_SESSION, REFUSED, NOT_AUTHORISED, NO_ITEM, BAD_REQUEST = 1031, 1281, 1282, 1283, 1284
+EXISTS, FULL, NOT_FOUND, LAST_ADMINISTRATOR, DAMAGED = 1286, 1287, 1288, 1289, 1290
 
 LIMIT = 10
 
@@ -52,6 +57,10 @@ def number(value):
 
 def message(kind, payload=b""):
     return number(kind) + number(len(payload)) + payload
+
+
+def record(*texts):
+    return "".join(str(text) + "\0" for text in texts).encode()
 
 
 def telegram(session=b""):
@@ -129,6 +138,12 @@ class BoardTest(unittest.TestCase):
     def get(self, item, session=b""):
         return self.ask(item, session).payload
 
+    def rows(self, item, session, columns, request=None):
+        payload = self.get(item, session) if request is None else self.ask(
+            item | EXCHANGE, session, request).payload
+        texts = payload[:-1].decode().split("\0")
+        return [] if texts == [""] else list(zip(*[iter(texts)] * columns, strict=True))
+
     def put(self, item, session, content):
         self.ask(item | WRITE, session, content)
 
@@ -166,10 +181,15 @@ class BoardTest(unittest.TestCase):
         for name, password in ((b"admin", b"guess"), (b"nobody", b"nobody")):
             self.assertRefused(REFUSED, self.login, name, password)
         self.assertRefused(REFUSED, self.login, b"x\nadmin logged in", b"", b"a\x1b[2J")
-        log = self.get(EVENT_LOG, self.login().session).splitlines()
-        self.assertRegex(log[0], rb"^\d{4}-\d\d-\d\d [\d:]{8} admin logged in from 192.0.2.7$")
-        self.assertRegex(log[1], rb" x\?admin logged in login refused from a\?\[2J$")
-        self.assertEqual(len(log), 4)
+        self.login()
+        self.end()
+        with sqlite3.connect(self.state) as database:
+            log = list(database.execute(
+                "SELECT code, user, detail FROM events ORDER BY number DESC LIMIT 4"))
+        database.close()
+        self.assertEqual(log[:2], [(101, "admin", "192.0.2.7"),
+                                   (102, "x?admin logged in", "a?[2J")])
+        self.assertEqual([code for code, *_ in log], [101, 102, 102, 102])
 
     def test_only_a_living_session_is_served(self):
         self.start()
@@ -251,13 +271,180 @@ class BoardTest(unittest.TestCase):
         for name in (b"admin", b"operator", b"staff", b"part", b"guest"):
             session = self.login(name).session
             self.put(OWN_LANGUAGE, session, number(0))
-            refused = [EVENT_LOG | WRITE, EVENT_LOG | EXCHANGE, LOGIN | WRITE]
+            refused = [STATUS | WRITE, STATUS | EXCHANGE, LOGIN | WRITE]
             if name != b"admin":
                 refused += [HTTPS_PORT | WRITE, SOME_ITEM | WRITE, SOME_ITEM | EXCHANGE]
-                self.assertRefused(NOT_AUTHORISED, self.get, EVENT_LOG, session)
+                self.assertRefused(NOT_AUTHORISED, self.get, ACL, session)
             for kind in refused:
                 with self.subTest(name, kind=hex(kind)):
                     self.assertRefused(NOT_AUTHORISED, self.ask, kind, session, number(256))
+
+    # Records
+
+    RIGHTS = (  # item, readers, writers, what is written: of admin, part, staff, operator, guest
+        (STATUS, "apsog", "", b"x"), (PRODUCT, "apsog", "", b"x"), (PARTITIONS, "apsog", "", b"x"),
+        (SYSTEM_NAMES, "apsog", "a", record("board", "", "", "")),
+        (LED, "apsog", "apsog", record("blink")),
+        (ADDRESSES, "apsog", "a", record("b", "192.0.2.1", 8, "", "", "")),
+        (SERVICES, "apsog", "a", record(0, 1, 1, 2, 1, 3, 1, 4)),
+        (TRAPS, "apsog", "a", record(1, "192.0.2.1", "c", 0, "", "", 0, "", "")),
+        (ACL, "a", "", b"x"), (ACL_ADD, "", "a", record("192.0.2.1", 32)),
+        (ACL_REMOVE, "", "a", record("192.0.2.1", 32)),
+        (MAIL, "a", "a", record(0, "", "", "", "", "")),
+        (SYSTEM_POWER, "apsog", "a", record("on")), (POWER, "apsog", "apo", record("off")),
+        (POWER + 1, "apsog", "ao", record("reset")), (POWER + 3, "apsog", "apo", record("on")),
+        (SCHEDULE, "apsog", "apo", record(0, "2026-01-01", "2026-01-01", "0000000", "", "")),
+        (BOOT + 1, "apsog", "ao", record("dvd", "none", "disk", 9, 1)),
+        (MAINTENANCE_MODE, "apsog", "as", bytes(34)),
+        (PERMISSION, "apsog", "a", struct.pack(">4I", 1, 1, 4, 0)),
+    )
+
+    def login_all(self):
+        return {name[0]: self.login(name.encode()).session
+                for name in ("admin", "part", "staff", "operator", "guest")}
+
+    def assertAllowed(self, allowed, operation, *arguments):
+        if allowed:
+            operation(*arguments)
+        else:
+            self.assertRefused(NOT_AUTHORISED, operation, *arguments)
+
+    def test_who_may_use_which_item(self):
+        self.start()
+        for user, session in self.login_all().items():
+            for item, readers, writers, content in self.RIGHTS:
+                with self.subTest(item=hex(item), user=user):
+                    self.assertAllowed(user in readers, self.get, item, session)
+                    self.assertAllowed(user in writers, self.put, item, session, content)
+                    if user in readers and user not in writers:
+                        self.assertRefused(NOT_AUTHORISED, self.ask, item | EXCHANGE, session,
+                                           content)
+
+    def test_technical_staff_has_the_power_in_permitted_maintenance(self):
+        self.start()
+        admin, staff = self.login().session, self.login(b"staff").session
+        partition_2 = bytes(19) + b"\1" + bytes(14)
+        for mode, permission, allowed in (
+                (bytes(34), 1, False), (partition_2, 0, False), (partition_2, 1, True),
+                (bytes(33) + b"\1", 1, True), (b"\1" * 17 + bytes(17), 1, False)):
+            self.put(MAINTENANCE_MODE, admin, mode)
+            self.put(PERMISSION, admin, struct.pack(">4I", 1, 1, 4, permission))
+            for item in (POWER + 1, SYSTEM_POWER):
+                self.assertAllowed(allowed, self.put, item, staff, record("on"))
+        for item in (SCHEDULE, BOOT, SYSTEM_NAMES):
+            self.assertRefused(NOT_AUTHORISED, self.put, item, staff, b"x")
+
+    CONTENTS = (  # item, what is there first, what fits, what does not
+        (SYSTEM_NAMES, None, [("x" * 32, "~" * 32, " " * 64, "y" * 64)],
+         [("", "", "", ""), ("x" * 33, "", "", ""), ("x", "", "y" * 65, ""), ("x", "", ""),
+          ("x", "", "", "", ""), ("\x7f", "", "", ""), ("a\nb", "", "", "")]),
+        (LED, ("off",), [("on",), ("blink",), ("off",)], [("On",), ("",), ("on|off",), ("o",)]),
+        (ADDRESSES, None, [("x" * 64, "255.255.255.255", 32, "", "", "0.0.0.0")],
+         [("", "192.0.2.1", 24, "", "", ""), ("b", "", 24, "", "", ""),
+          ("b", "192.0.2.256", 24, "", "", ""), ("b", "192.0.2", 24, "", "", ""),
+          ("b", "192.0.02.1", 24, "", "", ""), ("b", " 192.0.2.1", 24, "", "", ""),
+          ("b", "192.0.2.1", 0, "", "", ""), ("b", "192.0.2.1", 33, "", "", ""),
+          ("b", "192.0.2.1", "024", "", "", ""), ("b", "192.0.2.1", 24, "x", "", "")]),
+        (SERVICES, (1, 80, 1, 443, 1, 22, 0, 23), [(1, 65535, 0, 1, 0, 2, 0, 3)],
+         [(0, 80, 0, 443, 1, 22, 1, 23), (1, 80, 1, 80, 1, 22, 0, 23), (1, 0, 1, 443, 1, 22, 0, 23),
+          (1, 65536, 1, 443, 1, 22, 0, 23), (2, 80, 1, 443, 1, 22, 0, 23),
+          (1, "-1", 1, 443, 1, 22, 0, 23)]),
+        (TRAPS, None, [(1, "192.0.2.1", "x" * 32, 0, "", "public", 0, "192.0.2.2", "")],
+         [(1, "", "x", 0, "", "", 0, "", ""), (0, "", "", 1, "192.0.2.1", "", 0, "", ""),
+          (0, "", "x" * 33, 0, "", "", 0, "", ""), (0, "", "", 0, "", ""),
+          (0, "", "", 0, "", "", 0, "", "", 0, "", "")]),
+        (MAIL, None, [(1, "mail", 25, "a@b", "c@d", ""), (0, "", "", "", "", "")],
+         [(1, "", 25, "a@b", "c@d", ""), (1, "mail", "", "a@b", "c@d", ""),
+          (1, "mail", 25, "", "c@d", ""), (1, "mail", 25, "a@b", "", "c@d"),
+          (0, "x" * 65, "", "", "", ""), (0, "", 0, "", "", "")]),
+        (SCHEDULE, None, [(1, "2028-02-29", "2028-02-29", "0000001", "", "23:59"),
+                          (0, "1970-01-01", "2037-12-31", "0000000", "", "")],
+         [(1, "2026-02-29", "2026-03-01", "1111111", "07:00", ""),
+          (0, "2026-01-02", "2026-01-01", "0000000", "", ""),
+          (1, "2026-01-01", "2026-01-01", "0000000", "07:00", ""),
+          (1, "2026-01-01", "2026-01-01", "1111111", "", ""),
+          (1, "2026-01-01", "2026-01-01", "11111111", "07:00", ""),
+          (0, "2026-13-01", "2037-12-31", "0000000", "", ""),
+          (0, "2026-01-01", "2038-01-01", "0000000", "", ""),
+          (0, "2026-01-01", "2026-01-01", "0000000", "24:00", ""),
+          (0, "2026-1-01", "2026-01-01", "0000000", "7:00", "")]),
+        (BOOT + 3, None, [("network", "none", "none", 0, 0), ("dvd", "disk", "network", 9, 1)],
+         [("none", "disk", "dvd", 1, 0), ("disk", "dvd", "disk", 1, 0), ("disk", "dvd", "usb", 1, 0),
+          ("disk", "none", "none", 10, 0), ("disk", "none", "none", 0, "")]),
+        (POWER + 3, ("off",), [], [("standby",), ("",), ("on", "")]),
+    )
+
+    def test_records_are_kept_when_they_fit(self):
+        self.start()
+        admin = self.login().session
+        for item, first, fit, unfit in self.CONTENTS:
+            if first is not None:
+                self.assertEqual(self.get(item, admin), record(*first))
+            for texts in fit:
+                with self.subTest(hex(item), texts=texts):
+                    self.put(item, admin, record(*texts))
+                    self.assertEqual(self.get(item, admin), record(*texts))
+            before = self.get(item, admin)
+            for content in [record(*texts) for texts in unfit] + [before[:-1], before + b"\0"]:
+                with self.subTest(hex(item), content=content):
+                    self.assertRefused(BAD_REQUEST, self.put, item, admin, content)
+            self.assertEqual(self.get(item, admin), before)
+        for missing in (POWER + 4, SCHEDULE + 15, BOOT + 4):
+            self.assertRefused(NO_ITEM, self.get, missing, admin)
+            self.assertRefused(NO_ITEM, self.put, missing, admin, record("on"))
+
+    def test_the_https_port_is_that_of_the_services(self):
+        self.start()
+        admin = self.login().session
+        self.put(HTTPS_PORT, admin, number(8443))
+        self.assertEqual(self.get(SERVICES, admin), record(1, 80, 1, 8443, 1, 22, 0, 23))
+        self.assertRefused(BAD_REQUEST, self.put, HTTPS_PORT, admin, number(23))
+        self.put(SERVICES, admin, record(1, 80, 1, 444, 1, 22, 0, 23))
+        self.assertEqual(self.get(HTTPS_PORT), number(444))
+
+    def test_the_access_list(self):
+        self.start()
+        admin = self.login().session
+        self.assertEqual(self.get(ACL, admin), b"\0")
+        rows = [(f"192.0.2.{n}", n) for n in range(1, 33)]
+        for row in rows:
+            self.put(ACL_ADD, admin, record(*row))
+        self.assertEqual(self.get(ACL, admin), record(*sum(rows, ())))
+        self.assertRefused(EXISTS, self.put, ACL_ADD, admin, record(*rows[8]))
+        self.assertRefused(FULL, self.put, ACL_ADD, admin, record("192.0.2.1", 2))
+        self.put(ACL_REMOVE, admin, record(*rows.pop(8)))
+        self.assertRefused(NOT_FOUND, self.put, ACL_REMOVE, admin, record("192.0.2.1", 2))
+        self.assertEqual(self.get(ACL, admin), record(*sum(rows, ())))
+
+    def test_power(self):
+        self.start()
+        admin = self.login().session
+        for item, operation, powers, status in (
+                (POWER + 3, None, ("on", "on", "on", "off"), ("normal", "degraded", "normal", "off")),
+                (POWER + 3, "on", ("on", "on", "on", "on"), ("normal", "degraded", "normal", "normal")),
+                (POWER + 1, "force-off", ("on", "off", "on", "on"),
+                 ("normal", "off", "normal", "normal")),
+                (SYSTEM_POWER, "off", ("off",) * 4, ("off",) * 4),
+                (SYSTEM_POWER, "on", ("on",) * 4, ("normal", "degraded", "normal", "normal"))):
+            with self.subTest(item=hex(item), operation=operation):
+                if operation:
+                    self.put(item, admin, record(operation))
+                self.assertEqual(self.get(PARTITIONS, admin), record(*sum(enumerate(powers), ())))
+                system = "on" if "on" in powers else "off"
+                self.assertEqual(self.get(SYSTEM_POWER, admin), record(system))
+                expected = [("partition", str(n), state, power)
+                            for n, (state, power) in enumerate(zip(status, powers))]
+                rows = self.rows(STATUS, admin, 4)
+                self.assertEqual(rows[:5], [("power", "0", {"on": "normal"}.get(system, "off"), system)]
+                                 + expected)
+        self.assertIn(("fan", "2", "warning"), [row[:3] for row in rows])
+        self.assertIn(("power-supply", "2", "error"), [row[:3] for row in rows])
+        self.put(POWER, admin, record("off"))
+        self.assertRefused(BAD_REQUEST, self.put, POWER, admin, record("reset"))
+        self.put(MAINTENANCE_MODE, admin, bytes(18) + b"\1" + bytes(15))
+        rows = self.rows(STATUS, admin, 4)
+        self.assertEqual(rows[2], ("partition", "1", "maintenance", "on"))
+        self.assertEqual(rows[-1], ("maintenance", "0", "maintenance", "on"))
 
     # What comes over the wire
 
@@ -395,7 +582,7 @@ class BoardTest(unittest.TestCase):
         with sqlite3.connect(self.state) as holder:
             holder.execute("BEGIN IMMEDIATE")
             self.assertRefusesToStart("in use by another program")
-            holder.execute("PRAGMA user_version = 2")
+            holder.execute("PRAGMA user_version = 1")
         holder.close()
         self.assertRefusesToStart("another program")
         for self.state, text in ((self.folder / "missing" / "board.db", "cannot be opened"),

@@ -1,0 +1,55 @@
+#include "Maintenance.h"
+
+#include "Call.h"
+#include "Contents.h"
+#include "Protocol.h"
+#include "orv/GeneralPurposePacket.h"
+
+namespace ORVLib::Board::Maintenance {
+
+namespace {
+
+// Bytes from the first partition's to the system's.
+constexpr std::size_t MARKS = MaintenanceMode::SYSTEM - MaintenanceMode::FIRST_PARTITION + 1;
+
+bool isSystemIn(const std::string& mode) {
+    return mode[MaintenanceMode::SYSTEM] != '\0';
+}
+
+bool isPermitted(const std::string& permission) {
+    ORVUi::GeneralPurposePacket packet;
+    packet.setSerialized(reinterpret_cast<const unsigned char*>(permission.data()),
+                         static_cast<unsigned int>(permission.size()));
+    const auto* const power =
+        dynamic_cast<const ORVUi::PrimitiveTypeWrapper<long>*>(packet.getCompInfo(0));
+    return power != nullptr && power->getValue() != 0;
+}
+
+}  // namespace
+
+bool isOn(const std::string& mode) {
+    return mode.substr(MaintenanceMode::FIRST_PARTITION, MARKS) != std::string(MARKS, '\0');
+}
+
+bool isPartitionIn(const std::string& mode, std::uint32_t partition) {
+    return mode[MaintenanceMode::FIRST_PARTITION + partition] != '\0';
+}
+
+bool allowsPower(BoardState& state) {
+    return isOn(readFit(state, ITEM_MAINTENANCE_MODE, isMaintenanceMode)) &&
+           isPermitted(readFit(state, ITEM_MAINTENANCE_PERMISSION, isPacket));
+}
+
+std::string describe(const std::string& mode) {
+    std::string partitions;
+    for (std::uint32_t n = 0; n < MARKS - 1; ++n) {
+        partitions += isPartitionIn(mode, n) ? ' ' + std::to_string(n) : "";
+    }
+    std::string text = isSystemIn(mode) ? "system" : "";
+    if (!partitions.empty()) {
+        text += (text.empty() ? "partitions" : ", partitions") + partitions;
+    }
+    return text.empty() ? "off" : text;
+}
+
+}  // namespace ORVLib::Board::Maintenance

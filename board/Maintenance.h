@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "BoardState.h"
+
+/// What the maintenance mode means.
+namespace ORVLib::Board::Maintenance {
+
+/// True while the system or some partition is in maintenance.
+bool isOn(const std::string& mode);
+bool isPartitionIn(const std::string& mode, std::uint32_t partition);
+
+/// True while technical staff may use the power: in maintenance, and permitted.
+bool allowsPower(BoardState& state);
+
+/// For the event log: "system", "partitions 0 2", both, or "off".
+std::string describe(const std::string& mode);
+
+}  // namespace ORVLib::Board::Maintenance
