@@ -316,7 +316,7 @@ void BoardState::insertEvent(const Event& event, std::int64_t time) {
 std::vector<StoredEvent> BoardState::readEvents(const EventQuery& wanted) {
     std::vector<StoredEvent> events;
     Query query = m_database.query(
-        "SELECT number, time, severity, code, user, detail FROM events"
+        "SELECT number, time, code, user, detail FROM events"
         " WHERE number < ? AND severity >= ? AND ? IN (0, code / 100) AND time >= ? AND time < ?"
         " ORDER BY number DESC LIMIT ?");
     query.bind(wanted.before)
@@ -326,15 +326,15 @@ std::vector<StoredEvent> BoardState::readEvents(const EventQuery& wanted) {
         .bind(wanted.until)
         .bind(wanted.count);
     while (query.step()) {
-        events.push_back(
-            {query.getNumber(0), query.getNumber(1), static_cast<int>(query.getNumber(2)),
-             static_cast<int>(query.getNumber(3)), query.getBytes(4), query.getBytes(5)});
+        events.push_back({query.getNumber(0), query.getNumber(1),
+                          static_cast<EventCode>(query.getNumber(2)), query.getBytes(3),
+                          query.getBytes(4)});
     }
     return events;
 }
 
-std::int64_t BoardState::getTime() const {
-    return toSeconds(std::chrono::system_clock::now()) + m_timeOffset;
+std::int64_t BoardState::toBoardTime(StoredSession::Time time) const {
+    return toSeconds(time) + m_timeOffset;
 }
 
 }  // namespace ORVLib::Board

@@ -73,7 +73,8 @@ public:
     std::vector<StoredEvent> readEvents(const EventQuery& query);
 
     /// The board's clock: seconds since 1970, UTC, ahead of the machine's clock by the offset.
-    std::int64_t getTime() const;
+    std::int64_t getTime() const { return toBoardTime(std::chrono::system_clock::now()); }
+    std::int64_t toBoardTime(StoredSession::Time time) const;
     std::int64_t getTimeOffset() const { return m_timeOffset; }
     void setTimeOffset(std::int64_t seconds) { m_timeOffset = seconds; }
 

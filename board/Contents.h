@@ -1,5 +1,6 @@
 #pragma once
 
+#include <climits>
 #include <cstdint>
 #include <string>
 
@@ -10,9 +11,22 @@ namespace ORVLib::Board {
 
 constexpr Field POWER_STATE = word("on|off");
 constexpr Field POWER_OPERATION = word("on|off|force-off|reset");
+
 constexpr Field SEVERITY = word("info|warning|error");
-constexpr Field SOURCE = orEmpty(word("security|settings|power|hardware|firmware|maintenance"));
+constexpr Field EVENT_SOURCE =
+    orEmpty(word("security|settings|power|hardware|firmware|maintenance"));
 constexpr Field EVENT_COUNT = number(1, 200);
+constexpr Field EVENT_FILTER[] = {SEVERITY, EVENT_SOURCE, EVENT_COUNT};
+constexpr Field EVENT_QUERY[] = {SEVERITY,     EVENT_SOURCE, orEmpty(DAY),
+                                 orEmpty(DAY), EVENT_COUNT,  orEmpty(number(1, INT_MAX))};
+
+enum ClockField { CLOCK_DATE, CLOCK_TIME, CLOCK_ZONE, CLOCK_SOURCE_FIELD, CLOCK_SERVER };
+constexpr Field CLOCK_SOURCE = word("manual|servers");
+const char* const CLOCK_SERVERS = "servers";
+
+/// The fields of ITEM_USER_ADD and ITEM_USER_EDIT; ITEM_USERS has them without the password.
+enum UserField { USER_NAME, USER_PASSWORD, USER_ROLE, USER_PARTITION_FLAGS, USER_LANGUAGE };
+constexpr int USER_PARTITIONS = 16;
 
 /// The fields of ITEM_SERVICES that the HTTPS port is.
 constexpr Field SERVICES[] = {FLAG, PORT, FLAG, PORT, FLAG, PORT, FLAG, PORT};
@@ -58,5 +72,12 @@ bool isAccessRow(const std::string& content);
 bool isMail(const std::string& content);
 bool isSchedule(const std::string& content);
 bool isBoot(const std::string& content);
+
+bool isEventQuery(const std::string& content);
+bool isEventFilter(const std::string& content);
+bool isClock(const std::string& content);
+bool isNewUser(const std::string& content);
+bool isChangedUser(const std::string& content);
+bool isUserName(const std::string& content);
 
 }  // namespace ORVLib::Board

@@ -9,6 +9,7 @@
 #include <system_error>
 #include <vector>
 
+#include "BoardClock.h"
 #include "Items.h"
 #include "Protocol.h"
 #include "orv/OrvTrace.h"
@@ -52,7 +53,9 @@ Daemon::Daemon(const Options& options)
       m_sessions(m_state, options.sessionTimeout),
       m_requests(m_state, m_sessions),
       m_nextStore(Clock::now() + Sessions::STORE_INTERVAL),
-      m_nextAccept(Clock::now()) {}
+      m_nextAccept(Clock::now()) {
+    BoardClock::start(m_state);
+}
 
 void Daemon::run() {
     while (!m_stopped) {

@@ -51,8 +51,8 @@ int parseSource(const std::string& name) {
     return indexOf(name, SOURCES) + 1;
 }
 
-const char* getSourceName(int code) {
-    const int hundreds = code / CODES_PER_SOURCE;
+const char* getSourceName(EventCode code) {
+    const int hundreds = static_cast<int>(code) / CODES_PER_SOURCE;
     return hundreds >= 1 && hundreds <= static_cast<int>(std::size(SOURCES)) ? SOURCES[hundreds - 1]
                                                                              : "";
 }

@@ -46,7 +46,7 @@ Severity parseSeverity(const std::string& name);
 /// The number of hundreds that the source's codes have. REQUIRES: `name` is a source's name.
 int parseSource(const std::string& name);
 /// The source's name, or an empty text for a code that no source has.
-const char* getSourceName(int code);
+const char* getSourceName(EventCode code);
 
 struct Event {
     EventCode code;
@@ -58,8 +58,7 @@ struct Event {
 struct StoredEvent {
     std::int64_t number;
     std::int64_t time;  ///< seconds since 1970, UTC
-    int severity;
-    int code;
+    EventCode code;
     std::string user;
     std::string detail;
 };

@@ -3,12 +3,15 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "BoardClock.h"
 #include "Contents.h"
+#include "EventLog.h"
 #include "Maintenance.h"
 #include "Network.h"
 #include "OwnSettings.h"
 #include "Power.h"
 #include "Protocol.h"
+#include "Users.h"
 #include "orv/GeneralPurposePacket.h"
 
 namespace ORVLib::Board {
@@ -26,6 +29,7 @@ enum Who : unsigned int {
     M = 16,          // technical staff while the maintenance mode gives them the power
     USERS = 32,      // whoever is logged in
     EVERYBODY = 64,  // without a session too
+    ASKED = 128      // nobody writes; what readers exchange is a question
 };
 
 // Items that the board has once, and that each partition has.
@@ -56,6 +60,12 @@ constexpr Rule RULES[] = {
     {ITEM_OWN_REFRESH_INTERVAL,   ONE,  USERS,     USERS,     isInterval,        ""},
     {ITEM_OWN_PASSWORD,           ONE,  NOBODY,    USERS,     isPasswordChange,  ""},
     {ITEM_PARTITIONS,             ONE,  USERS,     NOBODY,    isAnything,        ""},
+    {ITEM_USERS,                  ONE,  A,         NOBODY,    isAnything,        ""},
+    {ITEM_USER_ADD,               ONE,  NOBODY,    A,         isNewUser,         ""},
+    {ITEM_USER_EDIT,              ONE,  NOBODY,    A,         isChangedUser,     ""},
+    {ITEM_USER_REMOVE,            ONE,  NOBODY,    A,         isUserName,        ""},
+    {ITEM_SESSIONS,               ONE,  USERS,     NOBODY,    isAnything,        ""},
+    {ITEM_CLOCK,                  ONE,  USERS,     A,         isClock,           ""},
     {ITEM_ADDRESSES,              ONE,  USERS,     A,         isAddresses,       "network addresses"},
     {ITEM_SERVICES,               ONE,  USERS,     A,         isServices,        "network services"},
     {ITEM_TRAPS,                  ONE,  USERS,     A,         isTraps,           "trap receivers"},
@@ -64,6 +74,8 @@ constexpr Rule RULES[] = {
     {ITEM_ACL_REMOVE,             ONE,  NOBODY,    A,         isAccessRow,       ""},
     {ITEM_MAIL,                   ONE,  A,         A,         isMail,            "mail notification"},
     {ITEM_HTTPS_PORT,             ONE,  EVERYBODY, A,         isPort,            ""},
+    {ITEM_EVENTS,                 ONE,  USERS,     ASKED,     isEventQuery,      ""},
+    {ITEM_OWN_EVENT_FILTER,       ONE,  USERS,     USERS,     isEventFilter,     ""},
     {ITEM_MAINTENANCE_MODE,       ONE,  USERS,     A|S,       isMaintenanceMode, ""},
     {ITEM_MAINTENANCE_PERMISSION, ONE,  USERS,     A,         isPacket,          "maintenance permission"},
     {ITEM_PARTITION_POWER,        EACH, USERS,     A|P|O|M,   isPowerOperation,  ""},
@@ -89,9 +101,17 @@ constexpr Handler HANDLERS[] = {
     {ITEM_OWN_REFRESH_INTERVAL, OwnSettings::readRefreshInterval, OwnSettings::writeRefreshInterval},
     {ITEM_OWN_PASSWORD,         nullptr,                          OwnSettings::writePassword},
     {ITEM_PARTITIONS,           Power::listPartitions,            nullptr},
+    {ITEM_USERS,                Users::list,                      nullptr},
+    {ITEM_USER_ADD,             nullptr,                          Users::add},
+    {ITEM_USER_EDIT,            nullptr,                          Users::edit},
+    {ITEM_USER_REMOVE,          nullptr,                          Users::remove},
+    {ITEM_SESSIONS,             Users::listSessions,              nullptr},
+    {ITEM_CLOCK,                BoardClock::read,                    BoardClock::write},
     {ITEM_ACL_ADD,              nullptr,                          Network::addAccess},
     {ITEM_ACL_REMOVE,           nullptr,                          Network::removeAccess},
     {ITEM_HTTPS_PORT,           Network::readHttpsPort,           Network::writeHttpsPort},
+    {ITEM_EVENTS,               EventLog::answer,                 nullptr},
+    {ITEM_OWN_EVENT_FILTER,     EventLog::readFilter,             EventLog::writeFilter},
     {ITEM_PARTITION_POWER,      Power::readPartition,             Power::operatePartition},
 };
 // clang-format on
@@ -107,6 +127,7 @@ constexpr Initial INITIAL[] = {
     {ITEM_PRODUCT, ONE, "Sample Server|SN20417-0093|1.0.0"},
     {ITEM_SYSTEM_NAMES, ONE, "server-1|AT-1001|Room 2, rack 4|"},
     {ITEM_LED, ONE, "off"},
+    {ITEM_CLOCK, ONE, "0|+00:00|manual||"},
     {ITEM_ADDRESSES, ONE, "board|192.0.2.10|24|192.0.2.1|192.0.2.53|"},
     {ITEM_SERVICES, ONE, "1|80|1|443|1|22|0|23"},
     {ITEM_TRAPS, ONE, "0||public|0|||0||"},
@@ -233,7 +254,7 @@ bool Items::isPublic(std::uint32_t id) {
 }
 
 bool Items::holdsPassword(std::uint32_t id) {
-    return id == ITEM_OWN_PASSWORD;
+    return id == ITEM_OWN_PASSWORD || id == ITEM_USER_ADD || id == ITEM_USER_EDIT;
 }
 
 std::string Items::read(std::uint32_t id, const Caller* caller) {
@@ -281,6 +302,9 @@ void Items::write(std::uint32_t id, const std::string& content, const Caller& ca
 std::string Items::exchange(std::uint32_t id, const std::string& content, const Caller& caller) {
     const Rule& rule = requireRule(id);
     requireAmong(rule.readers, id, &caller);
+    if ((rule.writers & ASKED) != 0) {
+        return findHandler(rule)->read({m_state, m_sessions, id, &caller, content, ""});
+    }
     write(id, content, caller);
     return read(id, &caller);
 }

@@ -24,7 +24,7 @@ public:
     /// True for what pages need before anybody has logged in.
     static bool isPublic(std::uint32_t id);
 
-    /// True for an item whose content holds a password: it is written with the password's hash.
+    /// True for an item whose content holds a password: it is written with that one's hash.
     static bool holdsPassword(std::uint32_t id);
 
     /// `caller` is null for a public item. Throws PException for what is not there or not allowed.

@@ -70,8 +70,9 @@ constexpr std::uint32_t PARTITION_COUNT = 4;
 
 constexpr std::uint32_t TYPE_ERROR = 0x87ff0001;
 
-/// The longest payload a page can announce.
+/// The longest payload a page can announce, and take.
 constexpr int MAX_REQUEST_SIZE = 65535;
+constexpr std::size_t MAX_CONTENT_SIZE = MAX_REQUEST_SIZE;
 
 // Roles of a user.
 constexpr std::uint32_t ROLE_SYSTEM_ADMINISTRATOR = 1U << 31;

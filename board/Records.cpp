@@ -65,6 +65,8 @@ bool isFit(const Field& field, const std::string& text) {
             return parseDay(text).has_value();
         case Field::Kind::TIME:
             return parseMinutes(text).has_value();
+        case Field::Kind::ZONE:
+            return parseZone(text).has_value();
     }
     return false;
 }

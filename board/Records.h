@@ -12,7 +12,7 @@ using Record = std::vector<std::string>;
 
 /// What a text of a record may be.
 struct Field {
-    enum class Kind { TEXT, NUMBER, WORD, FLAGS, ADDRESS, DAY, TIME };
+    enum class Kind { TEXT, NUMBER, WORD, FLAGS, ADDRESS, DAY, TIME, ZONE };
 
     Kind kind;
     int lowest;         ///< of a number, or of a text's length
@@ -48,6 +48,7 @@ constexpr Field ADDRESS = {Field::Kind::ADDRESS, 0, 0, ""};  ///< dotted IPv4
 constexpr Field MASK_BITS = number(1, 32);
 constexpr Field DAY = {Field::Kind::DAY, 0, 0, ""};    ///< "YYYY-MM-DD"
 constexpr Field TIME = {Field::Kind::TIME, 0, 0, ""};  ///< "HH:MM"
+constexpr Field ZONE = {Field::Kind::ZONE, 0, 0, ""};  ///< "+HH:MM" or "-HH:MM"
 
 bool isFit(const Field& field, const std::string& text);
 

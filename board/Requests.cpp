@@ -4,6 +4,7 @@
 
 #include "Password.h"
 #include "Protocol.h"
+#include "Users.h"
 #include "orv/OrvTrace.h"
 
 namespace ORVLib::Board {
@@ -152,7 +153,10 @@ Requests::PasswordCheck Requests::beginItemWrite(const Request& request) {
     const Caller caller = requireCaller(request);
     m_items.checkWrite(request.type & ~ACCESS_MASK, request.payload, caller);
     PasswordCheck change;
-    change.user = caller.user.name;
+    if (request.type != (ITEM_OWN_PASSWORD | ACCESS_WRITE)) {
+        change.newPassword = Users::getPassword(request.payload);
+        return change;
+    }
     change.hash = caller.user.passwordHash;
     change.password = readText(request.payload, PasswordChange::OLD_OFFSET, NAME_SIZE);
     change.newPassword = readText(request.payload, PasswordChange::NEW_OFFSET, NAME_SIZE);

@@ -100,6 +100,21 @@ void Sessions::changePassword(const User& user, const std::string& keptId, const
     forget(user.name, keptId);
 }
 
+void Sessions::removeUser(const std::string& name, const Event& event) {
+    m_state.removeUser(name, event);
+    forget(name, "");
+}
+
+std::vector<StoredSession> Sessions::list() const {
+    std::vector<StoredSession> sessions;
+    for (const auto& [id, session] : m_sessions) {
+        if (!isOver(session)) {
+            sessions.push_back(describe(id, session));
+        }
+    }
+    return sessions;
+}
+
 void Sessions::forget(const std::string& user, const std::string& keptId) {
     for (auto at = m_sessions.begin(); at != m_sessions.end();) {
         const bool ends = at->second.user == user && at->first != keptId;

@@ -34,6 +34,12 @@ public:
     /// whoever knew the old password is out.
     void changePassword(const User& user, const std::string& keptId, const Event& event);
 
+    /// Removes a user and ends the user's sessions.
+    void removeUser(const std::string& name, const Event& event);
+
+    /// The sessions that are not over.
+    std::vector<StoredSession> list() const;
+
     /// Stores what changed since the last time.
     void store();
 

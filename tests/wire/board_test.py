@@ -3,6 +3,7 @@
 ORVBOARDD names the program.
 """
 
+import calendar
 import os
 import re
 import resource
@@ -22,6 +23,9 @@ OWN_LANGUAGE, OWN_REFRESH_INTERVAL, OWN_PASSWORD = 0x02010026, 0x02010027, 0x020
 STATUS, PRODUCT, SYSTEM_NAMES, SYSTEM_POWER, LED = (
     0x02010003, 0x02010007, 0x02010008, 0x0201000A, 0x0201000B)
 PARTITIONS, ADDRESSES, SERVICES, TRAPS = 0x02010030, 0x02010048, 0x0201004A, 0x0201004D
+USERS, USER_ADD, USER_EDIT, USER_REMOVE, SESSIONS = (
+    0x0201003C, 0x0201003D, 0x0201003E, 0x0201003F, 0x02010040)
+CLOCK, EVENTS, OWN_FILTER = 0x02010046, 0x02010099, 0x0201009A
 ACL, ACL_ADD, ACL_REMOVE, MAIL = 0x02010058, 0x02010059, 0x0201005A, 0x0201005C
 POWER, SCHEDULE, BOOT = 0x02010300, 0x02010310, 0x02010320  # and the partition
 HTTPS_PORT = 0x02010073
@@ -144,6 +148,12 @@ class BoardTest(unittest.TestCase):
         texts = payload[:-1].decode().split("\0")
         return [] if texts == [""] else list(zip(*[iter(texts)] * columns, strict=True))
 
+    def events(self, session, count, severity="info", source="", first="", last="", before=""):
+        """The newest events of the log, without their numbers and times."""
+        rows = self.rows(EVENTS, session, 7,
+                         record(severity, source, first, last, count, before))
+        return [row[2:] for row in rows]
+
     def put(self, item, session, content):
         self.ask(item | WRITE, session, content)
 
@@ -181,15 +191,11 @@ class BoardTest(unittest.TestCase):
         for name, password in ((b"admin", b"guess"), (b"nobody", b"nobody")):
             self.assertRefused(REFUSED, self.login, name, password)
         self.assertRefused(REFUSED, self.login, b"x\nadmin logged in", b"", b"a\x1b[2J")
-        self.login()
-        self.end()
-        with sqlite3.connect(self.state) as database:
-            log = list(database.execute(
-                "SELECT code, user, detail FROM events ORDER BY number DESC LIMIT 4"))
-        database.close()
-        self.assertEqual(log[:2], [(101, "admin", "192.0.2.7"),
-                                   (102, "x?admin logged in", "a?[2J")])
-        self.assertEqual([code for code, *_ in log], [101, 102, 102, 102])
+        self.assertEqual(self.events(self.login().session, 4), [
+            ("info", "security", "101", "admin", "192.0.2.7"),
+            ("warning", "security", "102", "x?admin logged in", "a?[2J"),
+            ("warning", "security", "102", "nobody", "192.0.2.7"),
+            ("warning", "security", "102", "admin", "192.0.2.7")])
 
     def test_only_a_living_session_is_served(self):
         self.start()
@@ -295,6 +301,12 @@ class BoardTest(unittest.TestCase):
         (POWER + 1, "apsog", "ao", record("reset")), (POWER + 3, "apsog", "apo", record("on")),
         (SCHEDULE, "apsog", "apo", record(0, "2026-01-01", "2026-01-01", "0000000", "", "")),
         (BOOT + 1, "apsog", "ao", record("dvd", "none", "disk", 9, 1)),
+        (USERS, "a", "", b"x"), (SESSIONS, "apsog", "", b"x"), 
+        (USER_ADD, "", "a", record("new", "password", "guest", "0" * 16, 1)),
+        (USER_EDIT, "", "a", record("new", "", "staff", "0" * 16, 1)),
+        (USER_REMOVE, "", "a", record("new")),
+        (CLOCK, "apsog", "a", record("2026-01-01", "00:00:00", "+00:00", "manual", "", "")),
+        (OWN_FILTER, "apsog", "apsog", record("error", "power", 1)),
         (MAINTENANCE_MODE, "apsog", "as", bytes(34)),
         (PERMISSION, "apsog", "a", struct.pack(">4I", 1, 1, 4, 0)),
     )
@@ -445,6 +457,207 @@ class BoardTest(unittest.TestCase):
         rows = self.rows(STATUS, admin, 4)
         self.assertEqual(rows[2], ("partition", "1", "maintenance", "on"))
         self.assertEqual(rows[-1], ("maintenance", "0", "maintenance", "on"))
+
+    # Events
+
+    def test_events_are_found(self):
+        self.start()
+        session = self.login(b"guest").session
+        for query in ((), ("info", "", "", "", 0, ""), ("info", "", "", "", 201, ""),
+                      ("all", "", "", "", 1, ""), ("info", "disk", "", "", 1, ""),
+                      ("info", "", "2026-02-30", "", 1, ""), ("info", "", "", "", 1, "x"),
+                      ("info", "", "", "", 1)):
+            self.assertRefused(BAD_REQUEST, self.ask, EVENTS | EXCHANGE, session, record(*query))
+        self.assertRefused(BAD_REQUEST, self.get, EVENTS, session)
+        self.assertRefused(NOT_AUTHORISED, self.put, EVENTS, session,
+                           record("info", "", "", "", 1, ""))
+
+        everything = self.rows(EVENTS, session, 7, record("info", "", "", "", 200, ""))
+        numbers, times = ([int(row[column]) for row in everything] for column in (0, 1))
+        self.assertEqual(numbers, sorted(numbers, reverse=True))
+        self.assertEqual(times, sorted(times, reverse=True))
+        self.assertEqual({row[2] for row in everything if row[3] == "hardware"},
+                         {"info", "warning", "error"})
+        days = [time.strftime("%Y-%m-%d", time.gmtime(seconds)) for seconds in times]
+        middle = len(everything) // 2
+        for request, expected in (
+                (("warning", "", "", "", 200, ""), [r for r in everything if r[2] != "info"]),
+                (("error", "hardware", "", "", 1, ""),
+                 [r for r in everything if r[2] == "error"][:1]),
+                (("info", "power", "", "", 200, ""), [r for r in everything if r[3] == "power"]),
+                (("info", "", "", "", 3, numbers[middle]), everything[middle + 1:middle + 4]),
+                (("info", "", days[middle], days[middle], 200, ""),
+                 [r for r, day in zip(everything, days) if day == days[middle]]),
+                (("info", "", "", "1970-01-01", 200, ""), [])):
+            with self.subTest(request):
+                self.assertEqual(self.rows(EVENTS, session, 7, record(*request)), expected)
+
+    def test_what_happens_is_in_the_log(self):
+        self.start()
+        admin = self.login().session
+        for item, content, *events in (
+                (LED, record("blink"), ("info", "hardware", "406", "admin", "blink")),
+                (SYSTEM_NAMES, record("x", "", "", ""),
+                 ("info", "settings", "201", "admin", "system names")),
+                (BOOT + 2, record("disk", "dvd", "none", 0, 0),
+                 ("info", "settings", "201", "admin", "boot settings of partition 2")),
+                (SOME_ITEM, b"x", ("info", "settings", "201", "admin", "item 0x02010123")),
+                (POWER + 3, record("on"), ("info", "power", "301", "admin", "partition 3")),
+                (POWER + 3, record("on")),  # is on already
+                (POWER + 2, record("force-off"), ("warning", "power", "303", "admin", "partition 2")),
+                (SYSTEM_POWER, record("reset"),
+                 *(("warning", "power", "304", "admin", f"partition {n}") for n in (3, 1, 0))),
+                (SYSTEM_POWER, record("off"),
+                 *(("info", "power", "302", "admin", f"partition {n}") for n in (3, 1, 0))),
+                (MAINTENANCE_MODE, bytes(17) + b"\1\0\1" + bytes(13) + b"\1",
+                 ("info", "maintenance", "601", "admin", "system, partitions 0 2")),
+                (MAINTENANCE_MODE, bytes(34), ("info", "maintenance", "601", "admin", "off"))):
+            with self.subTest(hex(item), content=content):
+                before = self.events(admin, 10)
+                self.put(item, admin, content)
+                self.assertEqual(self.events(admin, 10), (events + before)[:10])
+
+    def test_an_event_filter_is_the_users(self):
+        self.start()
+        guest, admin = self.login(b"guest").session, self.login().session
+        self.put(OWN_FILTER, guest, record("warning", "hardware", 200))
+        self.assertRefused(BAD_REQUEST, self.put, OWN_FILTER, guest, record("info", "", 201))
+        self.end(signal.SIGKILL)
+        self.start()
+        self.assertEqual(self.get(OWN_FILTER, guest), record("warning", "hardware", 200))
+        self.assertEqual(self.get(OWN_FILTER, admin), record("info", "", 50))
+
+    # Users
+
+    NOBODY, PARTITIONS_0_AND_2 = "0" * 16, "101" + "0" * 13
+
+    def test_what_a_user_may_be(self):
+        self.start()
+        admin = self.login().session
+        for name, password, role, partitions, language in (
+                ("", "password", "guest", self.NOBODY, 1),
+                ("1x", "password", "guest", self.NOBODY, 1),
+                ("x y", "password", "guest", self.NOBODY, 1),
+                ("x" * 33, "password", "guest", self.NOBODY, 1),
+                ("x", "seven77", "guest", self.NOBODY, 1), ("x", "", "guest", self.NOBODY, 1),
+                ("x", "y" * 33, "guest", self.NOBODY, 1),
+                ("x", "pass word", "guest", self.NOBODY, 1),
+                ("x", "password", "root", self.NOBODY, 1),
+                ("x", "password", "guest", self.NOBODY[1:], 1),
+                ("x", "password", "guest", self.PARTITIONS_0_AND_2, 1),
+                ("x", "password", "partition", self.NOBODY, 1),
+                ("x", "password", "guest", self.NOBODY, 2)):
+            with self.subTest(name=name, password=password, role=role):
+                self.assertRefused(BAD_REQUEST, self.put, USER_ADD, admin,
+                                   record(name, password, role, partitions, language))
+        self.assertEqual(len(self.rows(USERS, admin, 4)), 5)
+        self.put(USER_ADD, admin, record("A" + "z" * 31, "!" * 32, "staff", self.NOBODY, 0))
+        self.login(b"A" + b"z" * 31, b"!" * 32)
+
+    def test_user_management(self):
+        self.start()
+        admin = self.login().session
+        new = ("u-1._", "password", "partition", self.PARTITIONS_0_AND_2, 0)
+        self.put(USER_ADD, admin, record(*new))
+        self.assertRefused(EXISTS, self.put, USER_ADD, admin, record(*new))
+        self.assertIn(("u-1._", "partition", self.PARTITIONS_0_AND_2, "0"),
+                      self.rows(USERS, admin, 4))
+        session = self.login(b"u-1._", b"password").session
+        other = self.login(b"u-1._", b"password").session
+        self.assertRefused(NOT_AUTHORISED, self.put, POWER + 1, session, record("off"))
+        self.put(POWER + 2, session, record("off"))
+
+        # A role counts at once; without a new password the sessions stay.
+        self.put(USER_EDIT, admin, record("u-1._", "", "operator", self.NOBODY, 1))
+        self.put(POWER + 1, session, record("off"))
+        self.assertEqual(self.check(session).language, 1)
+        self.put(USER_EDIT, admin, record("u-1._", "another-one", "administrator", self.NOBODY, 1))
+        for ended in (session, other):
+            self.assertRefused(NO_SESSION, self.check, ended)
+        self.assertRefused(REFUSED, self.login, b"u-1._", b"password")
+        session, other = (self.login(b"u-1._", b"another-one").session for _ in range(2))
+        self.put(USER_EDIT, session, record("u-1._", "yet-another", "administrator", self.NOBODY, 1))
+        self.check(session)
+        self.assertRefused(NO_SESSION, self.check, other)
+
+        # Somebody who can manage users is left.
+        self.assertRefused(LAST_ADMINISTRATOR, self.put, USER_REMOVE, admin, record("admin"))
+        self.put(USER_EDIT, admin, record("admin", "", "guest", self.NOBODY, 1))
+        self.assertRefused(NOT_AUTHORISED, self.get, USERS, admin)
+        self.assertRefused(LAST_ADMINISTRATOR, self.put, USER_EDIT, session,
+                           record("u-1._", "", "guest", self.NOBODY, 1))
+        self.put(USER_REMOVE, session, record("admin"))
+        self.assertRefused(NO_SESSION, self.check, admin)
+        self.assertRefused(REFUSED, self.login)
+        for item, content in ((USER_REMOVE, record("admin")),
+                              (USER_EDIT, record("admin", "", "guest", self.NOBODY, 1))):
+            self.assertRefused(NOT_FOUND, self.put, item, session, content)
+        self.assertEqual([event[2:] for event in self.events(session, 5, source="security")][1:4],
+                         [("108", "u-1._", "admin"), ("107", "admin", "admin"),
+                          ("107", "u-1._", "u-1._")])
+        self.end(signal.SIGKILL)
+        self.start()
+        self.assertNotIn("admin", [row[0] for row in self.rows(USERS, session, 4)])
+
+    def test_the_board_has_room_for_64_users(self):
+        self.start()
+        admin = self.login().session
+        for n in range(59):
+            self.put(USER_ADD, admin, record(f"user{n}", "password", "guest", self.NOBODY, 1))
+        self.assertRefused(FULL, self.put, USER_ADD, admin,
+                           record("user59", "password", "guest", self.NOBODY, 1))
+        self.assertEqual(len(self.rows(USERS, admin, 4)), 64)
+
+    def test_sessions_are_listed_without_their_ids(self):
+        self.start()
+        begin = int(time.time())
+        admin = self.login(address=b"198.51.100.9").session
+        part = self.login(b"part").session
+        rows = self.rows(SESSIONS, part, 5)
+        self.assertCountEqual([row[:3] for row in rows], [
+            ("admin", "administrator", "198.51.100.9"), ("part", "partition", "192.0.2.7")])
+        for _, _, _, login, used in rows:
+            self.assertTrue(begin <= int(login) <= int(used) <= time.time())
+        self.assertNotIn(admin, self.get(SESSIONS, part))
+        self.end()
+        self.start()
+        self.assertEqual([row[:4] for row in self.rows(SESSIONS, part, 5)],
+                         [row[:4] for row in rows])
+
+    # Clock
+
+    def test_the_clock_runs_from_where_it_was_set(self):
+        self.start()
+        admin = self.login().session
+
+        def shown():
+            day, clock, *rest = self.rows(CLOCK, admin, 6)[0]
+            return calendar.timegm(time.strptime(day + clock, "%Y-%m-%d%H:%M:%S")), rest
+
+        self.assertAlmostEqual(shown()[0], time.time(), delta=2)
+        self.put(CLOCK, admin, record("2037-12-31", "23:59:50", "-05:30", "manual", "", "192.0.2.1"))
+        local = calendar.timegm((2037, 12, 31, 23, 59, 50))
+        for _ in range(2):
+            seconds, rest = shown()
+            self.assertAlmostEqual(seconds, local, delta=9)
+            self.assertEqual(rest, ["-05:30", "manual", "", "192.0.2.1"])
+            self.end(signal.SIGKILL)
+            self.start()
+        self.put(LED, admin, record("on"))
+        event, = self.rows(EVENTS, admin, 7, record("info", "", "", "", 1, ""))
+        self.assertAlmostEqual(int(event[1]), local + 19800, delta=20)
+        self.put(CLOCK, admin, record("", "now", "+14:00", "servers", "192.0.2.1", ""))
+        self.assertAlmostEqual(shown()[0], time.time() + 50400, delta=2)
+        for texts in (("2037-12-32", "00:00:00", "+00:00", "manual", "", ""),
+                      ("2026-01-01", "24:00:00", "+00:00", "manual", "", ""),
+                      ("2026-01-01", "00:00:60", "+00:00", "manual", "", ""),
+                      ("1970-01-01", "00:59:59", "+01:00", "manual", "", ""),
+                      ("2026-01-01", "00:00:00", "+14:01", "manual", "", ""),
+                      ("2026-01-01", "00:00:00", "01:00", "manual", "", ""),
+                      ("2026-01-01", "00:00:00", "+00:00", "servers", "", "192.0.2.1"),
+                      ("2026-01-01", "00:00:00", "+00:00", "gps", "192.0.2.1", "")):
+            with self.subTest(texts):
+                self.assertRefused(BAD_REQUEST, self.put, CLOCK, admin, record(*texts))
 
     # What comes over the wire
 
