@@ -84,13 +84,13 @@ std::string explain(const DatabaseError& error) {
 
 }  // namespace
 
-BoardState::BoardState(const std::string& path, const Contents& initial) try : m_database(path) {
+BoardState::BoardState(const std::string& path) try : m_database(path) {
     checkFile();
     // Write-ahead: one flush to the disk for each change. FULL: done before the change returns.
     m_database.execute("PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL;");
     Transaction transaction(m_database);
     if (!m_database.query("SELECT 1 FROM sqlite_schema").step()) {
-        makeNew(initial);
+        makeNew();
     }
     transaction.commit();
 } catch (const DatabaseError& error) {
@@ -115,14 +115,14 @@ void BoardState::checkFile() {
     }
 }
 
-void BoardState::makeNew(const Contents& initial) {
+void BoardState::makeNew() {
     m_database.execute(SCHEMA);
     for (const SampleUser& sample : SAMPLE_USERS) {
-        insertUser({sample.name, hashPassword(sample.password),
-                    Authority{sample.roles, sample.partitions}, sample.language,
-                    sample.refreshInterval, ""});
+        replaceUser({sample.name, hashPassword(sample.password),
+                     Authority{sample.roles, sample.partitions}, sample.language,
+                     sample.refreshInterval, ""});
     }
-    for (const auto& [id, content] : initial) {
+    for (const auto& [id, content] : getSampleItems()) {
         replaceItem(id, content);
     }
     for (const SampleEvent& sample : SAMPLE_EVENTS) {
@@ -130,8 +130,13 @@ void BoardState::makeNew(const Contents& initial) {
     }
 }
 
-void BoardState::insertUser(const User& user) {
-    m_database.query("INSERT INTO users VALUES (?, ?, ?, ?, ?, ?, ?)")
+void BoardState::replaceUser(const User& user) {
+    m_database
+        .query(
+            "INSERT INTO users VALUES (?, ?, ?, ?, ?, ?, ?) ON CONFLICT (name) DO UPDATE SET"
+            " password = excluded.password, roles = excluded.roles,"
+            " partitions = excluded.partitions, language = excluded.language,"
+            " refresh_interval = excluded.refresh_interval, event_filter = excluded.event_filter")
         .bind(user.name)
         .bind(user.passwordHash)
         .bind(user.authority.roles)
@@ -160,16 +165,9 @@ std::vector<User> BoardState::readUsers() {
     return users;
 }
 
-void BoardState::addUser(const User& user, const Event& event) {
+void BoardState::storeUser(const User& user, const Event& event) {
     Transaction transaction(m_database);
-    insertUser(user);
-    insertEvent(event, getTime());
-    transaction.commit();
-}
-
-void BoardState::changeUser(const User& user, const Event& event) {
-    Transaction transaction(m_database);
-    updateUser(user);
+    replaceUser(user);
     insertEvent(event, getTime());
     transaction.commit();
 }
@@ -177,7 +175,7 @@ void BoardState::changeUser(const User& user, const Event& event) {
 void BoardState::changePassword(const User& user, const std::string& keptSession,
                                 const Event& event) {
     Transaction transaction(m_database);
-    updateUser(user);
+    replaceUser(user);
     deleteSessions(user.name, keptSession);
     insertEvent(event, getTime());
     transaction.commit();
@@ -189,21 +187,6 @@ void BoardState::removeUser(const std::string& name, const Event& event) {
     m_database.query("DELETE FROM users WHERE name = ?").bind(name).run();
     insertEvent(event, getTime());
     transaction.commit();
-}
-
-void BoardState::updateUser(const User& user) {
-    m_database
-        .query(
-            "UPDATE users SET password = ?, roles = ?, partitions = ?, language = ?,"
-            " refresh_interval = ?, event_filter = ? WHERE name = ?")
-        .bind(user.passwordHash)
-        .bind(user.authority.roles)
-        .bind(user.authority.partitions)
-        .bind(user.language)
-        .bind(user.refreshInterval)
-        .bindBlob(user.eventFilter)
-        .bind(user.name)
-        .run();
 }
 
 std::optional<std::string> BoardState::readItem(std::uint32_t id) {
@@ -218,7 +201,7 @@ void BoardState::writeItem(std::uint32_t id, const std::string& content, const E
     writeItems({{id, content}}, {event});
 }
 
-void BoardState::writeItems(const Contents& contents, const std::vector<Event>& events) {
+void BoardState::writeItems(const StoredItems& contents, const std::vector<Event>& events) {
     Transaction transaction(m_database);
     for (const auto& [id, content] : contents) {
         replaceItem(id, content);

@@ -34,7 +34,7 @@ struct StoredSession {
 };
 
 /// Items by their IDs.
-using Contents = std::map<std::uint32_t, std::string>;
+using StoredItems = std::map<std::uint32_t, std::string>;
 
 /// Everything the board keeps: users, information items, sessions and the event log.
 ///
@@ -42,25 +42,23 @@ using Contents = std::map<std::uint32_t, std::string>;
 /// are there after a crash once the operation has returned. Failures are DatabaseErrors.
 class BoardState {
 public:
-    /// Opens the file, or makes one with the sample users, the sample events and these items.
-    /// Throws std::runtime_error, with a line for the administrator, for a file that cannot be
-    /// used; such a file is left as it is.
-    BoardState(const std::string& path, const Contents& initial);
+    /// Opens the file, or makes that of the sample board. Throws std::runtime_error, with a line
+    /// for the administrator, for a file that cannot be used; such a file is left as it is.
+    explicit BoardState(const std::string& path);
 
     std::optional<User> findUser(const std::string& name);
     /// All users, in the order of their names.
     std::vector<User> readUsers();
-    void addUser(const User& user, const Event& event);
-    /// Replaces what is known of the user with this name.
-    void changeUser(const User& user, const Event& event);
-    /// As changeUser(), and ends all of the user's sessions but `keptSession`.
+    /// Adds the user, or replaces what is known of the one with this name.
+    void storeUser(const User& user, const Event& event);
+    /// As storeUser(), and ends all of the user's sessions but `keptSession`.
     void changePassword(const User& user, const std::string& keptSession, const Event& event);
     /// Ends the user's sessions too.
     void removeUser(const std::string& name, const Event& event);
 
     std::optional<std::string> readItem(std::uint32_t id);
     void writeItem(std::uint32_t id, const std::string& content, const Event& event);
-    void writeItems(const Contents& contents, const std::vector<Event>& events);
+    void writeItems(const StoredItems& contents, const std::vector<Event>& events);
 
     std::vector<StoredSession> readSessions();
     void addSession(const StoredSession& session, const Event& event);
@@ -80,9 +78,8 @@ public:
 
 private:
     void checkFile();
-    void makeNew(const Contents& initial);
-    void insertUser(const User& user);
-    void updateUser(const User& user);
+    void makeNew();
+    void replaceUser(const User& user);
     void insertEvent(const Event& event, std::int64_t time);
     void replaceItem(std::uint32_t id, const std::string& content);
     void deleteSession(const std::string& id);

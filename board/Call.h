@@ -9,16 +9,25 @@
 
 namespace ORVLib::Board {
 
+class FirmwareStage;
+class Installation;
+
 /// Who asks.
 struct Caller {
     User user;
     std::string sessionId;
 };
 
-/// One use of an item that is more than stored bytes, and the parts of the board to do it with.
-struct Call {
+/// What the board consists of.
+struct Parts {
     BoardState& state;
     Sessions& sessions;
+    FirmwareStage& stage;
+    Installation& installation;
+};
+
+/// One use of an item that is more than stored bytes.
+struct Call : Parts {
     std::uint32_t id;
     const Caller* caller;             ///< null for a public item
     const std::string& content;       ///< as the item's rule wants it

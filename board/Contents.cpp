@@ -2,12 +2,9 @@
 
 #include <algorithm>
 #include <set>
-#include <string_view>
 
-#include "Calendar.h"
 #include "Protocol.h"
 #include "Telegram.h"
-#include "orv/GeneralPurposePacket.h"
 
 namespace ORVLib::Board {
 
@@ -34,43 +31,12 @@ const char* const NO_DEVICE = "none";
 
 const char* const ON = "1";
 
-constexpr Field USER_NAME_FIELD = text(1, 32);
-constexpr Field PASSWORD = text(8, 32);
-constexpr Field ROLE = word("administrator|staff|guest|operator|partition");
-constexpr Field NEW_USER[] = {USER_NAME_FIELD, PASSWORD, ROLE, flags(USER_PARTITIONS), FLAG};
-constexpr Field CHANGED_USER[] = {USER_NAME_FIELD, orEmpty(PASSWORD), ROLE, flags(USER_PARTITIONS),
-                                  FLAG};
-
-constexpr Field CLOCK[] = {text(0, 64),  text(0, 64),      ZONE,
-                           CLOCK_SOURCE, orEmpty(ADDRESS), orEmpty(ADDRESS)};
-
 bool isNumber(const std::string& content, std::uint32_t lowest, std::uint32_t highest) {
     if (content.size() != 4) {
         return false;
     }
     const std::uint32_t value = readNumber(content, 0);
     return value >= lowest && value <= highest;
-}
-
-bool isLetter(char character) {
-    return (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z');
-}
-
-bool isName(const std::string& name) {
-    return isLetter(name[0]) && std::all_of(name.begin(), name.end(), [](char character) {
-               return isLetter(character) || (character >= '0' && character <= '9') ||
-                      std::string_view(".-_").find(character) != std::string_view::npos;
-           });
-}
-
-// Partitions are for those, and needed by those, whose role they are.
-bool isUser(const std::optional<Record>& record) {
-    if (!record || !isName((*record)[USER_NAME])) {
-        return false;
-    }
-    const bool hasPartitions = (*record)[USER_PARTITION_FLAGS].find('1') != std::string::npos;
-    return (*record)[USER_PASSWORD].find(' ') == std::string::npos &&
-           hasPartitions == ((*record)[USER_ROLE] == "partition");
 }
 
 }  // namespace
@@ -100,30 +66,12 @@ bool isPasswordChange(const std::string& content) {
     return content.size() == PasswordChange::SIZE;
 }
 
-bool isMaintenanceMode(const std::string& content) {
-    return content.size() == MaintenanceMode::SIZE;
-}
-
-bool isPacket(const std::string& content) {
-    return ORVUi::GeneralPurposePacket().setSerialized(
-        reinterpret_cast<const unsigned char*>(content.data()),
-        static_cast<unsigned int>(content.size()));
-}
-
 bool isProduct(const std::string& content) {
     return parseRecord(content, PRODUCT).has_value();
 }
 
 bool isSystemNames(const std::string& content) {
     return parseRecord(content, SYSTEM_NAMES).has_value();
-}
-
-bool isPowerState(const std::string& content) {
-    return isFitRecord(content, POWER_STATE);
-}
-
-bool isPowerOperation(const std::string& content) {
-    return isFitRecord(content, POWER_OPERATION);
 }
 
 bool isLed(const std::string& content) {
@@ -213,35 +161,8 @@ bool isBoot(const std::string& content) {
     return true;
 }
 
-bool isEventQuery(const std::string& content) {
-    return parseRecord(content, EVENT_QUERY).has_value();
-}
-
-bool isEventFilter(const std::string& content) {
-    return parseRecord(content, EVENT_FILTER).has_value();
-}
-
-bool isClock(const std::string& content) {
-    const auto record = parseRecord(content, CLOCK);
-    if (!record) {
-        return false;
-    }
-    const Record& fields = *record;
-    return fields[CLOCK_SOURCE_FIELD] == CLOCK_SERVERS
-               ? !fields[CLOCK_SERVER].empty()
-               : parseDay(fields[CLOCK_DATE]) && parseTime(fields[CLOCK_TIME]);
-}
-
-bool isNewUser(const std::string& content) {
-    return isUser(parseRecord(content, NEW_USER));
-}
-
-bool isChangedUser(const std::string& content) {
-    return isUser(parseRecord(content, CHANGED_USER));
-}
-
-bool isUserName(const std::string& content) {
-    return isFitRecord(content, USER_NAME_FIELD);
+bool isVersion(const std::string& version) {
+    return isFitRecord(version + '\0', PRODUCT[PRODUCT_VERSION_FIELD]);
 }
 
 }  // namespace ORVLib::Board

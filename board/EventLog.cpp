@@ -1,11 +1,12 @@
 #include "EventLog.h"
 
 #include <algorithm>
+#include <climits>
 #include <limits>
 
 #include "Calendar.h"
-#include "Contents.h"
 #include "Protocol.h"
+#include "Records.h"
 #include "common/ParseNumber.h"
 
 namespace ORVLib::Board::EventLog {
@@ -14,6 +15,13 @@ namespace {
 
 constexpr std::int64_t FOREVER = std::numeric_limits<std::int64_t>::max();
 
+constexpr Field SEVERITY = word("info|warning|error");
+constexpr Field EVENT_SOURCE =
+    orEmpty(word("security|settings|power|hardware|firmware|maintenance"));
+constexpr Field EVENT_COUNT = number(1, 200);  // no more fit into a payload, with the longest texts
+constexpr Field FILTER[] = {SEVERITY, EVENT_SOURCE, EVENT_COUNT};
+constexpr Field QUERY[] = {SEVERITY,     EVENT_SOURCE, orEmpty(DAY),
+                           orEmpty(DAY), EVENT_COUNT,  orEmpty(number(1, INT_MAX))};
 enum QueryField { LOWEST_SEVERITY, SOURCE, FIRST_DAY, LAST_DAY, COUNT, BEFORE };
 
 std::int64_t startOfDay(const std::string& day) {
@@ -21,7 +29,7 @@ std::int64_t startOfDay(const std::string& day) {
 }
 
 int parseCount(const std::string& text) {
-    return *parseNumber(text, 0, std::numeric_limits<int>::max());
+    return *parseNumber(text, 0, INT_MAX);
 }
 
 EventQuery makeQuery(const Record& fields) {
@@ -38,13 +46,18 @@ EventQuery makeQuery(const Record& fields) {
 
 }  // namespace
 
+bool isQuery(const std::string& content) {
+    return parseRecord(content, QUERY).has_value();
+}
+
+bool isFilter(const std::string& content) {
+    return parseRecord(content, FILTER).has_value();
+}
+
 std::string answer(const Call& call) {
-    const auto fields = parseRecord(call.content, EVENT_QUERY);
-    if (!fields) {
-        throw boardError(ERROR_BAD_REQUEST, "events are asked for with a record", call.id);
-    }
+    const EventQuery query = makeQuery(*parseTexts(call.content));
     Record rows;
-    for (const StoredEvent& event : call.state.readEvents(makeQuery(*fields))) {
+    for (const StoredEvent& event : call.state.readEvents(query)) {
         rows.insert(rows.end(),
                     {std::to_string(event.number), std::to_string(event.time),
                      getName(getSeverity(event.code)), getSourceName(event.code),
@@ -58,7 +71,7 @@ std::string readFilter(const Call& call) {
     if (filter.empty()) {
         return formatRecord({"info", "", "50"});
     }
-    if (!isEventFilter(filter)) {
+    if (!isFilter(filter)) {
         throw DatabaseError("a user's event filter is damaged", SQLITE_CORRUPT);
     }
     return filter;
@@ -67,7 +80,7 @@ std::string readFilter(const Call& call) {
 void writeFilter(const Call& call) {
     User user = call.getUser();
     user.eventFilter = call.content;
-    call.state.changeUser(user, call.makeEvent(EventCode::SETTINGS_CHANGED, "own event filter"));
+    call.state.storeUser(user, call.makeEvent(EventCode::SETTINGS_CHANGED, "own event filter"));
 }
 
 }  // namespace ORVLib::Board::EventLog

@@ -7,6 +7,9 @@
 /// The event log as pages see it.
 namespace ORVLib::Board::EventLog {
 
+bool isQuery(const std::string& content);
+bool isFilter(const std::string& content);
+
 /// ITEM_EVENTS: the events that the call's content asks for, newest first.
 std::string answer(const Call& call);
 

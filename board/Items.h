@@ -15,11 +15,8 @@ namespace ORVLib::Board {
 /// logged in, written by system administrators, and holds any bytes.
 class Items {
 public:
-    /// `state` and `sessions` must outlive this.
-    Items(BoardState& state, Sessions& sessions) : m_state(state), m_sessions(sessions) {}
-
-    /// What a fresh board has in its items.
-    static Contents getInitialContents();
+    /// The parts must outlive this.
+    explicit Items(const Parts& parts) : m_parts(parts) {}
 
     /// True for what pages need before anybody has logged in.
     static bool isPublic(std::uint32_t id);
@@ -43,8 +40,7 @@ public:
 private:
     void requireAmong(unsigned int who, std::uint32_t id, const Caller* caller);
 
-    BoardState& m_state;
-    Sessions& m_sessions;
+    Parts m_parts;
 };
 
 }  // namespace ORVLib::Board

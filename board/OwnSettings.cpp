@@ -11,18 +11,17 @@ std::string readLanguage(const Call& call) {
 void writeLanguage(const Call& call) {
     User user = call.getUser();
     user.language = static_cast<unsigned char>(readNumber(call.content, 0));
-    call.state.changeUser(user, call.makeEvent(EventCode::SETTINGS_CHANGED, "own language"));
+    call.state.storeUser(user, call.makeEvent(EventCode::SETTINGS_CHANGED, "own language"));
 }
 
-std::string readRefreshInterval(const Call& call) {
+std::string readInterval(const Call& call) {
     return formatNumber(call.getUser().refreshInterval);
 }
 
-void writeRefreshInterval(const Call& call) {
+void writeInterval(const Call& call) {
     User user = call.getUser();
     user.refreshInterval = readNumber(call.content, 0);
-    call.state.changeUser(user,
-                          call.makeEvent(EventCode::SETTINGS_CHANGED, "own refresh interval"));
+    call.state.storeUser(user, call.makeEvent(EventCode::SETTINGS_CHANGED, "own refresh interval"));
 }
 
 void writePassword(const Call& call) {

@@ -12,8 +12,8 @@ std::string readLanguage(const Call& call);
 void writeLanguage(const Call& call);
 
 /// ITEM_OWN_REFRESH_INTERVAL.
-std::string readRefreshInterval(const Call& call);
-void writeRefreshInterval(const Call& call);
+std::string readInterval(const Call& call);
+void writeInterval(const Call& call);
 
 /// ITEM_OWN_PASSWORD: stores the hash and ends the user's other sessions, for whoever knew the old
 /// password is out.

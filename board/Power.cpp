@@ -46,6 +46,10 @@ constexpr Part PARTS[] = {
 };
 constexpr std::uint32_t DEGRADED_PARTITION = 1;
 
+bool isState(const std::string& content) {
+    return isFitRecord(content, word("on|off"));
+}
+
 const Operation& findOperation(const std::string& content) {
     const std::string name = parseTexts(content)->front();
     const Operation* operation = OPERATIONS;
@@ -56,7 +60,7 @@ const Operation& findOperation(const std::string& content) {
 }
 
 bool isOn(const Call& call, std::uint32_t partition) {
-    const std::string power = readFit(call.state, ITEM_PARTITION_POWER + partition, isPowerState);
+    const std::string power = readFit(call.state, ITEM_PARTITION_POWER + partition, isState);
     return power == formatRecord({ON});
 }
 
@@ -79,7 +83,7 @@ const std::string& nameOf(bool power) {
 // Carries the operation out on the partitions from `first` to the one before `end`, all at once.
 void operate(const Call& call, std::uint32_t first, std::uint32_t end) {
     const Operation& operation = findOperation(call.content);
-    Contents changes;
+    StoredItems changes;
     std::vector<Event> events;
     for (std::uint32_t n = first; n < end; ++n) {
         if (isOn(call, n) == operation.from) {
@@ -105,6 +109,10 @@ const char* judgePartition(std::uint32_t partition, bool power, const std::strin
 
 }  // namespace
 
+bool isOperation(const std::string& content) {
+    return isFitRecord(content, word("on|off|force-off|reset"));
+}
+
 std::string readSystem(const Call& call) {
     return formatRecord({nameOf(isAnyOn(readPowers(call)))});
 }
@@ -114,7 +122,7 @@ void operateSystem(const Call& call) {
 }
 
 std::string readPartition(const Call& call) {
-    return readFit(call.state, call.id, isPowerState);
+    return readFit(call.state, call.id, isState);
 }
 
 void operatePartition(const Call& call) {
@@ -131,7 +139,7 @@ std::string listPartitions(const Call& call) {
 }
 
 std::string readStatus(const Call& call) {
-    const std::string mode = readFit(call.state, ITEM_MAINTENANCE_MODE, isMaintenanceMode);
+    const std::string mode = readFit(call.state, ITEM_MAINTENANCE_MODE, Maintenance::isMode);
     const bool inMaintenance = Maintenance::isOn(mode);
     const PowerStates powers = readPowers(call);
     const bool power = isAnyOn(powers);

@@ -7,6 +7,9 @@
 /// The power of the partitions and what depends on it.
 namespace ORVLib::Board::Power {
 
+/// What is written to the items of the power.
+bool isOperation(const std::string& content);
+
 /// ITEM_SYSTEM_POWER: the system is on while one of its partitions is.
 std::string readSystem(const Call& call);
 void operateSystem(const Call& call);

@@ -80,10 +80,10 @@ Reply answered(const Step& step) {
 
 }  // namespace
 
-Requests::Requests(BoardState& state, Sessions& sessions)
-    : m_state(state),
-      m_sessions(sessions),
-      m_items(state, sessions),
+Requests::Requests(const Parts& parts)
+    : m_state(parts.state),
+      m_sessions(parts.sessions),
+      m_items(parts),
       m_nobodysHash(hashPassword("nobody")) {}
 
 bool Requests::hasPayload(std::uint32_t type) {

@@ -34,8 +34,8 @@ public:
         std::string newPassword;          ///< what a password is changed to
     };
 
-    /// `state` and `sessions` must outlive this.
-    Requests(BoardState& state, Sessions& sessions);
+    /// The parts must outlive this.
+    explicit Requests(const Parts& parts);
 
     /// True when a payload follows the telegram of such a request.
     static bool hasPayload(std::uint32_t type);

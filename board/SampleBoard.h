@@ -2,10 +2,11 @@
 
 #include <cstdint>
 
+#include "BoardState.h"
 #include "Event.h"
 #include "Protocol.h"
 
-/// What a fresh board knows of its past and its users.
+/// What a fresh board starts with.
 namespace ORVLib::Board {
 
 struct SampleUser {
@@ -54,5 +55,7 @@ constexpr SampleEvent SAMPLE_EVENTS[] = {
     {0 * 1440 + 620, EventCode::POWER_SUPPLY_FAILED,    "",         "power supply 2"},
 };
 // clang-format on
+
+StoredItems getSampleItems();
 
 }  // namespace ORVLib::Board

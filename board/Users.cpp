@@ -11,6 +11,15 @@ namespace ORVLib::Board::Users {
 namespace {
 
 constexpr std::size_t MAX_USERS = 64;
+constexpr int USER_PARTITIONS = 16;
+
+enum UserField { USER_NAME, USER_PASSWORD, USER_ROLE, USER_PARTITION_FLAGS, USER_LANGUAGE };
+constexpr Field USER_NAME_FIELD = text(1, 32);
+constexpr Field PASSWORD = text(8, 32);
+constexpr Field ROLE = word("administrator|staff|guest|operator|partition");
+constexpr Field NEW_USER[] = {USER_NAME_FIELD, PASSWORD, ROLE, flags(USER_PARTITIONS), FLAG};
+constexpr Field CHANGED_USER[] = {USER_NAME_FIELD, orEmpty(PASSWORD), ROLE, flags(USER_PARTITIONS),
+                                  FLAG};
 
 struct Role {
     const char* name;
@@ -24,6 +33,27 @@ constexpr Role ROLES[] = {
     {"operator", ROLE_OPERATOR},
     {"partition", 0},
 };
+
+bool isLetter(char character) {
+    return (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z');
+}
+
+bool isName(const std::string& name) {
+    return isLetter(name[0]) && std::all_of(name.begin(), name.end(), [](char character) {
+               return isLetter(character) || (character >= '0' && character <= '9') ||
+                      std::string_view(".-_").find(character) != std::string_view::npos;
+           });
+}
+
+// Partitions are for those, and needed by those, whose role they are.
+bool isUser(const std::optional<Record>& record) {
+    if (!record || !isName((*record)[USER_NAME])) {
+        return false;
+    }
+    const bool hasPartitions = (*record)[USER_PARTITION_FLAGS].find('1') != std::string::npos;
+    return (*record)[USER_PASSWORD].find(' ') == std::string::npos &&
+           hasPartitions == ((*record)[USER_ROLE] == "partition");
+}
 
 std::string nameRole(const Authority& authority) {
     const Role* const found =
@@ -83,6 +113,18 @@ void take(User& user, const Record& fields) {
 
 }  // namespace
 
+bool isNewUser(const std::string& content) {
+    return isUser(parseRecord(content, NEW_USER));
+}
+
+bool isChangedUser(const std::string& content) {
+    return isUser(parseRecord(content, CHANGED_USER));
+}
+
+bool isUserName(const std::string& content) {
+    return isFitRecord(content, USER_NAME_FIELD);
+}
+
 std::string list(const Call& call) {
     Record rows;
     for (const User& user : call.state.readUsers()) {
@@ -105,7 +147,7 @@ void add(const Call& call) {
     if (call.state.readUsers().size() >= MAX_USERS) {
         throw boardError(ERROR_FULL, "there are too many users", call.id);
     }
-    call.state.addUser(user, call.makeEvent(EventCode::USER_ADDED, user.name));
+    call.state.storeUser(user, call.makeEvent(EventCode::USER_ADDED, user.name));
 }
 
 void edit(const Call& call) {
@@ -117,7 +159,7 @@ void edit(const Call& call) {
     }
     const Event event = call.makeEvent(EventCode::USER_CHANGED, user.name);
     if (call.passwordHash.empty()) {
-        call.state.changeUser(user, event);
+        call.state.storeUser(user, event);
         return;
     }
     user.passwordHash = call.passwordHash;

@@ -7,6 +7,11 @@
 /// The users and who of them is logged in.
 namespace ORVLib::Board::Users {
 
+/// What is written to ITEM_USER_ADD, ITEM_USER_EDIT and ITEM_USER_REMOVE.
+bool isNewUser(const std::string& content);
+bool isChangedUser(const std::string& content);
+bool isUserName(const std::string& content);
+
 /// ITEM_USERS.
 std::string list(const Call& call);
 
