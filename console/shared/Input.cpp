@@ -2,14 +2,17 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iostream>
 
 #include "gui/CheckBox.h"
 #include "gui/DateField.h"
 #include "gui/HiddenField.h"
 #include "gui/IPAddrMaskField.h"
 #include "gui/MessageMgr.h"
+#include "gui/PortNumberField.h"
 #include "gui/RadioButton.h"
 #include "gui/SelectMenu.h"
+#include "gui/TextString.h"
 #include "gui/TimeField.h"
 #include "shared/OuterPage.h"
 
@@ -67,6 +70,25 @@ int readSmallNumber(const std::string& text, int tooMany) {
 
 }  // namespace
 
+bool hasCharacterReference(const std::string& text) {
+    constexpr char START[] = "&#";
+    std::size_t at = text.find(START);
+    while (at != std::string::npos) {
+        const std::size_t digits = at + 2;
+        const std::size_t end = text.find_first_not_of("0123456789", digits);
+        if (end != std::string::npos && end > digits && text[end] == ';') {
+            return true;
+        }
+        at = text.find(START, digits);
+    }
+    return false;
+}
+
+bool TextInput::isError() const {
+    return m_field->isError() ||
+           (m_field->isCheckCharacters() && hasCharacterReference(m_field->getValue()));
+}
+
 void TextInput::submit(const FormInfo& form) {
     setText(submitted(form, getName()));
 }
@@ -99,6 +121,15 @@ bool NumberInput::isError() const {
     }
     const int number = readSmallNumber(TextInput::getText(), m_highest + 1);
     return number < m_lowest || number > m_highest;
+}
+
+PortInput::PortInput(const std::string& name, bool allowEmpty)
+    : TextInput(std::make_unique<PortNumberField>(name, "", FORM_NAME, 6, 5, nullptr, true,
+                                                  allowEmpty)) {}
+
+std::string PortInput::getText() const {
+    const std::string typed = TextInput::getText();
+    return typed.empty() ? typed : withoutLeadingZeros(typed);
 }
 
 PasswordInput::PasswordInput(const std::string& name, int maxLength)
@@ -347,6 +378,13 @@ void RadioInput::print() const {
                     &option == chosen(), false);
     }
     buttons.printHTML();
+}
+
+void ChosenInput::print() const {
+    std::cout << "<span class=\"value\">";
+    TextString(getShownText()).printHTML();
+    std::cout << "</span>";
+    printCarried();
 }
 
 void ChecksInput::addBox(const std::string& label) {

@@ -59,7 +59,10 @@ public:
             if (m_editable) {
                 printInput(entry);
             } else {
-                printValue(entry);
+                if (entry.needed) {
+                    printValue(entry);
+                }
+                entry.input->printCarried();
             }
         }
     }
@@ -89,9 +92,7 @@ private:
         TextString(entry.label).printHTML();
         std::cout << "</span> <span class=\"value\">";
         TextString(entry.input->getShownText()).printHTML();
-        std::cout << "</span>";
-        entry.input->printCarried();
-        std::cout << "</p>\n";
+        std::cout << "</span></p>\n";
     }
 
     const std::vector<Entry>& m_entries;
@@ -150,6 +151,11 @@ void SettingsPage::refuse(Text reason) {
     m_refused = true;
 }
 
+void SettingsPage::setReturnPath(const std::string& path) {
+    m_returnPath = path;
+    HTMLMapUtil::insertIntoMap(getMap(), BACK, makeLink(path, text(TEXT_BACK)));
+}
+
 std::vector<Input*> SettingsPage::getInputs() const {
     std::vector<Input*> inputs;
     for (const Entry& entry : m_entries) {
@@ -204,6 +210,7 @@ void SettingsPage::makeDispPage() {
 void SettingsPage::makeConfigPage() {
     readSubmitted();
     if (areInputsValid()) {
+        emptyUnneeded();
         apply();
     }
     if (isAnyMarked() || m_refused) {
@@ -221,10 +228,19 @@ void SettingsPage::readSubmitted() {
 
 bool SettingsPage::areInputsValid() {
     for (Entry& entry : m_entries) {
-        entry.wrong = entry.input->isError();
+        entry.needed = isNeeded(*entry.input);
+        entry.wrong = entry.needed && entry.input->isError();
     }
     checkInputs();
     return !isAnyMarked();
+}
+
+void SettingsPage::emptyUnneeded() {
+    for (Entry& entry : m_entries) {
+        if (!entry.needed) {
+            entry.input->setText("");
+        }
+    }
 }
 
 bool SettingsPage::isAnyMarked() const {
