@@ -15,6 +15,8 @@ constexpr Text TEXTS[] = {
     {78, "The management board refused the request."},
     {79, "The management board reported an error while it carried out the request."},
     {105, "Another operation is in progress. Please wait until it has ended."},
+    {200, "The row has been added to the access control list."},
+    {201, "The row has been removed from the access control list."},
 };
 
 }  // namespace
