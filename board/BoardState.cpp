@@ -126,7 +126,8 @@ void BoardState::makeNew() {
         replaceItem(id, content);
     }
     for (const SampleEvent& sample : SAMPLE_EVENTS) {
-        insertEvent({sample.code, sample.user, sample.detail}, getTime() - sample.minutesAgo * 60);
+        insertEvent({sample.code, sample.user, sample.detail},
+                    getTime() - sample.minutesAgo * std::int64_t{60});
     }
 }
 

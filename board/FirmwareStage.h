@@ -13,7 +13,7 @@ namespace ORVLib::Board {
 /// daemon's user only, and lives no longer than the daemon.
 class FirmwareStage {
 public:
-    static constexpr std::size_t MAX_SIZE = 96 * 1024 * 1024;
+    static constexpr std::size_t MAX_SIZE = std::size_t{96} * 1024 * 1024;
 
     /// Removes what a daemon that was killed left at `path`.
     explicit FirmwareStage(std::string path);

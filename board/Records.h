@@ -15,27 +15,27 @@ struct Field {
     enum class Kind { TEXT, NUMBER, WORD, FLAGS, ADDRESS, DAY, TIME, ZONE };
 
     Kind kind;
-    int lowest;         ///< of a number, or of a text's length
-    int highest;        ///< likewise
+    int lowest;   ///< of a number, or of a text's length
+    int highest;  ///< likewise
+    bool mayBeEmpty;
     const char* words;  ///< between bars
-    bool mayBeEmpty = false;
 };
 
 /// Printable ASCII of so many characters.
 constexpr Field text(int shortest, int longest) {
-    return {Field::Kind::TEXT, shortest, longest, ""};
+    return {Field::Kind::TEXT, shortest, longest, false, ""};
 }
 /// A decimal number without leading zeros.
 constexpr Field number(int lowest, int highest) {
-    return {Field::Kind::NUMBER, lowest, highest, ""};
+    return {Field::Kind::NUMBER, lowest, highest, false, ""};
 }
 /// One of several words: "on|off".
 constexpr Field word(const char* words) {
-    return {Field::Kind::WORD, 0, 0, words};
+    return {Field::Kind::WORD, 0, 0, false, words};
 }
 /// So many characters '0' or '1'.
 constexpr Field flags(int count) {
-    return {Field::Kind::FLAGS, count, count, ""};
+    return {Field::Kind::FLAGS, count, count, false, ""};
 }
 constexpr Field orEmpty(Field field) {
     field.mayBeEmpty = true;
@@ -44,11 +44,11 @@ constexpr Field orEmpty(Field field) {
 
 constexpr Field FLAG = flags(1);
 constexpr Field PORT = number(1, 65535);
-constexpr Field ADDRESS = {Field::Kind::ADDRESS, 0, 0, ""};  ///< dotted IPv4
+constexpr Field ADDRESS = {Field::Kind::ADDRESS, 0, 0, false, ""};  ///< dotted IPv4
 constexpr Field MASK_BITS = number(1, 32);
-constexpr Field DAY = {Field::Kind::DAY, 0, 0, ""};    ///< "YYYY-MM-DD"
-constexpr Field TIME = {Field::Kind::TIME, 0, 0, ""};  ///< "HH:MM"
-constexpr Field ZONE = {Field::Kind::ZONE, 0, 0, ""};  ///< "+HH:MM" or "-HH:MM"
+constexpr Field DAY = {Field::Kind::DAY, 0, 0, false, ""};    ///< "YYYY-MM-DD"
+constexpr Field TIME = {Field::Kind::TIME, 0, 0, false, ""};  ///< "HH:MM"
+constexpr Field ZONE = {Field::Kind::ZONE, 0, 0, false, ""};  ///< "+HH:MM" or "-HH:MM"
 
 bool isFit(const Field& field, const std::string& text);
 
