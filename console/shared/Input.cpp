@@ -9,6 +9,7 @@
 #include "gui/HiddenField.h"
 #include "gui/IPAddrMaskField.h"
 #include "gui/MessageMgr.h"
+#include "gui/PortNumberField.h"
 #include "gui/RadioButton.h"
 #include "gui/SelectMenu.h"
 #include "gui/TextString.h"
@@ -57,16 +58,6 @@ std::string labelText(const std::string& label) {
     return text;
 }
 
-bool hasCharacterReference(const std::string& text) {
-    for (std::size_t at = text.find("&#"); at != std::string::npos; at = text.find("&#", at + 2)) {
-        const std::size_t end = text.find_first_not_of("0123456789", at + 2);
-        if (end != std::string::npos && end > at + 2 && text[end] == ';') {
-            return true;
-        }
-    }
-    return false;
-}
-
 std::string withoutLeadingZeros(const std::string& digits) {
     const std::size_t first = digits.find_first_not_of('0');
     return first == std::string::npos ? "0" : digits.substr(first);
@@ -80,6 +71,25 @@ int readSmallNumber(const std::string& text, int tooMany) {
 }
 
 }  // namespace
+
+bool hasCharacterReference(const std::string& text) {
+    constexpr char START[] = "&#";
+    std::size_t at = text.find(START);
+    while (at != std::string::npos) {
+        const std::size_t digits = at + 2;
+        const std::size_t end = text.find_first_not_of("0123456789", digits);
+        if (end != std::string::npos && end > digits && text[end] == ';') {
+            return true;
+        }
+        at = text.find(START, digits);
+    }
+    return false;
+}
+
+bool TextInput::isError() const {
+    return m_field->isError() ||
+           (m_field->isCheckCharacters() && hasCharacterReference(m_field->getValue()));
+}
 
 void TextInput::submit(const FormInfo& form) {
     setText(submitted(form, getName()));
@@ -99,10 +109,6 @@ void TextInput::printCarried() const {
 AsciiInput::AsciiInput(const std::string& name, int maxLength, bool allowEmpty)
     : TextInput(std::make_unique<TextField>(name, "", FORM_NAME, std::min(maxLength, WIDEST_BOX),
                                             maxLength, nullptr, false, true, allowEmpty, true)) {}
-
-bool AsciiInput::isError() const {
-    return TextInput::isError() || hasCharacterReference(getText());
-}
 
 NumberInput::NumberInput(const std::string& name, int lowest, int highest)
     : TextInput(std::make_unique<TextField>(name, "", FORM_NAME,
@@ -127,6 +133,15 @@ void ShownInput::print() const {
     std::cout << "<span class=\"value\">";
     TextString(m_text).printHTML();
     std::cout << "</span>";
+}
+
+PortInput::PortInput(const std::string& name, bool allowEmpty)
+    : TextInput(std::make_unique<PortNumberField>(name, "", FORM_NAME, 6, 5, nullptr, true,
+                                                  allowEmpty)) {}
+
+std::string PortInput::getText() const {
+    const std::string typed = TextInput::getText();
+    return typed.empty() ? typed : withoutLeadingZeros(typed);
 }
 
 PasswordInput::PasswordInput(const std::string& name, int maxLength)
@@ -375,6 +390,13 @@ void RadioInput::print() const {
                     &option == chosen(), false);
     }
     buttons.printHTML();
+}
+
+void ChosenInput::print() const {
+    std::cout << "<span class=\"value\">";
+    TextString(getShownText()).printHTML();
+    std::cout << "</span>";
+    printCarried();
 }
 
 void ChecksInput::addBox(const std::string& label) {

@@ -12,6 +12,11 @@
 
 namespace Console {
 
+/// True for a text with a character reference in decimal. A browser sends one for a character that
+/// the page's character set lacks, such as Japanese ones typed into an English page; so a text of
+/// ASCII characters only is not always what its user typed.
+bool hasCharacterReference(const std::string& text);
+
 /// An input of a settings page: components of the library, and the text that stands for what is
 /// in them where the board keeps it.
 ///
@@ -61,14 +66,15 @@ private:
 /// A text input of any kind.
 class TextInput : public Input {
 public:
-    /// `field` is printed and checked as it is.
+    /// `field` is printed and checked as it is; one that checks its characters takes no character
+    /// references either.
     explicit TextInput(std::unique_ptr<ORVLib::Gui::TextField> field)
         : Input(field->getName()), m_field(std::move(field)) {}
 
     void setText(const std::string& text) override { m_field->setValue(text); }
     std::string getText() const override { return m_field->getValue(); }
     void submit(const ORVLib::Gui::FormInfo& form) override;
-    bool isError() const override { return m_field->isError(); }
+    bool isError() const override;
     void print() const override;
     void printCarried() const override;
 
@@ -80,10 +86,6 @@ private:
 class AsciiInput : public TextInput {
 public:
     AsciiInput(const std::string& name, int maxLength, bool allowEmpty);
-
-    /// Refuses "&#26481;" too: so a browser sends a character that the page's character set does
-    /// not have.
-    bool isError() const override;
 };
 
 /// A decimal number. It counts without leading zeros.
@@ -114,6 +116,14 @@ public:
 
 private:
     std::string m_text;
+};
+
+/// A port number, the well-known ones included. It counts without leading zeros.
+class PortInput : public TextInput {
+public:
+    explicit PortInput(const std::string& name, bool allowEmpty = false);
+
+    std::string getText() const override;
 };
 
 /// A password: never printed and never carried on.
@@ -253,6 +263,14 @@ public:
 class RadioInput : public ChoiceInput {
 public:
     explicit RadioInput(const std::string& name) : ChoiceInput(name) {}
+    void print() const override;
+    bool isGroup() const override { return true; }
+};
+
+/// A choice made already: shown and carried on, with nothing for the user to change.
+class ChosenInput : public ChoiceInput {
+public:
+    explicit ChosenInput(const std::string& name) : ChoiceInput(name) {}
     void print() const override;
     bool isGroup() const override { return true; }
 };

@@ -33,9 +33,18 @@ void InputList::submit(const FormInfo& form) {
     }
 }
 
-void InputList::check() {
+void InputList::check(const std::function<bool(const Input&)>& isNeeded) {
     for (Entry& entry : m_entries) {
-        entry.wrong = entry.input->isError();
+        entry.needed = isNeeded(*entry.input);
+        entry.wrong = entry.needed && entry.input->isError();
+    }
+}
+
+void InputList::emptyUnneeded() {
+    for (Entry& entry : m_entries) {
+        if (!entry.needed) {
+            entry.input->setText("");
+        }
     }
 }
 
@@ -90,13 +99,14 @@ void InputList::printInputs(MessageMgr& messages) const {
 void InputList::printValues() const {
     for (const Entry& entry : m_entries) {
         printHeading(entry.heading);
-        std::cout << "<p class=\"entry\"><span class=\"label\">";
-        makeSentence(entry.label)->printHTML();
-        std::cout << "</span> <span class=\"value\">";
-        TextString(entry.input->getShownText()).printHTML();
-        std::cout << "</span>";
+        if (entry.needed) {
+            std::cout << "<p class=\"entry\"><span class=\"label\">";
+            makeSentence(entry.label)->printHTML();
+            std::cout << "</span> <span class=\"value\">";
+            TextString(entry.input->getShownText()).printHTML();
+            std::cout << "</span></p>\n";
+        }
         entry.input->printCarried();
-        std::cout << "</p>\n";
     }
 }
 

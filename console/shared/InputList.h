@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -29,8 +30,15 @@ public:
     /// Takes what the user sent.
     void submit(const ORVLib::Gui::FormInfo& form);
 
-    /// Marks those that are wrong as they are, and no others.
-    void check();
+    /// Marks those that are wrong as they are, and no others. An input that is not needed, given
+    /// what the user sent in the others, plays no part: it is neither checked nor shown among the
+    /// values.
+    void check(const std::function<bool(const Input&)>& isNeeded = [](const Input&) {
+        return true;
+    });
+
+    /// Empties the inputs that were found not to be needed.
+    void emptyUnneeded();
 
     /// Marks an input as wrong, beside its hint or another one. REQUIRES: it was added.
     void mark(const Input& input);
@@ -52,6 +60,7 @@ private:
         std::string label;
         Text hint;
         std::unique_ptr<Input> input;
+        bool needed = true;
         bool wrong = false;
     };
 

@@ -57,6 +57,11 @@ void SettingsPage::refuse(Text reason) {
     m_refused = true;
 }
 
+void SettingsPage::setReturnPath(const std::string& path) {
+    m_returnPath = path;
+    HTMLMapUtil::insertIntoMap(getMap(), BACK_FIELD, makeLink(path, text(TEXT_BACK)));
+}
+
 void SettingsPage::makeDispPage() {
     if (m_step == Step::EDIT_AGAIN) {
         m_inputs.submit(m_context.form);
@@ -77,6 +82,7 @@ void SettingsPage::makeDispPage() {
 void SettingsPage::makeConfigPage() {
     m_inputs.submit(m_context.form);
     if (areInputsValid()) {
+        m_inputs.emptyUnneeded();
         apply();
     }
     if (m_inputs.isAnyMarked() || m_refused) {
@@ -87,7 +93,7 @@ void SettingsPage::makeConfigPage() {
 }
 
 bool SettingsPage::areInputsValid() {
-    m_inputs.check();
+    m_inputs.check([this](const Input& input) { return isNeeded(input); });
     checkInputs();
     return !m_inputs.isAnyMarked();
 }

@@ -42,6 +42,10 @@ protected:
     /// be wrong, and throws what ends in the error page.
     virtual void apply() = 0;
 
+    /// False for an input that plays no part, given what the user sent in the others. It is neither
+    /// checked nor shown to be confirmed, and empty when the others are applied.
+    virtual bool isNeeded(const Input&) const { return true; }
+
     /// Marks inputs that are wrong in a way they cannot tell themselves.
     virtual void checkInputs() {}
 
@@ -84,7 +88,10 @@ protected:
 
     /// The operator message of the completion page, and where its button leads.
     void setCompletion(int messageId) { m_completion = messageId; }
-    void setReturnPath(const std::string& path) { m_returnPath = path; }
+
+    /// Where the completion page's button leads, and a link beside the form's: the page that this
+    /// one was opened from. Without it the button leads to the page itself.
+    void setReturnPath(const std::string& path);
 
     /// What the button that applies is called.
     void setApplyLabel(Text label) { m_applyLabel = label; }

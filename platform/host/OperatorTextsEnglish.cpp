@@ -45,6 +45,8 @@ constexpr Text TEXTS[] = {
     {1502, "Firmware was installed: version %s."},
     {1503, "The installation of firmware has failed: version %s."},
     {1601, "The maintenance mode was changed: %s."},
+    {200, "The row has been added to the access control list."},
+    {201, "The row has been removed from the access control list."},
 };
 
 }  // namespace
