@@ -40,10 +40,10 @@ class Menu(BrowserCase):
                         self.walk(function, name)
 
     def walk(self, function, name):
-        self.browser.driver.switch_to.default_content()
         self.browser.enter("MENU_FRAME")
-        link = self.browser.one(f'.menu a[href$="={function}"]')
-        self.browser.leave(link.click)
+        self.browser.one(f'.menu a[href$="={function}"]').click()
+        self.browser.driver.switch_to.default_content()
+        self.browser.wait(lambda driver: driver.current_url.endswith(f"={function}"))
         self.browser.enter("CONT_FRAME")
         self.assertEqual(self.browser.one("h1").text.replace("\xa0", " "), name)
         self.browser.enter("MENU_FRAME")
