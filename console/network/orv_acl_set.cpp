@@ -34,10 +34,6 @@ std::string listPath() {
     return ORVGUIUtil::getCGIPath(Console::FUNCTION_ACCESS_LIST);
 }
 
-std::string pathOf(const char* operation) {
-    return listPath() + '?' + OPERATION + '=' + operation;
-}
-
 /// An address and its mask bits; a row's text has a slash between them.
 struct Row {
     std::string address;
@@ -47,18 +43,12 @@ struct Row {
 };
 
 std::vector<Row> readList(CGIRequester& requester) {
+    std::vector<Row> list;
     const Console::Record record = Console::readRecord(requester, Console::ITEM_ACCESS_LIST);
-    Console::RecordReader reader(record);
-    std::vector<Row> rows;
-    while (!reader.isAtEnd()) {
-        Row row{reader.next(), ""};
-        if (row.address.empty()) {
-            break;  // a list without rows
-        }
-        row.maskBits = reader.next();
-        rows.push_back(row);
+    for (const auto& row : Console::rowsOf(record, 2)) {
+        list.push_back({row[0], row[1]});
     }
-    return rows;
+    return list;
 }
 
 Console::Component makeList(const Console::PageContext& context) {
@@ -71,17 +61,17 @@ Console::Component makeList(const Console::PageContext& context) {
         std::vector<Console::Component> cells;
         cells.push_back(Console::makeText(row.address));
         cells.push_back(Console::makeText(row.maskBits));
-        cells.push_back(Console::makeLink(pathOf(REMOVE) + "&amp;" + ROW + '=' + row.getText(),
-                                          text(Console::TEXT_REMOVE)));
+        cells.push_back(Console::makeLink(
+            Console::addressWith(listPath(), {{OPERATION, REMOVE}, {ROW, row.getText()}}),
+            text(Console::TEXT_REMOVE)));
         table->addRow(std::move(cells));
     }
-    auto content = std::make_unique<Console::Sequence>();
-    content->add(std::move(table));
-    content->add(Console::makeLink(pathOf(ADD), text(Console::TEXT_ADD_ACCESS)));
     auto list = std::make_unique<Console::SkeletonPart>("skeleton_list.txt");
     list->putText("title", text(Console::TEXT_ACCESS_LIST));
     list->putSentence("purpose", text(Console::TEXT_ACCESS_LIST_PURPOSE));
-    list->put("content", std::move(content));
+    list->put("tabs", Console::makeLink(Console::addressWith(listPath(), {{OPERATION, ADD}}),
+                                        text(Console::TEXT_ADD_ACCESS)));
+    list->put("content", std::move(table));
     return list;
 }
 

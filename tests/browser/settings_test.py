@@ -14,6 +14,14 @@ JAPANESE_TEXT = "日本語<b>\"設定\""
 USERS = sorted({page.user for page in PAGES})
 
 
+def as_sent(value):
+    """What comes back of a value: an English page has no Japanese characters, so that its browser
+    sends references."""
+    if isinstance(value, str):
+        return value.encode("latin-1", "xmlcharrefreplace").decode("latin-1")
+    return value
+
+
 class Settings(BrowserCase):
     def for_each_page(self, check):
         """Opens every page, its user logged in."""
@@ -58,8 +66,7 @@ class Settings(BrowserCase):
                 self.browser.press("submit")
                 self.assertNotEqual(self.browser.one(".wrong .err_string").text.strip(), "")
                 self.assertEqual(self.browser.all("[name=back]"), [])
-                self.assertIn(self.browser.value(name),
-                              (value, value.encode("latin-1", "xmlcharrefreplace").decode("latin-1")))
+                self.assertEqual(self.browser.value(name), as_sent(value))
                 self.browser.open(page.path)
                 self.assertEqual(self.values(page), before)
 
