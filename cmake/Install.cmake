@@ -1,0 +1,54 @@
+# What `cmake --install` lays down, in components:
+#
+#   Runtime      the libraries
+#   Development  headers, link names, orvgui.pc, the CMake package, mkcatalogue
+#   Console      the sample console at its fixed paths: pages, skeletons, catalogues
+#   Board        orvboardd and boardctl
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+# Installed programs find the library without the loader's configuration.
+set(CMAKE_INSTALL_RPATH ${CMAKE_INSTALL_FULL_LIBDIR})
+
+# Pages installed from a build with its own site would be laid over those it serves.
+if(ORVGUI_SITE_ROOT STREQUAL ORVGUI_STAGE)
+    install(CODE [[
+        if("$ENV{DESTDIR}" STREQUAL "")
+            message(FATAL_ERROR "This build serves its site from its own folder: "
+                                "install the preset release, or set DESTDIR")
+        endif()]] ALL_COMPONENTS)
+endif()
+
+function(orvgui_install_library target)
+    install(TARGETS ${target} EXPORT orvgui
+        LIBRARY COMPONENT Runtime NAMELINK_COMPONENT Development)
+endfunction()
+
+# The platform's part of a page's link line: the host's own library, or what the board build names,
+# each a path, an option of the linker or a bare library name.
+set(platform_flags)
+set(platform_libraries)
+if(ORVGUI_PLATFORM_INCLUDE)
+    set(platform_flags "-I${ORVGUI_PLATFORM_INCLUDE}")
+    foreach(library IN LISTS ORVGUI_PLATFORM_LIBRARIES)
+        if(library MATCHES "^[-/]")
+            string(APPEND platform_libraries " ${library}")
+        else()
+            string(APPEND platform_libraries " -l${library}")
+        endif()
+    endforeach()
+else()
+    set(platform_libraries " -lorvplatform")
+endif()
+cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX
+    BASE_DIRECTORY ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig OUTPUT_VARIABLE prefix_from_pc)
+configure_file(cmake/orvgui.pc.in orvgui.pc @ONLY)
+write_basic_package_version_file(orvguiConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+
+set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/orvgui)
+install(FILES ${CMAKE_BINARY_DIR}/orvgui.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+        COMPONENT Development)
+install(FILES ${CMAKE_BINARY_DIR}/orvguiConfigVersion.cmake DESTINATION ${package_folder}
+        COMPONENT Development)
+install(EXPORT orvgui FILE orvguiConfig.cmake NAMESPACE orvgui:: DESTINATION ${package_folder}
+        COMPONENT Development)
