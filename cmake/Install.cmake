@@ -8,7 +8,9 @@ include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 # Installed programs find the library without the loader's configuration.
-set(CMAKE_INSTALL_RPATH ${CMAKE_INSTALL_FULL_LIBDIR})
+if(NOT CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+    set(CMAKE_INSTALL_RPATH ${CMAKE_INSTALL_FULL_LIBDIR})
+endif()
 
 # Pages installed from a build with its own site would be laid over those it serves.
 if(ORVGUI_SITE_ROOT STREQUAL ORVGUI_STAGE)
@@ -27,19 +29,13 @@ endfunction()
 # The platform's part of a page's link line: the host's own library, or what the board build names,
 # each a path, an option of the linker or a bare library name.
 set(platform_flags)
-set(platform_libraries)
+set(platform_libraries orvplatform)
 if(ORVGUI_PLATFORM_INCLUDE)
-    set(platform_flags "-I${ORVGUI_PLATFORM_INCLUDE}")
-    foreach(library IN LISTS ORVGUI_PLATFORM_LIBRARIES)
-        if(library MATCHES "^[-/]")
-            string(APPEND platform_libraries " ${library}")
-        else()
-            string(APPEND platform_libraries " -l${library}")
-        endif()
-    endforeach()
-else()
-    set(platform_libraries " -lorvplatform")
+    set(platform_flags -I${ORVGUI_PLATFORM_INCLUDE})
+    set(platform_libraries ${ORVGUI_PLATFORM_LIBRARIES})
 endif()
+list(TRANSFORM platform_libraries PREPEND "-l" REGEX "^[^-/]" OUTPUT_VARIABLE platform_words)
+list(JOIN platform_words " " platform_words)
 cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX
     BASE_DIRECTORY ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig OUTPUT_VARIABLE prefix_from_pc)
 configure_file(cmake/orvgui.pc.in orvgui.pc @ONLY)
@@ -52,3 +48,21 @@ install(FILES ${CMAKE_BINARY_DIR}/orvguiConfigVersion.cmake DESTINATION ${packag
         COMPONENT Development)
 install(EXPORT orvgui FILE orvguiConfig.cmake NAMESPACE orvgui:: DESTINATION ${package_folder}
         COMPONENT Development)
+
+# For the scripts that look at what a build made, with the tools of its own machine.
+file(CONFIGURE OUTPUT build_tools.json CONTENT [[{
+    "cxx": "@CMAKE_CXX_COMPILER@",
+    "nm": "@CMAKE_NM@",
+    "readelf": "@CMAKE_READELF@",
+    "strip": "@CMAKE_STRIP@",
+    "platform": "@platform_libraries@",
+    "emulator": "@CMAKE_CROSSCOMPILING_EMULATOR@",
+    "machine": "@CMAKE_SYSTEM_PROCESSOR@",
+    "compiler": "@CMAKE_CXX_COMPILER_ID@ @CMAKE_CXX_COMPILER_VERSION@",
+    "version": "@PROJECT_VERSION@",
+    "toolchain": "@CMAKE_TOOLCHAIN_FILE@",
+    "site": "@ORVGUI_SITE_ROOT@",
+    "prefix": "@CMAKE_INSTALL_PREFIX@",
+    "libdir": "@CMAKE_INSTALL_LIBDIR@"
+}
+]] @ONLY)
