@@ -22,8 +22,7 @@ COMPONENTS = {
     "Runtime": [f"{LIBDIR}/liborvgui.so.1", f"{LIBDIR}/liborvplatform.so.1"],
     "Development": [f"{PREFIX}/include/gui/AbstractMain.h", f"{PREFIX}/include/orv/PException.h",
                     f"{LIBDIR}/liborvgui.so", f"{LIBDIR}/liborvplatform.so",
-                    f"{LIBDIR}/pkgconfig/orvgui.pc", f"{LIBDIR}/cmake/orvgui/orvguiConfig.cmake",
-                    f"{PREFIX}/bin/mkcatalogue"],
+                    f"{LIBDIR}/pkgconfig/orvgui.pc", f"{LIBDIR}/cmake/orvgui/orvguiConfig.cmake"],
     "Console": [f"{SITE}/etc/orv/trace/cgistr.out", f"{SITE}/etc/orv/trace/cgistrj.out",
                 f"{SITE}/usr/local/www/skel/skeleton_top.txt",
                 f"{SITE}/usr/local/www/htdocs/common/login.cgi",
@@ -31,6 +30,8 @@ COMPONENTS = {
                 f"{SITE}/usr/local/www/htdocs/default.css"],
     "Board": [f"{PREFIX}/bin/orvboardd", f"{PREFIX}/bin/boardctl"],
 }
+if not BUILD.settings["emulator"]:
+    COMPONENTS["Development"].append(f"{PREFIX}/bin/mkcatalogue")
 
 CMAKE_PROJECT = """\
 cmake_minimum_required(VERSION 3.22)
