@@ -5,10 +5,14 @@ set(ORVGUI_STAGE_SKELETONS ${ORVGUI_STAGE}/usr/local/www/skel)
 set(ORVGUI_STAGE_PAGES ${ORVGUI_STAGE}/usr/local/www/htdocs)
 set(ORVGUI_STAGE_CATALOGUES ${ORVGUI_STAGE}/etc/orv/trace)
 
+# Where it is installed: where the library looks for it, whatever the prefix is.
+set(ORVGUI_PAGES ${ORVGUI_SITE_ROOT}/usr/local/www/htdocs)
+set(ORVGUI_CATALOGUES ${ORVGUI_SITE_ROOT}/etc/orv/trace)
+
 # Where the back-end daemon's socket lies.
 file(MAKE_DIRECTORY ${ORVGUI_STAGE}/var/run)
 
-# Lays FILES of the source tree into FOLDER of the site whenever they change.
+# Lays FILES of the source tree into FOLDER of the site whenever they change, and installs them.
 function(orvgui_stage target folder)
     set(staged)
     foreach(file IN LISTS ARGN)
@@ -21,4 +25,6 @@ function(orvgui_stage target folder)
         list(APPEND staged ${folder}/${name})
     endforeach()
     add_custom_target(${target} ALL DEPENDS ${staged})
+    cmake_path(RELATIVE_PATH folder BASE_DIRECTORY ${ORVGUI_STAGE} OUTPUT_VARIABLE below)
+    install(FILES ${ARGN} DESTINATION ${ORVGUI_SITE_ROOT}/${below} COMPONENT Console)
 endfunction()

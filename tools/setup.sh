@@ -2,7 +2,7 @@
 
 BUILD_PACKAGES="cmake g++ libc-bin libcrypt-dev libsqlite3-dev lighttpd ninja-build nettle-dev
     python3 util-linux"
-TEST_PACKAGES="clang-format clang-tidy libgtest-dev"
+TEST_PACKAGES="binutils clang-format clang-tidy libgtest-dev pkg-config"
 BROWSER_PACKAGES="chromium chromium-driver fonts-dejavu-core fonts-ipafont-gothic python3-selenium"
 
 fail() {

@@ -29,7 +29,7 @@ public:
 
     /// Calls `function`(`arguments`) when a box gets the focus. Nothing is escaped; use single
     /// quotes in it.
-    void setOnFocusFunction(const std::string& function, const std::string& arguments);
+    void setOnFocusFunction(std::string function, std::string arguments);
 
     const std::string& getYear() const { return m_year; }
     void setYear(const std::string& year) { m_year = year; }

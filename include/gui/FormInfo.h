@@ -103,7 +103,7 @@ private:
     void readPostData(int length);
     unsigned int readToBuffer(const char* from, const char* to);
     void readUrlEncoded(unsigned int length, unsigned int buffered);
-    void tokenize(const char* text, std::size_t length);
+    void tokenize(std::string_view rest);
     static void decode(std::string& text);
     bool isBodyRead() const;
 

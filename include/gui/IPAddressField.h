@@ -39,7 +39,7 @@ public:
 
     /// Calls `function`(`arguments`) when a box gets the focus. Nothing is escaped; use single
     /// quotes in it.
-    void setOnFocusFunction(const std::string& function, const std::string& arguments);
+    void setOnFocusFunction(std::string function, std::string arguments);
 
     const int* getDisplayMode() const { return m_displayMode; }
     void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }

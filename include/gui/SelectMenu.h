@@ -32,8 +32,8 @@ public:
 
     /// Calls `function`(`arguments`) when the selection changes, or on a click. Nothing is
     /// escaped; use single quotes in it.
-    void setOnChangeFunction(const std::string& function, const std::string& arguments);
-    void setOnClickFunction(const std::string& function, const std::string& arguments);
+    void setOnChangeFunction(std::string function, std::string arguments);
+    void setOnClickFunction(std::string function, std::string arguments);
 
     const int* getDisplayMode() const { return m_displayMode; }
     void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }

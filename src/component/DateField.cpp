@@ -35,7 +35,7 @@ void DateField::checkDate() {
                      Numbers::readInt(m_day.c_str())));
 }
 
-void DateField::setOnFocusFunction(const std::string& function, const std::string& arguments) {
+void DateField::setOnFocusFunction(std::string function, std::string arguments) {
     m_onFocus = callAttribute("onFocus", function, arguments);
 }
 

@@ -30,7 +30,7 @@ void IPAddressField::setAddress(const unsigned char* address) {
     }
 }
 
-void IPAddressField::setOnFocusFunction(const std::string& function, const std::string& arguments) {
+void IPAddressField::setOnFocusFunction(std::string function, std::string arguments) {
     m_onFocus = callAttribute("onFocus", function, arguments);
 }
 

@@ -19,11 +19,11 @@ void SelectMenu::select(int index) {
     }
 }
 
-void SelectMenu::setOnChangeFunction(const std::string& function, const std::string& arguments) {
+void SelectMenu::setOnChangeFunction(std::string function, std::string arguments) {
     m_onChange = callAttribute("onChange", function, arguments);
 }
 
-void SelectMenu::setOnClickFunction(const std::string& function, const std::string& arguments) {
+void SelectMenu::setOnClickFunction(std::string function, std::string arguments) {
     m_onClick = callAttribute("onClick", function, arguments);
 }
 

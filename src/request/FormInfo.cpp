@@ -74,7 +74,7 @@ FormInfo::FormInfo() {
     setURLInfo();
     if (!isPostMethod()) {
         if (const char* const query = std::getenv("QUERY_STRING")) {
-            tokenize(query, std::strlen(query));
+            tokenize(query);
         }
         return;
     }
@@ -227,11 +227,10 @@ void FormInfo::readUrlEncoded(unsigned int length, unsigned int buffered) {
         m_bytesRead = length;
         text = whole.get();
     }
-    tokenize(text, strnlen(text, length));
+    tokenize({text, strnlen(text, length)});
 }
 
-void FormInfo::tokenize(const char* text, std::size_t length) {
-    std::string_view rest(text, length);
+void FormInfo::tokenize(std::string_view rest) {
     std::string_view pair;
     while (takeToken(rest, '&', pair)) {
         std::string_view nameToken;

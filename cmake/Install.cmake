@@ -1,0 +1,68 @@
+# What `cmake --install` lays down, in components:
+#
+#   Runtime      the libraries
+#   Development  headers, link names, orvgui.pc, the CMake package, mkcatalogue
+#   Console      the sample console at its fixed paths: pages, skeletons, catalogues
+#   Board        orvboardd and boardctl
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+# Installed programs find the library without the loader's configuration.
+if(NOT CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+    set(CMAKE_INSTALL_RPATH ${CMAKE_INSTALL_FULL_LIBDIR})
+endif()
+
+# Pages installed from a build with its own site would be laid over those it serves.
+if(ORVGUI_SITE_ROOT STREQUAL ORVGUI_STAGE)
+    install(CODE [[
+        if("$ENV{DESTDIR}" STREQUAL "")
+            message(FATAL_ERROR "This build serves its site from its own folder: "
+                                "install the preset release, or set DESTDIR")
+        endif()]] ALL_COMPONENTS)
+endif()
+
+function(orvgui_install_library target)
+    install(TARGETS ${target} EXPORT orvgui
+        LIBRARY COMPONENT Runtime NAMELINK_COMPONENT Development)
+endfunction()
+
+# The platform's part of a page's link line: the host's own library, or what the board build names,
+# each a path, an option of the linker or a bare library name.
+set(platform_flags)
+set(platform_libraries orvplatform)
+if(ORVGUI_PLATFORM_INCLUDE)
+    set(platform_flags -I${ORVGUI_PLATFORM_INCLUDE})
+    set(platform_libraries ${ORVGUI_PLATFORM_LIBRARIES})
+endif()
+list(TRANSFORM platform_libraries PREPEND "-l" REGEX "^[^-/]" OUTPUT_VARIABLE platform_words)
+list(JOIN platform_words " " platform_words)
+cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX
+    BASE_DIRECTORY ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig OUTPUT_VARIABLE prefix_from_pc)
+configure_file(cmake/orvgui.pc.in orvgui.pc @ONLY)
+write_basic_package_version_file(orvguiConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+
+set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/orvgui)
+install(FILES ${CMAKE_BINARY_DIR}/orvgui.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+        COMPONENT Development)
+install(FILES ${CMAKE_BINARY_DIR}/orvguiConfigVersion.cmake DESTINATION ${package_folder}
+        COMPONENT Development)
+install(EXPORT orvgui FILE orvguiConfig.cmake NAMESPACE orvgui:: DESTINATION ${package_folder}
+        COMPONENT Development)
+
+# For the scripts that look at what a build made, with the tools of its own machine.
+file(CONFIGURE OUTPUT build_tools.json CONTENT [[{
+    "cxx": "@CMAKE_CXX_COMPILER@",
+    "nm": "@CMAKE_NM@",
+    "readelf": "@CMAKE_READELF@",
+    "strip": "@CMAKE_STRIP@",
+    "platform": "@platform_libraries@",
+    "emulator": "@CMAKE_CROSSCOMPILING_EMULATOR@",
+    "machine": "@CMAKE_SYSTEM_PROCESSOR@",
+    "compiler": "@CMAKE_CXX_COMPILER_ID@ @CMAKE_CXX_COMPILER_VERSION@",
+    "version": "@PROJECT_VERSION@",
+    "toolchain": "@CMAKE_TOOLCHAIN_FILE@",
+    "site": "@ORVGUI_SITE_ROOT@",
+    "prefix": "@CMAKE_INSTALL_PREFIX@",
+    "libdir": "@CMAKE_INSTALL_LIBDIR@"
+}
+]] @ONLY)

@@ -1,0 +1,119 @@
+"""What `cmake --install` lays down, used from outside this tree.
+
+CONSOLE_BUILD names the build folder.
+"""
+
+import os
+import pathlib
+import subprocess
+import tempfile
+import unittest
+
+from build_folder import BuildFolder
+
+TREE = pathlib.Path(__file__).resolve().parent.parent.parent
+BUILD = BuildFolder(os.environ["CONSOLE_BUILD"])
+SITE = BUILD.settings["site"]
+PREFIX = BUILD.settings["prefix"]
+LIBDIR = f"{PREFIX}/{BUILD.settings['libdir']}"
+
+# One file at least of every kind that a component brings.
+COMPONENTS = {
+    "Runtime": [f"{LIBDIR}/liborvgui.so.1", f"{LIBDIR}/liborvplatform.so.1"],
+    "Development": [f"{PREFIX}/include/gui/AbstractMain.h", f"{PREFIX}/include/orv/PException.h",
+                    f"{LIBDIR}/liborvgui.so", f"{LIBDIR}/liborvplatform.so",
+                    f"{LIBDIR}/pkgconfig/orvgui.pc", f"{LIBDIR}/cmake/orvgui/orvguiConfig.cmake"],
+    "Console": [f"{SITE}/etc/orv/trace/cgistr.out", f"{SITE}/etc/orv/trace/cgistrj.out",
+                f"{SITE}/usr/local/www/skel/skeleton_top.txt",
+                f"{SITE}/usr/local/www/htdocs/common/login.cgi",
+                f"{SITE}/usr/local/www/htdocs/images/fan_64x64.gif",
+                f"{SITE}/usr/local/www/htdocs/default.css"],
+    "Board": [f"{PREFIX}/bin/orvboardd", f"{PREFIX}/bin/boardctl"],
+}
+if not BUILD.settings["emulator"]:
+    COMPONENTS["Development"].append(f"{PREFIX}/bin/mkcatalogue")
+
+CMAKE_PROJECT = """\
+cmake_minimum_required(VERSION 3.22)
+project(outside LANGUAGES CXX)
+find_package(orvgui 1.0 REQUIRED)
+add_executable(page page.cpp)
+target_link_libraries(page PRIVATE orvgui::orvgui)
+"""
+
+SKELETON = b"Content-Type: text/html; charset=$destination$\r\n\r\n<p>Hello, $body$!</p>\n$none$"
+PAGE = (b"Content-Type: text/html; charset=iso-8859-1\r\n\r\n"
+        b"<p>Hello, &lt;you&gt;&nbsp;&amp;&nbsp;me!</p>\n")
+
+
+def run(*words, **environment):
+    done = subprocess.run([*map(str, words)], env={**os.environ, **environment},
+                          stdin=subprocess.DEVNULL, capture_output=True, check=False, timeout=300)
+    if done.returncode != 0:
+        raise AssertionError(f"{words}: {(done.stdout + done.stderr).decode(errors='replace')}")
+    return done
+
+
+def install(stage, *options):
+    run("cmake", "--install", BUILD.folder, *options, DESTDIR=str(stage))
+    return {str(file)[len(str(stage)):] for file in stage.rglob("*") if not file.is_dir()}
+
+
+class Install(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.work = pathlib.Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
+        cls.stage = cls.work / "stage"
+        cls.installed = install(cls.stage)
+        cls.outside = cls.work / "outside"
+        cls.outside.mkdir()
+        (cls.outside / "page.cpp").write_bytes((TREE / "tools/smallest_page.cpp").read_bytes())
+        (cls.outside / "skeleton.txt").write_bytes(SKELETON)
+
+    def test_components_share_everything_out(self):
+        together = []
+        for component, expected in COMPONENTS.items():
+            with self.subTest(component):
+                files = install(self.work / component, "--component", component)
+                self.assertLessEqual(set(expected), files)
+                together += files
+        self.assertEqual(sorted(together), sorted(self.installed))
+
+    def test_every_header_is_usable(self):
+        include = pathlib.Path(f"{self.stage}{PREFIX}/include")
+        headers = sorted(header.relative_to(include) for header in include.glob("*/*.h"))
+        expected = [header for folder in (TREE / "include/gui", TREE / "platform/include/orv")
+                    for header in folder.glob("*.h")]
+        self.assertEqual(len(headers), len(expected))
+        source = self.outside / "headers.cpp"
+        source.write_text("".join(f'#include "{header}"\n' for header in headers))
+        run(BUILD.settings["cxx"], "-std=c++17", "-fsyntax-only", f"-I{include}", source)
+
+    def test_page_by_pkg_config(self):
+        flags = run("pkg-config", "--cflags", "--libs", "orvgui",
+                    PKG_CONFIG_LIBDIR=f"{self.stage}{LIBDIR}/pkgconfig")
+        page = self.outside / "page"
+        run(BUILD.settings["cxx"], "-std=c++17", self.outside / "page.cpp",
+            "-o", page, *flags.stdout.decode().split())
+        self.ask(page)
+
+    def test_page_by_find_package(self):
+        (self.outside / "CMakeLists.txt").write_text(CMAKE_PROJECT)
+        built = self.work / "built"
+        toolchain = BUILD.settings["toolchain"]
+        run("cmake", "-S", self.outside, "-B", built, f"-Dorvgui_DIR={self.stage}{LIBDIR}/cmake/orvgui",
+            f"-DCMAKE_CXX_COMPILER={BUILD.settings['cxx']}",
+            *([f"-DCMAKE_TOOLCHAIN_FILE={toolchain}"] if toolchain else []))
+        run("cmake", "--build", built)
+        self.ask(built / "page")
+
+    def ask(self, page):
+        """Runs a page as the web server does, from where its libraries are staged."""
+        answer = run(*BUILD.command(page, self.outside / "skeleton.txt"), REQUEST_METHOD="GET",
+                     QUERY_STRING="who=%3Cyou%3E+%26+me", LD_LIBRARY_PATH=f"{self.stage}{LIBDIR}")
+        self.assertEqual(answer.stdout, PAGE)
+        self.assertIn(b"printed", answer.stderr)
+
+
+if __name__ == "__main__":
+    unittest.main()
