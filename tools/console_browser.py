@@ -3,6 +3,7 @@
 import contextlib
 
 from selenium import webdriver
+from selenium.common.exceptions import WebDriverException
 from selenium.webdriver.chrome.service import Service
 from selenium.webdriver.common.by import By
 from selenium.webdriver.support import expected_conditions
@@ -14,6 +15,15 @@ WAIT_SECONDS = 30
 OPTIONS = ("--headless=new", "--no-sandbox", "--disable-gpu", "--disable-dev-shm-usage",
            "--disable-quic", "--no-first-run", "--disable-background-networking",
            "--disable-component-update", "--disable-sync", "--hide-scrollbars")
+
+
+def is_gone(element):
+    """True for an element of a page that was left. Chromium has more than one error for that."""
+    try:
+        element.is_enabled()
+    except WebDriverException:
+        return True
+    return False
 
 
 class ConsoleBrowser(contextlib.AbstractContextManager):
@@ -103,7 +113,7 @@ class ConsoleBrowser(contextlib.AbstractContextManager):
         """Does something that leads to another page, and waits for that."""
         page = self.one("html")
         action()
-        self.wait(expected_conditions.staleness_of(page))
+        self.wait(lambda _: is_gone(page))
         self.wait(lambda driver: driver.execute_script("return document.readyState") == "complete")
 
     def complaints(self):

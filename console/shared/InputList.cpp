@@ -103,7 +103,8 @@ void InputList::printValues() const {
             std::cout << "<p class=\"entry\"><span class=\"label\">";
             makeSentence(entry.label)->printHTML();
             std::cout << "</span> <span class=\"value\">";
-            TextString(entry.input->getShownText()).printHTML();
+            const std::string shown = entry.input->getShownText();
+            TextString(shown.empty() ? "-" : shown).printHTML();
             std::cout << "</span></p>\n";
         }
         entry.input->printCarried();

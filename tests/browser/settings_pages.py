@@ -33,7 +33,7 @@ PAGES = (
                  (("device2", "network"), ("retries", "x")), user="operator"),
     SettingsPage("/network/orv_time_set.cgi",
                  {"source": "manual", "date0": "2030", "date1": "02", "date2": "28",
-                  "time0": "23", "time1": "05", "zone": "+09:00"},
+                  "time0": "23", "zone": "+09:00"},
                  (("date2", "30"), ("date0", "2038"), ("time0", "24"), ("time2", ""),
                   ("source", "servers"))),
     SettingsPage("/network/orv_ip_set.cgi",
