@@ -1,6 +1,6 @@
 """Drives orvboardd over its socket, with the wire format written out here.
 
-ORVBOARDD names the program.
+ORVBOARDD names the program, EMULATOR the words before it when it is for another machine.
 """
 
 import os
@@ -72,7 +72,8 @@ class BoardTest(unittest.TestCase):
             resource.setrlimit(resource.RLIMIT_FSIZE, (limit, limit))
 
         return subprocess.Popen(
-            [os.environ["ORVBOARDD"], "--state", self.state, "--socket", self.path, *options],
+            [*os.environ["EMULATOR"].split(), os.environ["ORVBOARDD"],
+             "--state", self.state, "--socket", self.path, *options],
             stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
             preexec_fn=restrict if limit else None)
 
