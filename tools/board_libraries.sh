@@ -44,7 +44,7 @@ fetch() {
 
 build_sqlite3() {
     make -f main.mk TOP=. BCC=gcc TCC="gcc -I." NAWK=awk sqlite3.c
-    $TARGET-gcc -O2 -fPIC -c sqlite3.c
+    $TARGET-gcc -O2 -fPIC -D_FILE_OFFSET_BITS=64 -D_TIME_BITS=64 -c sqlite3.c
     mkdir -p "$ROOT/usr/lib" "$ROOT/usr/include"
     $TARGET-ar rcs "$ROOT/usr/lib/libsqlite3.a" sqlite3.o
     cp sqlite3.h "$ROOT/usr/include"
