@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Builds for the board what Debian packages only for other machines: SQLite, libcrypt and nettle, from
-# Debian's source packages, as static libraries below build/board-libraries/root. What is there from
-# an earlier run is kept.
+# Builds for the board what Debian packages only for other machines (SQLite, libcrypt and nettle),
+# from Debian's source packages, as static libraries below build/board-libraries/root. What is there
+# from an earlier run is kept.
 set -eu
 cd "$(dirname "$0")/.."
 

@@ -96,7 +96,7 @@ class Machine:
         self._short.cleanup()
 
     def run_page(self, path, environment, body):
-        """Returns the process ID, output and log of a page, and what it exchanged with the daemon."""
+        """Returns a page's process ID, output, log and exchanges with the daemon."""
         run = self.root / "var/run"
         with Recorder(run / "orvboardd.sock", run / "daemon.sock") as recorder:
             page = subprocess.Popen(

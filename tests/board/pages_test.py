@@ -61,7 +61,7 @@ WITH_A_STALE_SESSION = (
     ("time-out", REFRESH, None, b"/common/timeout.cgi"),
     ("time-out page", "/common/timeout.cgi", None, b"session has ended"),
 )
-# Procedures whose telegrams must have been seen: language, log-in, session, a setting and its change.
+# Telegrams that must have been seen: language, log-in, session, a setting and its change.
 RECORDED = {"02010001", "02010002", "02010005", "02010027", "02018027"}
 
 
