@@ -4,17 +4,15 @@
 
 #include "Password.h"
 #include "Protocol.h"
-#include "orv/GeneralPurposePacket.h"
-#include "orv/PartitionOperatorInfo.h"
+#include "SampleBoard.h"
 
 namespace ORVLib::Board {
 
 namespace {
 
 constexpr int APPLICATION_ID = 0x4f525642;
-constexpr int SCHEMA_VERSION = 1;
+constexpr int SCHEMA_VERSION = 2;
 constexpr int KEPT_EVENTS = 10000;
-constexpr int SHOWN_EVENTS = 200;
 
 constexpr const char* SCHEMA = R"(
     CREATE TABLE users (
@@ -23,60 +21,44 @@ constexpr const char* SCHEMA = R"(
         roles INTEGER NOT NULL,
         partitions INTEGER NOT NULL,
         language INTEGER NOT NULL,
-        refresh_interval INTEGER NOT NULL) STRICT;
+        refresh_interval INTEGER NOT NULL,
+        event_filter BLOB NOT NULL) STRICT;
     CREATE TABLE items (
         id INTEGER PRIMARY KEY,
         content BLOB NOT NULL) STRICT;
     CREATE TABLE sessions (
         id TEXT PRIMARY KEY,
         user TEXT NOT NULL REFERENCES users (name),
+        address TEXT NOT NULL,
+        login_time INTEGER NOT NULL,
         last_use INTEGER NOT NULL) STRICT;
     CREATE TABLE events (
         number INTEGER PRIMARY KEY AUTOINCREMENT,
         time INTEGER NOT NULL,
+        severity INTEGER NOT NULL,
+        code INTEGER NOT NULL,
         user TEXT NOT NULL,
-        text TEXT NOT NULL) STRICT;
+        detail TEXT NOT NULL) STRICT;
     PRAGMA application_id = 0x4f525642;
-    PRAGMA user_version = 1;
+    PRAGMA user_version = 2;
 )";
-
-struct SampleUser {
-    const char* name;
-    const char* password;
-    std::uint32_t roles;
-    std::uint32_t partitions;
-    unsigned char language;
-    std::uint32_t refreshInterval;
-};
-
-constexpr std::uint32_t PARTITIONS_0_AND_3 = 1U << 0 | 1U << 3;
-
-// clang-format off
-constexpr SampleUser SAMPLE_USERS[] = {
-    // name      password         role                        partitions         language refresh
-    {"admin",    "admin-pass",    ROLE_SYSTEM_ADMINISTRATOR,  0,                  1,      60},
-    {"operator", "operator-pass", ROLE_OPERATOR,              0,                  0,      30},
-    {"staff",    "staff-pass",    ROLE_TECHNICAL_STAFF,       0,                  1,       0},
-    {"guest",    "guest-pass",    ROLE_GUEST,                 0,                  1,       0},
-    {"part",     "part-pass",     0,                          PARTITIONS_0_AND_3, 1,       0},
-};
-// clang-format on
-
-constexpr std::uint32_t DEFAULT_HTTPS_PORT = 443;
-constexpr std::uint32_t ENGLISH = 1;
-constexpr std::size_t MAINTENANCE_MODE_SIZE = 34;
-
-std::string noMaintenancePermission() {
-    ORVUi::GeneralPurposePacket packet;
-    packet.addComponent(std::make_unique<ORVUi::PrimitiveTypeWrapper<long>>());
-    std::string bytes(packet.getSerializedSize(), '\0');
-    packet.getSerialized(reinterpret_cast<unsigned char*>(bytes.data()),
-                         static_cast<unsigned int>(bytes.size()));
-    return bytes;
-}
 
 std::int64_t toSeconds(std::chrono::system_clock::time_point time) {
     return std::chrono::duration_cast<std::chrono::seconds>(time.time_since_epoch()).count();
+}
+
+std::chrono::system_clock::time_point toTime(std::int64_t seconds) {
+    return std::chrono::system_clock::time_point(std::chrono::seconds(seconds));
+}
+
+User readUser(const Query& query) {
+    return User{query.getBytes(0),
+                query.getBytes(1),
+                Authority{static_cast<std::uint32_t>(query.getNumber(2)),
+                          static_cast<std::uint32_t>(query.getNumber(3))},
+                static_cast<unsigned char>(query.getNumber(4)),
+                static_cast<std::uint32_t>(query.getNumber(5)),
+                query.getBytes(6)};
 }
 
 // What an administrator can do about it.
@@ -92,6 +74,9 @@ std::string explain(const DatabaseError& error) {
         case SQLITE_CANTOPEN:
         case SQLITE_PERM:
             return "cannot be opened for writing; check the rights of the file and its folder";
+        case SQLITE_MISMATCH:
+            return "belongs to another program or version; move it away or choose another --state"
+                   " file";
         default:
             return std::string("cannot be used: ") + error.what();
     }
@@ -122,7 +107,7 @@ void BoardState::checkFile() {
     const bool isNew = schema.getNumber(0) == 0 && application.getNumber(0) == 0;
     if (!isNew &&
         (application.getNumber(0) != APPLICATION_ID || version.getNumber(0) != SCHEMA_VERSION)) {
-        throw DatabaseError("it belongs to another program or version", SQLITE_MISMATCH);
+        throw DatabaseError("of another program or version", SQLITE_MISMATCH);
     }
     Query check = m_database.query("PRAGMA quick_check(1)");
     if (!check.step() || check.getBytes(0) != "ok") {
@@ -133,71 +118,75 @@ void BoardState::checkFile() {
 void BoardState::makeNew() {
     m_database.execute(SCHEMA);
     for (const SampleUser& sample : SAMPLE_USERS) {
-        insertUser({sample.name, hashPassword(sample.password),
-                    Authority{sample.roles, sample.partitions}, sample.language,
-                    sample.refreshInterval});
+        replaceUser({sample.name, hashPassword(sample.password),
+                     Authority{sample.roles, sample.partitions}, sample.language,
+                     sample.refreshInterval, ""});
     }
-    replaceItem(ITEM_DEFAULT_LANGUAGE, formatNumber(ENGLISH));
-    replaceItem(ITEM_HTTPS_PORT, formatNumber(DEFAULT_HTTPS_PORT));
-    replaceItem(ITEM_MAINTENANCE_MODE, std::string(MAINTENANCE_MODE_SIZE, '\0'));
-    replaceItem(ITEM_MAINTENANCE_PERMISSION, noMaintenancePermission());
+    for (const auto& [id, content] : getSampleItems()) {
+        replaceItem(id, content);
+    }
+    for (const SampleEvent& sample : SAMPLE_EVENTS) {
+        insertEvent({sample.code, sample.user, sample.detail},
+                    getTime() - sample.minutesAgo * std::int64_t{60});
+    }
 }
 
-void BoardState::insertUser(const User& user) {
-    m_database.query("INSERT INTO users VALUES (?, ?, ?, ?, ?, ?)")
+void BoardState::replaceUser(const User& user) {
+    m_database
+        .query(
+            "INSERT INTO users VALUES (?, ?, ?, ?, ?, ?, ?) ON CONFLICT (name) DO UPDATE SET"
+            " password = excluded.password, roles = excluded.roles,"
+            " partitions = excluded.partitions, language = excluded.language,"
+            " refresh_interval = excluded.refresh_interval, event_filter = excluded.event_filter")
         .bind(user.name)
         .bind(user.passwordHash)
         .bind(user.authority.roles)
         .bind(user.authority.partitions)
         .bind(user.language)
         .bind(user.refreshInterval)
+        .bindBlob(user.eventFilter)
         .run();
 }
 
 std::optional<User> BoardState::findUser(const std::string& name) {
     Query query = m_database.query(
-        "SELECT password, roles, partitions, language, refresh_interval FROM users"
-        " WHERE name = ?");
-    if (!query.bind(name).step()) {
-        return std::nullopt;
+        "SELECT name, password, roles, partitions, language, refresh_interval, event_filter"
+        " FROM users WHERE name = ?");
+    return query.bind(name).step() ? std::optional<User>(readUser(query)) : std::nullopt;
+}
+
+std::vector<User> BoardState::readUsers() {
+    std::vector<User> users;
+    Query query = m_database.query(
+        "SELECT name, password, roles, partitions, language, refresh_interval, event_filter"
+        " FROM users ORDER BY name");
+    while (query.step()) {
+        users.push_back(readUser(query));
     }
-    return User{name, query.getBytes(0),
-                Authority{static_cast<std::uint32_t>(query.getNumber(1)),
-                          static_cast<std::uint32_t>(query.getNumber(2))},
-                static_cast<unsigned char>(query.getNumber(3)),
-                static_cast<std::uint32_t>(query.getNumber(4))};
+    return users;
 }
 
-void BoardState::setLanguage(const std::string& user, unsigned char language, const Event& event) {
+void BoardState::storeUser(const User& user, const Event& event) {
     Transaction transaction(m_database);
-    m_database.query("UPDATE users SET language = ? WHERE name = ?")
-        .bind(language)
-        .bind(user)
-        .run();
-    insertEvent(event);
+    replaceUser(user);
+    insertEvent(event, getTime());
     transaction.commit();
 }
 
-void BoardState::setRefreshInterval(const std::string& user, std::uint32_t seconds,
-                                    const Event& event) {
+void BoardState::changePassword(const User& user, const std::string& keptSession,
+                                const Event& event) {
     Transaction transaction(m_database);
-    m_database.query("UPDATE users SET refresh_interval = ? WHERE name = ?")
-        .bind(seconds)
-        .bind(user)
-        .run();
-    insertEvent(event);
+    replaceUser(user);
+    deleteSessions(user.name, keptSession);
+    insertEvent(event, getTime());
     transaction.commit();
 }
 
-void BoardState::setPasswordHash(const std::string& user, const std::string& hash,
-                                 const std::string& keptSession, const Event& event) {
+void BoardState::removeUser(const std::string& name, const Event& event) {
     Transaction transaction(m_database);
-    m_database.query("UPDATE users SET password = ? WHERE name = ?").bind(hash).bind(user).run();
-    m_database.query("DELETE FROM sessions WHERE user = ? AND id <> ?")
-        .bind(user)
-        .bind(keptSession)
-        .run();
-    insertEvent(event);
+    deleteSessions(name, "");
+    m_database.query("DELETE FROM users WHERE name = ?").bind(name).run();
+    insertEvent(event, getTime());
     transaction.commit();
 }
 
@@ -210,9 +199,17 @@ std::optional<std::string> BoardState::readItem(std::uint32_t id) {
 }
 
 void BoardState::writeItem(std::uint32_t id, const std::string& content, const Event& event) {
+    writeItems({{id, content}}, {event});
+}
+
+void BoardState::writeItems(const StoredItems& contents, const std::vector<Event>& events) {
     Transaction transaction(m_database);
-    replaceItem(id, content);
-    insertEvent(event);
+    for (const auto& [id, content] : contents) {
+        replaceItem(id, content);
+    }
+    for (const Event& event : events) {
+        insertEvent(event, getTime());
+    }
     transaction.commit();
 }
 
@@ -222,37 +219,47 @@ void BoardState::replaceItem(std::uint32_t id, const std::string& content) {
 
 std::vector<StoredSession> BoardState::readSessions() {
     std::vector<StoredSession> sessions;
-    Query query = m_database.query("SELECT id, user, last_use FROM sessions");
+    Query query = m_database.query("SELECT id, user, address, login_time, last_use FROM sessions");
     const std::int64_t now = toSeconds(std::chrono::system_clock::now());
     while (query.step()) {
         // A clock that was set back since must not make a session last longer.
-        const std::chrono::seconds lastUse(std::clamp<std::int64_t>(query.getNumber(2), 0, now));
-        sessions.push_back(
-            {query.getBytes(0), query.getBytes(1), std::chrono::system_clock::time_point(lastUse)});
+        const std::int64_t lastUse = std::clamp<std::int64_t>(query.getNumber(4), 0, now);
+        const std::int64_t loginTime = std::clamp<std::int64_t>(query.getNumber(3), 0, lastUse);
+        sessions.push_back({query.getBytes(0), query.getBytes(1), query.getBytes(2),
+                            toTime(loginTime), toTime(lastUse)});
     }
     return sessions;
 }
 
 void BoardState::addSession(const StoredSession& session, const Event& event) {
     Transaction transaction(m_database);
-    m_database.query("INSERT INTO sessions VALUES (?, ?, ?)")
+    m_database.query("INSERT INTO sessions VALUES (?, ?, ?, ?, ?)")
         .bind(session.id)
         .bind(session.user)
+        .bind(session.address)
+        .bind(toSeconds(session.loginTime))
         .bind(toSeconds(session.lastUse))
         .run();
-    insertEvent(event);
+    insertEvent(event, getTime());
     transaction.commit();
 }
 
 void BoardState::removeSession(const std::string& id, const Event& event) {
     Transaction transaction(m_database);
     deleteSession(id);
-    insertEvent(event);
+    insertEvent(event, getTime());
     transaction.commit();
 }
 
 void BoardState::deleteSession(const std::string& id) {
     m_database.query("DELETE FROM sessions WHERE id = ?").bind(id).run();
+}
+
+void BoardState::deleteSessions(const std::string& user, const std::string& keptSession) {
+    m_database.query("DELETE FROM sessions WHERE user = ? AND id <> ?")
+        .bind(user)
+        .bind(keptSession)
+        .run();
 }
 
 void BoardState::updateSessions(const std::vector<StoredSession>& used,
@@ -272,30 +279,46 @@ void BoardState::updateSessions(const std::vector<StoredSession>& used,
 
 void BoardState::logEvent(const Event& event) {
     Transaction transaction(m_database);
-    insertEvent(event);
+    insertEvent(event, getTime());
     transaction.commit();
 }
 
-void BoardState::insertEvent(const Event& event) {
-    m_database.query("INSERT INTO events (time, user, text) VALUES (unixepoch(), ?, ?)")
+void BoardState::insertEvent(const Event& event, std::int64_t time) {
+    m_database
+        .query("INSERT INTO events (time, severity, code, user, detail) VALUES (?, ?, ?, ?, ?)")
+        .bind(time)
+        .bind(static_cast<int>(getSeverity(event.code)))
+        .bind(static_cast<int>(event.code))
         .bind(event.user)
-        .bind(event.text)
+        .bind(event.detail)
         .run();
     m_database.query("DELETE FROM events WHERE number <= last_insert_rowid() - ?")
         .bind(KEPT_EVENTS)
         .run();
 }
 
-std::string BoardState::readEvents() {
-    std::string lines;
+std::vector<StoredEvent> BoardState::readEvents(const EventQuery& wanted) {
+    std::vector<StoredEvent> events;
     Query query = m_database.query(
-        "SELECT datetime(time, 'unixepoch') || ' ' || user || ' ' || text FROM events"
+        "SELECT number, time, code, user, detail FROM events"
+        " WHERE number < ? AND severity >= ? AND ? IN (0, code / 100) AND time >= ? AND time < ?"
         " ORDER BY number DESC LIMIT ?");
-    query.bind(SHOWN_EVENTS);
+    query.bind(wanted.before)
+        .bind(static_cast<int>(wanted.severity))
+        .bind(wanted.source)
+        .bind(wanted.from)
+        .bind(wanted.until)
+        .bind(wanted.count);
     while (query.step()) {
-        lines += query.getBytes(0) + '\n';
+        events.push_back({query.getNumber(0), query.getNumber(1),
+                          static_cast<EventCode>(query.getNumber(2)), query.getBytes(3),
+                          query.getBytes(4)});
     }
-    return lines;
+    return events;
+}
+
+std::int64_t BoardState::toBoardTime(StoredSession::Time time) const {
+    return toSeconds(time) + m_timeOffset;
 }
 
 }  // namespace ORVLib::Board

@@ -2,11 +2,13 @@
 
 #include <chrono>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "Database.h"
+#include "Event.h"
 #include "Telegram.h"
 
 namespace ORVLib::Board {
@@ -17,41 +19,46 @@ struct User {
     Authority authority;
     unsigned char language = 0;
     std::uint32_t refreshInterval = 0;  ///< seconds, 0 for none
+    std::string eventFilter;            ///< a record; empty until the user sets one
 };
 
 /// A session as it is kept for the daemon's next start.
 struct StoredSession {
+    using Time = std::chrono::system_clock::time_point;
+
     std::string id;
     std::string user;
-    std::chrono::system_clock::time_point lastUse;
+    std::string address;
+    Time loginTime;
+    Time lastUse;
 };
 
-/// A line of the event log.
-struct Event {
-    std::string user;
-    std::string text;
-};
+/// Items by their IDs.
+using StoredItems = std::map<std::uint32_t, std::string>;
 
 /// Everything the board keeps: users, information items, sessions and the event log.
 ///
-/// An operation that changes something and the event that tells of it are stored together, and
+/// An operation that changes something and the events that tell of it are stored together, and
 /// are there after a crash once the operation has returned. Failures are DatabaseErrors.
 class BoardState {
 public:
-    /// Opens the file, or makes one with the sample users and settings. Throws
-    /// std::runtime_error, with a line for the administrator, for a file that cannot be used;
-    /// such a file is left as it is.
+    /// Opens the file, or makes that of the sample board. Throws std::runtime_error, with a line
+    /// for the administrator, for a file that cannot be used; such a file is left as it is.
     explicit BoardState(const std::string& path);
 
     std::optional<User> findUser(const std::string& name);
-    void setLanguage(const std::string& user, unsigned char language, const Event& event);
-    void setRefreshInterval(const std::string& user, std::uint32_t seconds, const Event& event);
-    /// Ends all of the user's sessions but `keptSession` too.
-    void setPasswordHash(const std::string& user, const std::string& hash,
-                         const std::string& keptSession, const Event& event);
+    /// All users, in the order of their names.
+    std::vector<User> readUsers();
+    /// Adds the user, or replaces what is known of the one with this name.
+    void storeUser(const User& user, const Event& event);
+    /// As storeUser(), and ends all of the user's sessions but `keptSession`.
+    void changePassword(const User& user, const std::string& keptSession, const Event& event);
+    /// Ends the user's sessions too.
+    void removeUser(const std::string& name, const Event& event);
 
     std::optional<std::string> readItem(std::uint32_t id);
     void writeItem(std::uint32_t id, const std::string& content, const Event& event);
+    void writeItems(const StoredItems& contents, const std::vector<Event>& events);
 
     std::vector<StoredSession> readSessions();
     void addSession(const StoredSession& session, const Event& event);
@@ -61,18 +68,25 @@ public:
                         const std::vector<std::string>& ended);
 
     void logEvent(const Event& event);
-    /// The newest events, a line each with time, user and text, newest first.
-    std::string readEvents();
+    std::vector<StoredEvent> readEvents(const EventQuery& query);
+
+    /// The board's clock: seconds since 1970, UTC, ahead of the machine's clock by the offset.
+    std::int64_t getTime() const { return toBoardTime(std::chrono::system_clock::now()); }
+    std::int64_t toBoardTime(StoredSession::Time time) const;
+    std::int64_t getTimeOffset() const { return m_timeOffset; }
+    void setTimeOffset(std::int64_t seconds) { m_timeOffset = seconds; }
 
 private:
     void checkFile();
     void makeNew();
-    void insertUser(const User& user);
-    void insertEvent(const Event& event);
+    void replaceUser(const User& user);
+    void insertEvent(const Event& event, std::int64_t time);
     void replaceItem(std::uint32_t id, const std::string& content);
     void deleteSession(const std::string& id);
+    void deleteSessions(const std::string& user, const std::string& keptSession);
 
     Database m_database;
+    std::int64_t m_timeOffset = 0;
 };
 
 }  // namespace ORVLib::Board

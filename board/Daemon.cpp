@@ -9,6 +9,8 @@
 #include <system_error>
 #include <vector>
 
+#include "BoardClock.h"
+#include "Firmware.h"
 #include "Protocol.h"
 #include "orv/OrvTrace.h"
 
@@ -20,6 +22,8 @@ constexpr std::size_t MAX_CLIENTS = 128;
 // So few at a time that everybody is listened to several times before being the oldest.
 constexpr std::size_t ACCEPT_BATCH = 16;
 constexpr std::chrono::seconds ACCEPT_PAUSE{1};
+
+const char* const STAGE_SUFFIX = ".firmware";
 
 // The entries of poll() before those of the clients.
 enum { SIGNALS, SERVER, PASSWORDS, FIRST_CLIENT };
@@ -49,24 +53,31 @@ Daemon::Daemon(const Options& options)
       m_server(options.socket),
       m_state(options.state),
       m_sessions(m_state, options.sessionTimeout),
-      m_requests(m_state, m_sessions),
+      m_stage(options.state + STAGE_SUFFIX),
+      m_installation(m_state),
+      m_requests(getParts()),
       m_nextStore(Clock::now() + Sessions::STORE_INTERVAL),
-      m_nextAccept(Clock::now()) {}
+      m_nextAccept(Clock::now()) {
+    BoardClock::start(m_state);
+    m_installation.noteInterruption();
+}
 
 void Daemon::run() {
     while (!m_stopped) {
         waitAndServe();
         expireClients();
         m_clients.remove_if([](const Client& client) { return !client.isOpen(); });
+        finishInstallation();
         if (Clock::now() >= m_nextStore) {
             storeSessions();
+            Firmware::dropOrphan(getParts());
         }
     }
     storeSessions();
 }
 
 int Daemon::getWaitMs() const {
-    Clock::time_point next = m_nextStore;
+    Clock::time_point next = std::min(m_nextStore, m_installation.getDeadline());
     if (m_nextAccept > Clock::now()) {
         next = std::min(next, m_nextAccept);
     }
@@ -207,6 +218,14 @@ void Daemon::expireClients() {
         if (client.isOpen() && client.getDeadline() <= now) {
             client.expire();
         }
+    }
+}
+
+void Daemon::finishInstallation() {
+    try {
+        m_installation.finish();
+    } catch (const DatabaseError& error) {
+        putLog(std::string("cannot store what was installed: ") + error.what());
     }
 }
 

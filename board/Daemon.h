@@ -7,6 +7,8 @@
 
 #include "BoardState.h"
 #include "Client.h"
+#include "FirmwareStage.h"
+#include "Installation.h"
 #include "IpcServer.h"
 #include "Options.h"
 #include "PasswordWorker.h"
@@ -41,8 +43,10 @@ private:
     void startPasswordCheck(Client& client);
     void finishPasswordChecks();
     void expireClients();
+    void finishInstallation();
     void storeSessions();
 
+    Parts getParts() { return {m_state, m_sessions, m_stage, m_installation}; }
     FaultKind getDamage(const Client& client) const;
 
     Faults m_faults;
@@ -51,6 +55,8 @@ private:
     ORVIpc::IpcServer m_server;
     BoardState m_state;
     Sessions m_sessions;
+    FirmwareStage m_stage;
+    Installation m_installation;
     Requests m_requests;
     PasswordWorker m_passwords;
     Clients m_clients;

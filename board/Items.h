@@ -4,6 +4,8 @@
 #include <string>
 
 #include "BoardState.h"
+#include "Call.h"
+#include "Sessions.h"
 
 namespace ORVLib::Board {
 
@@ -13,28 +15,32 @@ namespace ORVLib::Board {
 /// logged in, written by system administrators, and holds any bytes.
 class Items {
 public:
-    /// `state` must outlive this.
-    explicit Items(BoardState& state) : m_state(state) {}
+    /// The parts must outlive this.
+    explicit Items(const Parts& parts) : m_parts(parts) {}
 
     /// True for what pages need before anybody has logged in.
     static bool isPublic(std::uint32_t id);
 
-    /// `user` is null for a public item. Throws PException for what is not there or not
-    /// allowed.
-    std::string read(std::uint32_t id, const User* user);
+    /// True for an item whose content holds a password: it is written with that one's hash.
+    static bool holdsPassword(std::uint32_t id);
 
-    /// Throws PException for what is not allowed.
-    static void checkRead(std::uint32_t id, const User* user);
+    /// `caller` is null for a public item. Throws PException for what is not there or not allowed.
+    std::string read(std::uint32_t id, const Caller* caller);
 
     /// Throws PException for what is not allowed or not fit for the item.
-    static void checkWrite(std::uint32_t id, const std::string& content, const User& user);
+    void checkWrite(std::uint32_t id, const std::string& content, const Caller& caller);
 
-    /// As checkWrite(), and stores the content.
-    /// REQUIRES: `id` is not the password, which is changed with its sessions.
-    void write(std::uint32_t id, const std::string& content, const User& user);
+    /// As checkWrite(), and stores the content or does what it asks for.
+    void write(std::uint32_t id, const std::string& content, const Caller& caller,
+               const std::string& passwordHash = "");
+
+    /// Writes and reads what is there then; or asks, where the content is a question.
+    std::string exchange(std::uint32_t id, const std::string& content, const Caller& caller);
 
 private:
-    BoardState& m_state;
+    void requireAmong(unsigned int who, std::uint32_t id, const Caller* caller);
+
+    Parts m_parts;
 };
 
 }  // namespace ORVLib::Board

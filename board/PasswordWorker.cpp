@@ -17,7 +17,8 @@ namespace {
 constexpr std::size_t MAX_WAITING = 32;
 
 PasswordWorker::Result carryOut(const PasswordWorker::Job& job) {
-    PasswordWorker::Result result{job.ticket, matchesPassword(job.password, job.hash), ""};
+    const bool matches = !job.hash || matchesPassword(job.password, *job.hash);
+    PasswordWorker::Result result{job.ticket, matches, ""};
     if (result.matches && !job.newPassword.empty()) {
         try {
             result.newHash = hashPassword(job.newPassword);

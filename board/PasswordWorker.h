@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <deque>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -19,7 +20,7 @@ public:
     struct Job {
         std::uint64_t ticket;
         std::string password;
-        std::string hash;
+        std::optional<std::string> hash;  ///< what the password must match, if anything
         std::string newPassword;  ///< to be hashed when the password matches; empty for none
     };
 

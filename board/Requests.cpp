@@ -4,6 +4,7 @@
 
 #include "Password.h"
 #include "Protocol.h"
+#include "Users.h"
 #include "orv/OrvTrace.h"
 
 namespace ORVLib::Board {
@@ -29,7 +30,7 @@ std::string readText(const std::string& record, std::size_t offset, std::size_t 
     return text;
 }
 
-// What a person typed must not be able to forge a line of the event log.
+// What a person typed must not be able to forge a field of the event log.
 std::string printable(std::string text) {
     for (char& character : text) {
         if (character < ' ' || character > '~') {
@@ -79,8 +80,11 @@ Reply answered(const Step& step) {
 
 }  // namespace
 
-Requests::Requests(BoardState& state, Sessions& sessions)
-    : m_state(state), m_sessions(sessions), m_items(state), m_nobodysHash(hashPassword("nobody")) {}
+Requests::Requests(const Parts& parts)
+    : m_state(parts.state),
+      m_sessions(parts.sessions),
+      m_items(parts),
+      m_nobodysHash(hashPassword("nobody")) {}
 
 bool Requests::hasPayload(std::uint32_t type) {
     switch (type) {
@@ -112,12 +116,13 @@ Reply Requests::dispatch(const Request& request) {
 }
 
 bool Requests::isPasswordChecked(std::uint32_t type) {
-    return type == PROCEDURE_LOGIN || type == (ITEM_OWN_PASSWORD | ACCESS_WRITE);
+    return type == PROCEDURE_LOGIN ||
+           ((type & ACCESS_MASK) == ACCESS_WRITE && Items::holdsPassword(type & ~ACCESS_MASK));
 }
 
 Requests::PasswordCheck Requests::beginPasswordCheck(const Request& request) {
     try {
-        return request.type == PROCEDURE_LOGIN ? beginLogin(request) : beginPasswordChange(request);
+        return request.type == PROCEDURE_LOGIN ? beginLogin(request) : beginItemWrite(request);
     } catch (const std::exception& error) {
         throw failure(error);
     }
@@ -126,8 +131,9 @@ Requests::PasswordCheck Requests::beginPasswordCheck(const Request& request) {
 Reply Requests::endPasswordCheck(const Request& request, const PasswordCheck& check, bool matches,
                                  const std::string& newHash) {
     return answered([&] {
-        return request.type == PROCEDURE_LOGIN ? openSession(request, check, matches)
-                                               : changePassword(request, check, matches, newHash);
+        return request.type == PROCEDURE_LOGIN
+                   ? openSession(request, check, matches)
+                   : writeWithPassword(request, check, matches, newHash);
     });
 }
 
@@ -143,12 +149,15 @@ Requests::PasswordCheck Requests::beginLogin(const Request& request) {
     return login;
 }
 
-Requests::PasswordCheck Requests::beginPasswordChange(const Request& request) {
-    const User user = requireUser(request);
-    Items::checkWrite(ITEM_OWN_PASSWORD, request.payload, user);
+Requests::PasswordCheck Requests::beginItemWrite(const Request& request) {
+    const Caller caller = requireCaller(request);
+    m_items.checkWrite(request.type & ~ACCESS_MASK, request.payload, caller);
     PasswordCheck change;
-    change.user = user.name;
-    change.hash = user.passwordHash;
+    if (request.type != (ITEM_OWN_PASSWORD | ACCESS_WRITE)) {
+        change.newPassword = Users::getPassword(request.payload);
+        return change;
+    }
+    change.hash = caller.user.passwordHash;
     change.password = readText(request.payload, PasswordChange::OLD_OFFSET, NAME_SIZE);
     change.newPassword = readText(request.payload, PasswordChange::NEW_OFFSET, NAME_SIZE);
     if (change.newPassword.empty() || change.newPassword.size() > MAX_PASSWORD_SIZE) {
@@ -159,13 +168,14 @@ Requests::PasswordCheck Requests::beginPasswordChange(const Request& request) {
 
 Reply Requests::openSession(const Request& request, const PasswordCheck& login, bool matches) {
     const auto user = m_state.findUser(login.user);
-    const std::string from = " from " + printable(login.address);
+    const std::string address = printable(login.address);
     if (!user || !matches) {
-        m_state.logEvent({printable(login.user), "login refused" + from});
+        m_state.logEvent({EventCode::LOGIN_REFUSED, printable(login.user), address});
         throw boardError(ERROR_LOGIN_REFUSED, "wrong user name or password");
     }
     Telegram telegram = answerFor(*user, request);
-    telegram.sessionId = m_sessions.open(user->name, {user->name, "logged in" + from});
+    telegram.sessionId =
+        m_sessions.open(user->name, address, {EventCode::LOGGED_IN, user->name, address});
     return Reply::make(request.type, telegram);
 }
 
@@ -177,22 +187,22 @@ Reply Requests::getLanguage(const Request& request) {
 }
 
 Reply Requests::logout(const Request& request) {
-    const User user = requireUser(request);
-    m_sessions.close(request.telegram.sessionId, {user.name, "logged out"});
+    const User user = requireCaller(request).user;
+    m_sessions.close(request.telegram.sessionId, {EventCode::LOGGED_OUT, user.name, ""});
     return Reply::make(request.type, answerFor(user, request));
 }
 
 Reply Requests::checkSession(const Request& request) {
     requireSize(request, CHECK_OPTION_SIZE);
     const bool renew = request.payload.front() == '\0';
-    const User user = requireUser(request, renew);
+    const User user = requireCaller(request, renew).user;
     Reply reply = Reply::make(request.type, answerFor(user, request));
     reply.payload = formatNumber(user.refreshInterval);
     return reply;
 }
 
 Reply Requests::getUserInfo(const Request& request) {
-    const User user = requireUser(request);
+    const User user = requireCaller(request).user;
     Reply reply = Reply::make(request.type, answerFor(user, request));
     std::string name = user.name;
     name.resize(NAME_SIZE, '\0');
@@ -209,33 +219,29 @@ Reply Requests::accessItem(const Request& request) {
     if (access == ACCESS_READ && Items::isPublic(id)) {
         return readPublicItem(request);
     }
-    const User user = requireUser(request);
-    Reply reply = Reply::make(request.type, answerFor(user, request));
-    if (access == ACCESS_EXCHANGE) {
-        Items::checkRead(id, &user);
-    }
-    if (access != ACCESS_READ) {
-        m_items.write(id, request.payload, user);
-    }
-    if (access != ACCESS_WRITE) {
-        reply.payload = m_items.read(id, &user);
+    const Caller caller = requireCaller(request);
+    Reply reply = Reply::make(request.type, answerFor(caller.user, request));
+    if (access == ACCESS_WRITE) {
+        m_items.write(id, request.payload, caller);
+    } else {
+        reply.payload = access == ACCESS_READ ? m_items.read(id, &caller)
+                                              : m_items.exchange(id, request.payload, caller);
     }
     return reply;
 }
 
-Reply Requests::changePassword(const Request& request, const PasswordCheck& change, bool matches,
-                               const std::string& newHash) {
-    const User user = requireUser(request);  // the session may have ended meanwhile
+Reply Requests::writeWithPassword(const Request& request, const PasswordCheck& check, bool matches,
+                                  const std::string& newHash) {
+    const Caller caller = requireCaller(request);  // the session may have ended meanwhile
     if (!matches) {
-        m_state.logEvent({change.user, "password change refused"});
+        m_state.logEvent({EventCode::PASSWORD_CHANGE_REFUSED, caller.user.name, ""});
         throw boardError(ERROR_LOGIN_REFUSED, "wrong password");
     }
-    if (newHash.empty()) {
+    if (newHash.empty() && !check.newPassword.empty()) {
         throw boardError(ERROR_BOARD_FAILURE, "cannot hash the password", 0, ACTION_STATE);
     }
-    m_sessions.changePassword(change.user, newHash, request.telegram.sessionId,
-                              {change.user, "changed the password"});
-    return Reply::make(request.type, answerFor(user, request));
+    m_items.write(request.type & ~ACCESS_MASK, request.payload, caller, newHash);
+    return Reply::make(request.type, answerFor(caller.user, request));
 }
 
 Reply Requests::readPublicItem(const Request& request) {
@@ -244,13 +250,14 @@ Reply Requests::readPublicItem(const Request& request) {
     return reply;
 }
 
-User Requests::requireUser(const Request& request, bool renew) {
-    const auto name = m_sessions.find(request.telegram.sessionId, renew);
+Caller Requests::requireCaller(const Request& request, bool renew) {
+    const std::string& sessionId = request.telegram.sessionId;
+    const auto name = m_sessions.find(sessionId, renew);
     const auto user = name ? m_state.findUser(*name) : std::nullopt;
     if (!user) {
         throw boardError(ERROR_NO_SESSION, "the session is over or never was");
     }
-    return *user;
+    return {*user, sessionId};
 }
 
 }  // namespace ORVLib::Board

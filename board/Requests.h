@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "BoardState.h"
@@ -28,18 +29,18 @@ public:
     struct PasswordCheck {
         std::string user;
         std::string password;
-        std::string hash;         ///< what the password must match
-        std::string address;      ///< where a login comes from
-        std::string newPassword;  ///< what a password is changed to
+        std::optional<std::string> hash;  ///< what the password must match, if anything
+        std::string address;              ///< where a login comes from
+        std::string newPassword;          ///< what a password is changed to
     };
 
-    /// `state` and `sessions` must outlive this.
-    Requests(BoardState& state, Sessions& sessions);
+    /// The parts must outlive this.
+    explicit Requests(const Parts& parts);
 
     /// True when a payload follows the telegram of such a request.
     static bool hasPayload(std::uint32_t type);
 
-    /// True for a login and for a change of password.
+    /// True for a login and for the writing of an item with a password.
     static bool isPasswordChecked(std::uint32_t type);
 
     /// Carries out any other request. What goes wrong is in the reply.
@@ -62,12 +63,12 @@ private:
     Reply accessItem(const Request& request);
     Reply readPublicItem(const Request& request);
     PasswordCheck beginLogin(const Request& request);
-    PasswordCheck beginPasswordChange(const Request& request);
+    PasswordCheck beginItemWrite(const Request& request);
     Reply openSession(const Request& request, const PasswordCheck& login, bool matches);
-    Reply changePassword(const Request& request, const PasswordCheck& change, bool matches,
-                         const std::string& newHash);
+    Reply writeWithPassword(const Request& request, const PasswordCheck& check, bool matches,
+                            const std::string& newHash);
 
-    User requireUser(const Request& request, bool renew = true);
+    Caller requireCaller(const Request& request, bool renew = false);
 
     BoardState& m_state;
     Sessions& m_sessions;

@@ -44,16 +44,19 @@ Sessions::Sessions(BoardState& state, std::chrono::seconds timeout)
             m_ended.push_back(stored.id);
             continue;
         }
-        m_sessions[stored.id] = {
-            stored.user, Clock::now() - std::chrono::duration_cast<Clock::duration>(unused), false};
+        m_sessions[stored.id] = {stored.user, stored.address, stored.loginTime,
+                                 Clock::now() - std::chrono::duration_cast<Clock::duration>(unused),
+                                 false};
     }
 }
 
-std::string Sessions::open(const std::string& user, const Event& event) {
+std::string Sessions::open(const std::string& user, const std::string& address,
+                           const Event& event) {
     std::string id = randomId();
-    m_state.addSession({id, user, std::chrono::system_clock::now()}, event);
+    const auto now = std::chrono::system_clock::now();
+    m_state.addSession({id, user, address, now, now}, event);
     makeRoom(user);
-    m_sessions[id] = {user, Clock::now(), false};
+    m_sessions[id] = {user, address, now, Clock::now(), false};
     return id;
 }
 
@@ -92,13 +95,38 @@ void Sessions::close(const std::string& id, const Event& event) {
     m_sessions.erase(id);
 }
 
-void Sessions::changePassword(const std::string& user, const std::string& hash,
-                              const std::string& keptId, const Event& event) {
-    m_state.setPasswordHash(user, hash, keptId, event);
+void Sessions::changePassword(const User& user, const std::string& keptId, const Event& event) {
+    m_state.changePassword(user, keptId, event);
+    forget(user.name, keptId);
+}
+
+void Sessions::removeUser(const std::string& name, const Event& event) {
+    m_state.removeUser(name, event);
+    forget(name, "");
+}
+
+std::vector<StoredSession> Sessions::list() const {
+    std::vector<StoredSession> sessions;
+    for (const auto& [id, session] : m_sessions) {
+        if (!isOver(session)) {
+            sessions.push_back(describe(id, session));
+        }
+    }
+    return sessions;
+}
+
+void Sessions::forget(const std::string& user, const std::string& keptId) {
     for (auto at = m_sessions.begin(); at != m_sessions.end();) {
         const bool ends = at->second.user == user && at->first != keptId;
         at = ends ? m_sessions.erase(at) : std::next(at);
     }
+}
+
+StoredSession Sessions::describe(const std::string& id, const Session& session) {
+    const auto unused =
+        std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - session.lastUse);
+    return {id, session.user, session.address, session.loginTime,
+            std::chrono::system_clock::now() - unused};
 }
 
 void Sessions::store() {
@@ -113,9 +141,7 @@ void Sessions::store() {
     std::vector<StoredSession> used;
     for (const auto& [id, session] : m_sessions) {
         if (session.used) {
-            const auto unused =
-                std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - session.lastUse);
-            used.push_back({id, session.user, std::chrono::system_clock::now() - unused});
+            used.push_back(describe(id, session));
         }
     }
     if (used.empty() && m_ended.empty()) {

@@ -23,17 +23,22 @@ public:
     Sessions(BoardState& state, std::chrono::seconds timeout);
 
     /// Starts a session and returns its ID: 31 random characters.
-    std::string open(const std::string& user, const Event& event);
+    std::string open(const std::string& user, const std::string& address, const Event& event);
 
     /// The user of a session, which counts as used when `renew` is set; none when it is over.
     std::optional<std::string> find(const std::string& id, bool renew);
 
     void close(const std::string& id, const Event& event);
 
-    /// Gives a user a new password hash and ends all of the user's sessions but `keptId`: whoever
-    /// knew the old password is out.
-    void changePassword(const std::string& user, const std::string& hash, const std::string& keptId,
-                        const Event& event);
+    /// Stores a user with a new password hash and ends all of the user's sessions but `keptId`:
+    /// whoever knew the old password is out.
+    void changePassword(const User& user, const std::string& keptId, const Event& event);
+
+    /// Removes a user and ends the user's sessions.
+    void removeUser(const std::string& name, const Event& event);
+
+    /// The sessions that are not over.
+    std::vector<StoredSession> list() const;
 
     /// Stores what changed since the last time.
     void store();
@@ -43,6 +48,8 @@ private:
 
     struct Session {
         std::string user;
+        std::string address;
+        StoredSession::Time loginTime;
         Clock::time_point lastUse;
         bool used = false;  ///< since it was stored
     };
@@ -51,7 +58,9 @@ private:
     bool isOver(const Session& session) const {
         return Clock::now() - session.lastUse >= m_timeout;
     }
+    static StoredSession describe(const std::string& id, const Session& session);
     void makeRoom(const std::string& user);
+    void forget(const std::string& user, const std::string& keptId);
 
     BoardState& m_state;
     std::chrono::seconds m_timeout;

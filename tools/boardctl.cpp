@@ -10,6 +10,7 @@
 #include <iomanip>
 #include <iostream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "gui/BackendNumbers.h"
@@ -22,9 +23,20 @@ namespace {
 
 using ORVLib::Gui::CGIAuthority;
 using ORVLib::Gui::CGIRequester;
+using namespace std::string_view_literals;
 
 constexpr int EXIT_USAGE = 2;
 constexpr std::size_t LARGEST_PAYLOAD = 0xffff;
+
+// Items that are rows of texts.
+constexpr unsigned int ITEM_USERS = 0x0201003c;
+constexpr unsigned int ITEM_SESSIONS = 0x02010040;
+constexpr unsigned int ITEM_EVENTS = 0x02010099;
+
+// Of every severity, source and day, the newest 200.
+constexpr std::string_view ALL_EVENTS =
+    "info\0\0\0\0"
+    "200\0\0"sv;
 
 constexpr char USAGE[] =
     "usage: boardctl COMMAND\n"
@@ -35,6 +47,9 @@ constexpr char USAGE[] =
     "  user SID            the session's user: language and rights\n"
     "  get SID ID          an information item as hexadecimal bytes; ID as 0x02010073\n"
     "  set SID ID BYTES    write an item; BYTES in hexadecimal\n"
+    "  events SID          the newest events: number, time, severity, source, code, user, detail\n"
+    "  users SID           the users: name, role, partitions, language\n"
+    "  sessions SID        who is logged in: user, role, address, log-in time, last use\n"
     "  logout SID          end the session\n"
     "Exit status: 0 done; 1 the daemon refused or cannot be reached; 2 wrong usage.\n";
 
@@ -43,6 +58,9 @@ class UsageError {};
 /// The bytes of an item, whatever they mean.
 class RawItem : public ORVLib::SerializableObject {
 public:
+    RawItem() = default;
+    explicit RawItem(std::string_view bytes) : m_bytes(bytes.begin(), bytes.end()) {}
+
     unsigned int getSerialized(unsigned char* buffer, unsigned int size) const override {
         if (size < m_bytes.size()) {
             return 0;
@@ -143,6 +161,18 @@ std::vector<unsigned char> hexBytes(const std::string& text) {
     return bytes;
 }
 
+/// Prints rows of texts, each of which a NUL byte ends, a line a row.
+void printRows(const RawItem& item, std::size_t columns) {
+    std::size_t texts = 0;
+    for (const unsigned char byte : item.bytes()) {
+        if (byte != '\0') {
+            std::cout << static_cast<char>(byte);
+        } else if (item.bytes().size() > 1) {  // a single NUL stands for no rows
+            std::cout << (++texts % columns == 0 ? '\n' : '\t');
+        }
+    }
+}
+
 void printUser(int language, const CGIAuthority& authority) {
     std::cout << "language: " << language << "\nrights:";
     const std::pair<bool, const char*> roles[] = {
@@ -178,7 +208,8 @@ public:
             {"login", 2, &Command::login},       {"check", 2, &Command::check},
             {"language", 1, &Command::language}, {"user", 2, &Command::user},
             {"get", 3, &Command::get},           {"set", 4, &Command::set},
-            {"logout", 2, &Command::logout},
+            {"events", 2, &Command::events},     {"users", 2, &Command::users},
+            {"sessions", 2, &Command::sessions}, {"logout", 2, &Command::logout},
         };
         for (const Entry& entry : ENTRIES) {
             if (m_words[0] == entry.name && m_words.size() == entry.words) {
@@ -257,6 +288,28 @@ private:
         const std::vector<unsigned char> bytes = hexBytes(m_words[3]);
         return session().setInfo(id | ORVLib::Gui::ITEM_WRITE,
                                  static_cast<unsigned int>(bytes.size()), bytes.data()) != 0;
+    }
+
+    bool events() {
+        RawItem rows;
+        if (session().getInfo(ITEM_EVENTS | ORVLib::Gui::ITEM_EXCHANGE, RawItem(ALL_EVENTS),
+                              rows) == 0) {
+            return false;
+        }
+        printRows(rows, 7);
+        return true;
+    }
+
+    bool users() { return list(ITEM_USERS, 4); }
+    bool sessions() { return list(ITEM_SESSIONS, 5); }
+
+    bool list(unsigned int id, std::size_t columns) {
+        RawItem rows;
+        if (session().getInfo(id, rows) == 0) {
+            return false;
+        }
+        printRows(rows, columns);
+        return true;
     }
 
     bool logout() { return session().logout() != 0; }

@@ -1,10 +1,6 @@
 // The request inspector: a form that can be sent every way a form can, and what arrived of it.
 
-#include <nettle/sha2.h>
-
-#include <array>
 #include <cstdlib>
-#include <fstream>
 #include <iostream>
 #include <vector>
 
@@ -14,6 +10,7 @@
 #include "gui/ResetButton.h"
 #include "gui/SubmitButton.h"
 #include "gui/TextString.h"
+#include "shared/Digest.h"
 #include "shared/PageMain.h"
 #include "shared/Program.h"
 #include "shared/SkeletonPart.h"
@@ -65,12 +62,6 @@ private:
     std::vector<std::pair<TextString, TextString>> m_rows;
 };
 
-void appendHex(std::string& text, unsigned char byte) {
-    constexpr char DIGITS[] = "0123456789abcdef";
-    text += DIGITS[byte >> 4];
-    text += DIGITS[byte & 0xf];
-}
-
 /// Control characters in a form that can be seen.
 std::string visible(const std::string& text) {
     std::string result;
@@ -79,35 +70,12 @@ std::string visible(const std::string& text) {
         const auto byte = static_cast<unsigned char>(character);
         if (byte < 0x20 || byte == 0x7f) {
             result += "\\x";
-            appendHex(result, byte);
+            Console::appendHex(result, byte);
         } else {
             result += character;
         }
     }
     return result;
-}
-
-/// The SHA-256 digest of a file in hexadecimal; empty when the file cannot be read.
-std::string digestOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    sha256_ctx context{};
-    sha256_init(&context);
-    std::array<char, 65536> block{};
-    while (file) {
-        file.read(block.data(), block.size());
-        sha256_update(&context, static_cast<std::size_t>(file.gcount()),
-                      reinterpret_cast<const std::uint8_t*>(block.data()));
-    }
-    if (!file.eof()) {
-        return "";
-    }
-    std::array<std::uint8_t, SHA256_DIGEST_SIZE> digest{};
-    sha256_digest(&context, digest.size(), digest.data());
-    std::string text;
-    for (const std::uint8_t byte : digest) {
-        appendHex(text, byte);
-    }
-    return text;
 }
 
 std::unique_ptr<HTMLComponent> fieldTable(const FormInfo& form, MessageMgr& messages) {
@@ -124,7 +92,7 @@ std::unique_ptr<HTMLComponent> fieldTable(const FormInfo& form, MessageMgr& mess
 
 std::unique_ptr<HTMLComponent> fileTable(const FormInfo& form, MessageMgr& messages) {
     const std::string& path = form.getTemporaryFilePath();
-    const std::string digest = path.empty() ? "" : digestOf(path);
+    const std::string digest = path.empty() ? "" : Console::digestOfFile(path);
     if (digest.empty()) {
         const bool lost = !path.empty() || !form.getUploadedFileName().empty();
         return std::make_unique<TextString>(

@@ -17,6 +17,14 @@ function vorpa_close() {
     vorpaWindow = null;
 }
 
+// The menu shows where the user is, however long it is.
+document.addEventListener("DOMContentLoaded", function () {
+    var current = document.querySelector(".menu a.current");
+    if (current) {
+        current.scrollIntoView({ block: "nearest" });
+    }
+});
+
 // The text box of a file field shows the chosen file as soon as the dialog closes.
 document.addEventListener("change", function (event) {
     var chooser = event.target;

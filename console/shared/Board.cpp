@@ -1,6 +1,7 @@
 #include "shared/Board.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "gui/BackendNumbers.h"
 #include "orv/PException.h"
@@ -13,12 +14,48 @@ namespace {
 
 constexpr int ERROR_DAMAGED_ANSWER = 1026;
 
+[[noreturn]] void failDamaged() {
+    throw ORVLib::PException(1, 2, 0, 0, ERROR_DAMAGED_ANSWER, 0, 0, 0, 0, 0, 0, 0, 0, 0);
+}
+
 const Record& whole(const Record& record) {
     if (record.isDamaged()) {
-        throw ORVLib::PException(1, 2, 0, 0, ERROR_DAMAGED_ANSWER, 0, 0, 0, 0, 0, 0, 0, 0, 0);
+        failDamaged();
     }
     return record;
 }
+
+/// The requester's last failure, which must be one of those expected.
+unsigned int requireExpected(const CGIRequester& requester,
+                             std::initializer_list<unsigned int> expected) {
+    const unsigned int error = requester.getErrorDetail();
+    if (std::find(expected.begin(), expected.end(), error) == expected.end()) {
+        failWith(requester);
+    }
+    return error;
+}
+
+/// Bytes of any kind, as they travel.
+class Bytes : public ORVLib::SerializableObject {
+public:
+    const std::string& get() const { return m_bytes; }
+
+    unsigned int getSerialized(unsigned char* buffer, unsigned int size) const override {
+        return size < m_bytes.size() ? 0
+                                     : static_cast<unsigned int>(m_bytes.copy(
+                                           reinterpret_cast<char*>(buffer), m_bytes.size()));
+    }
+    unsigned int getSerializedSize() const override {
+        return static_cast<unsigned int>(m_bytes.size());
+    }
+    bool setSerialized(const unsigned char* data, unsigned int size) override {
+        m_bytes.assign(reinterpret_cast<const char*>(data), size);
+        return true;
+    }
+
+private:
+    std::string m_bytes;
+};
 
 }  // namespace
 
@@ -64,6 +101,29 @@ Record readRecord(CGIRequester& requester, unsigned int item) {
     return whole(record);
 }
 
+std::vector<int> readPartitions(CGIRequester& requester) {
+    const Record record = readRecord(requester, ITEM_PARTITIONS);
+    std::vector<int> partitions;
+    for (RecordReader reader(record); !reader.isAtEnd();) {
+        const std::string& number = reader.next();
+        reader.next();  // whether it is on
+        partitions.push_back(number.size() <= 2 ? std::atoi(number.c_str()) : MOST_PARTITIONS);
+        if (partitions.back() < 0 || partitions.back() >= MOST_PARTITIONS) {
+            failDamaged();
+        }
+    }
+    return partitions;
+}
+
+unsigned int readRecord(CGIRequester& requester, unsigned int item, Record& record,
+                        std::initializer_list<unsigned int> expected) {
+    if (requester.getInfo(item, record) == 0) {
+        return requireExpected(requester, expected);
+    }
+    whole(record);
+    return 0;
+}
+
 Record askRecord(CGIRequester& requester, unsigned int item, const Record& question) {
     Record answer;
     if (requester.getInfo(item | ORVLib::Gui::ITEM_EXCHANGE, question, answer) == 0) {
@@ -77,11 +137,23 @@ unsigned int writeRecord(CGIRequester& requester, unsigned int item, const Recor
     if (requester.setInfo(item | ORVLib::Gui::ITEM_WRITE, record) != 0) {
         return 0;
     }
-    const unsigned int error = requester.getErrorDetail();
-    if (std::find(expected.begin(), expected.end(), error) == expected.end()) {
+    return requireExpected(requester, expected);
+}
+
+std::string readBytes(CGIRequester& requester, unsigned int item) {
+    Bytes bytes;
+    if (requester.getInfo(item, bytes) == 0) {
         failWith(requester);
     }
-    return error;
+    return bytes.get();
+}
+
+unsigned int writeBytes(CGIRequester& requester, unsigned int item, const std::string& bytes,
+                        std::initializer_list<unsigned int> expected) {
+    return requester.setInfo(item | ORVLib::Gui::ITEM_WRITE,
+                             static_cast<unsigned int>(bytes.size()), bytes.data()) != 0
+               ? 0
+               : requireExpected(requester, expected);
 }
 
 }  // namespace Console

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <string>
+#include <vector>
 
 #include "gui/CGIRequester.h"
 #include "shared/Record.h"
@@ -47,18 +48,25 @@ enum BoardItem : unsigned int {
     ITEM_PARTITION_BOOT = 0x02010320       // likewise
 };
 
+/// Partitions that a board can have.
+constexpr int MOST_PARTITIONS = 16;
+
 /// Exception details of the board that pages tell apart.
 enum BoardError : unsigned int {
     ERROR_LOGIN_REFUSED = 1281,
     ERROR_NOT_AUTHORISED = 1282,
     ERROR_NO_SUCH_ITEM = 1283,
     ERROR_BAD_REQUEST = 1284,
+    ERROR_BUSY = 1285,
     ERROR_EXISTS = 1286,
     ERROR_FULL = 1287,
     ERROR_NOT_FOUND = 1288,
     ERROR_LAST_ADMINISTRATOR = 1289,
     ERROR_DAMAGED = 1290
 };
+
+/// Bytes that the board takes for an item in one exchange.
+constexpr std::size_t LARGEST_CONTENT = 0xffff;
 
 /// Leaves the page for the error page that the requester's last failure calls for.
 [[noreturn]] void failWith(const ORVLib::Gui::CGIRequester& requester);
@@ -73,6 +81,15 @@ std::string readUserName(ORVLib::Gui::CGIRequester& requester);
 /// Reads an item that is a record. A failure ends in the error page.
 Record readRecord(ORVLib::Gui::CGIRequester& requester, unsigned int item);
 
+/// The numbers of the partitions that exist, below MOST_PARTITIONS. A failure ends in the error
+/// page.
+std::vector<int> readPartitions(ORVLib::Gui::CGIRequester& requester);
+
+/// As readRecord(). Returns 0, or the board's error when it is `expected`; any other failure ends
+/// in the error page.
+unsigned int readRecord(ORVLib::Gui::CGIRequester& requester, unsigned int item, Record& record,
+                        std::initializer_list<unsigned int> expected);
+
 /// Reads an item that is a record and depends on what is asked, another record. A failure ends in
 /// the error page.
 Record askRecord(ORVLib::Gui::CGIRequester& requester, unsigned int item, const Record& question);
@@ -81,5 +98,12 @@ Record askRecord(ORVLib::Gui::CGIRequester& requester, unsigned int item, const 
 /// other failure ends in the error page.
 unsigned int writeRecord(ORVLib::Gui::CGIRequester& requester, unsigned int item,
                          const Record& record, std::initializer_list<unsigned int> expected = {});
+
+/// Reads an item that is bytes of its own kind. A failure ends in the error page.
+std::string readBytes(ORVLib::Gui::CGIRequester& requester, unsigned int item);
+
+/// As writeRecord(), for bytes. REQUIRES: LARGEST_CONTENT of them at most.
+unsigned int writeBytes(ORVLib::Gui::CGIRequester& requester, unsigned int item,
+                        const std::string& bytes, std::initializer_list<unsigned int> expected);
 
 }  // namespace Console

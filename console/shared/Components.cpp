@@ -1,5 +1,6 @@
 #include "shared/Components.h"
 
+#include <cstring>
 #include <iostream>
 
 #include "gui/HyperLink.h"
@@ -24,11 +25,65 @@ Component makeLink(const std::string& url, const std::string& text, const std::s
     return std::make_unique<HyperLink>(url, target, cssClass, "", false, makeText(text));
 }
 
+namespace {
+
+std::string percentEncoded(const std::string& text) {
+    constexpr char DIGITS[] = "0123456789ABCDEF";
+    constexpr char PLAIN[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._";
+    std::string encoded;
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (byte != 0 && std::strchr(PLAIN, character) != nullptr) {
+            encoded += character;
+        } else {
+            encoded.append({'%', DIGITS[byte >> 4], DIGITS[byte & 0xf]});
+        }
+    }
+    return encoded;
+}
+
+}  // namespace
+
+std::string addressWith(const std::string& path,
+                        const std::vector<std::pair<std::string, std::string>>& fields) {
+    std::string address = path;
+    const char* separator = "?";
+    for (const auto& [name, value] : fields) {
+        address += separator + percentEncoded(name) + '=' + percentEncoded(value);
+        separator = "&amp;";
+    }
+    return address;
+}
+
 void Sequence::printHTML() const {
     for (const Component& component : m_components) {
         component->printHTML();
         std::cout << '\n';
     }
+}
+
+void Facts::add(const std::string& label, Component value) {
+    m_facts.emplace_back(label, std::move(value));
+}
+
+void Facts::add(const std::string& label, const std::string& value) {
+    add(label, makeText(value));
+}
+
+void Facts::printHTML() const {
+    for (const auto& [label, value] : m_facts) {
+        std::cout << "<p class=\"entry\"><span class=\"label\">";
+        makeSentence(label)->printHTML();
+        std::cout << "</span> <span class=\"value\">";
+        value->printHTML();
+        std::cout << "</span></p>\n";
+    }
+}
+
+void Card::printHTML() const {
+    std::cout << "<section class=\"card\">\n";
+    m_content->printHTML();
+    std::cout << "</section>";
 }
 
 Table::Table(std::vector<std::string> headings, std::string nothing)

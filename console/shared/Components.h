@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "gui/HTMLComponent.h"
@@ -24,6 +25,10 @@ Component makeSentence(std::string text, int colour = ORVLib::Gui::TextString::P
 Component makeLink(const std::string& url, const std::string& text, const std::string& target = "",
                    const std::string& cssClass = "");
 
+/// An address with fields, for makeLink(). Names and values may hold any bytes.
+std::string addressWith(const std::string& path,
+                        const std::vector<std::pair<std::string, std::string>>& fields);
+
 /// Several components, one after the other.
 class Sequence : public ORVLib::Gui::HTMLComponent {
 public:
@@ -34,6 +39,33 @@ public:
 
 private:
     std::vector<Component> m_components;
+};
+
+/// Labels, and beside each of them what it stands for.
+class Facts : public ORVLib::Gui::HTMLComponent {
+public:
+    void add(const std::string& label, Component value);
+
+    /// A text whose lines can break anywhere.
+    void add(const std::string& label, const std::string& value);
+
+    void printHTML() const override;
+    bool isError() const override { return false; }
+
+private:
+    std::vector<std::pair<std::string, Component>> m_facts;
+};
+
+/// A part of a page that stands by itself.
+class Card : public ORVLib::Gui::HTMLComponent {
+public:
+    explicit Card(Component content) : m_content(std::move(content)) {}
+
+    void printHTML() const override;
+    bool isError() const override { return m_content->isError(); }
+
+private:
+    Component m_content;
 };
 
 /// A table with a row of headings.

@@ -11,7 +11,7 @@ int ConsoleMain::execMain() {
     getCookie();
     guiCheckSession(isSelfRefreshing());
     CGIRequester requester(m_sessionId.c_str());
-    beginPage(titleOf(m_function));
+    beginPage(getTitle());
     PageContext context{*m_formInfo, *m_messages, requester, m_authority, m_language};
     choosePartition(context);
     requireRight(context);

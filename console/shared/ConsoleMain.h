@@ -13,12 +13,14 @@ namespace Console {
 class ConsoleMain : public PageMain {
 protected:
     /// Who may see the page, unless `access` says otherwise, is what the table of rights has for
-    /// `function`. The page's title is the function's.
+    /// `function`.
     ConsoleMain(ORVLib::Gui::FormInfo& form, Function function, Access access = Access::BY_TABLE)
         : PageMain(form, function), m_function(function), m_access(access) {}
 
     /// Makes the page's body. Messages, language and rights are the user's by now.
     virtual std::unique_ptr<ORVLib::Gui::HTMLComponent> makeBody(const PageContext& context) = 0;
+
+    virtual Text getTitle() const { return titleOf(m_function); }
 
     /// True for a page that reloads itself: it must not keep its user's session alive.
     virtual bool isSelfRefreshing() const { return false; }

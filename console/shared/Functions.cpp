@@ -41,6 +41,8 @@ const std::vector<FunctionEntry>& functionTable() {
         {FUNCTION_REFRESH,            NETWORK,     TEXT_REFRESH,            TABLE},
         {FUNCTION_TRAPS,              NETWORK,     TEXT_TRAPS,              TABLE},
         {FUNCTION_ACCESS_LIST,        NETWORK,     TEXT_ACCESS_LIST,        TABLE},
+        {FUNCTION_ADD_ACCESS,         NO_MENU,     TEXT_ADD_ACCESS,         TABLE},
+        {FUNCTION_REMOVE_ACCESS,      NO_MENU,     TEXT_REMOVE_ACCESS,      TABLE},
         {FUNCTION_MAIL,               NETWORK,     TEXT_MAIL,               TABLE},
         {FUNCTION_FIRMWARE,           MAINTENANCE, TEXT_FIRMWARE,           TABLE},
         {FUNCTION_PROGRESS,           MAINTENANCE, TEXT_PROGRESS,           TABLE},

@@ -2,14 +2,17 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iostream>
 
 #include "gui/CheckBox.h"
 #include "gui/DateField.h"
 #include "gui/HiddenField.h"
 #include "gui/IPAddrMaskField.h"
 #include "gui/MessageMgr.h"
+#include "gui/PortNumberField.h"
 #include "gui/RadioButton.h"
 #include "gui/SelectMenu.h"
+#include "gui/TextString.h"
 #include "gui/TimeField.h"
 #include "shared/OuterPage.h"
 
@@ -21,6 +24,8 @@ namespace {
 
 constexpr char FORM_NAME[] = "form_name";
 constexpr char CHECKED[] = "1";
+constexpr char LAST_DATE[] = "2037-12-31";
+constexpr int WIDEST_BOX = 40;  // in characters; a longer text scrolls in it
 
 std::string submitted(const FormInfo& form, const std::string& name) {
     std::string value;
@@ -67,6 +72,25 @@ int readSmallNumber(const std::string& text, int tooMany) {
 
 }  // namespace
 
+bool hasCharacterReference(const std::string& text) {
+    constexpr char START[] = "&#";
+    std::size_t at = text.find(START);
+    while (at != std::string::npos) {
+        const std::size_t digits = at + 2;
+        const std::size_t end = text.find_first_not_of("0123456789", digits);
+        if (end != std::string::npos && end > digits && text[end] == ';') {
+            return true;
+        }
+        at = text.find(START, digits);
+    }
+    return false;
+}
+
+bool TextInput::isError() const {
+    return m_field->isError() ||
+           (m_field->isCheckCharacters() && hasCharacterReference(m_field->getValue()));
+}
+
 void TextInput::submit(const FormInfo& form) {
     setText(submitted(form, getName()));
 }
@@ -81,6 +105,10 @@ void TextInput::print() const {
 void TextInput::printCarried() const {
     printHidden(getName(), m_field->getValue());
 }
+
+AsciiInput::AsciiInput(const std::string& name, int maxLength, bool allowEmpty)
+    : TextInput(std::make_unique<TextField>(name, "", FORM_NAME, std::min(maxLength, WIDEST_BOX),
+                                            maxLength, nullptr, false, true, allowEmpty, true)) {}
 
 NumberInput::NumberInput(const std::string& name, int lowest, int highest)
     : TextInput(std::make_unique<TextField>(name, "", FORM_NAME,
@@ -99,6 +127,21 @@ bool NumberInput::isError() const {
     }
     const int number = readSmallNumber(TextInput::getText(), m_highest + 1);
     return number < m_lowest || number > m_highest;
+}
+
+void ShownInput::print() const {
+    std::cout << "<span class=\"value\">";
+    TextString(m_text).printHTML();
+    std::cout << "</span>";
+}
+
+PortInput::PortInput(const std::string& name, bool allowEmpty)
+    : TextInput(std::make_unique<PortNumberField>(name, "", FORM_NAME, 6, 5, nullptr, true,
+                                                  allowEmpty)) {}
+
+std::string PortInput::getText() const {
+    const std::string typed = TextInput::getText();
+    return typed.empty() ? typed : withoutLeadingZeros(typed);
 }
 
 PasswordInput::PasswordInput(const std::string& name, int maxLength)
@@ -267,7 +310,7 @@ bool DateInput::isError() const {
     }
     DateField field(getName(), "", FORM_NAME, box(0), box(1), box(2));
     field.checkDate();
-    return field.isError();
+    return field.isError() || getText() > LAST_DATE;
 }
 
 void DateInput::print() const {
@@ -349,6 +392,13 @@ void RadioInput::print() const {
     buttons.printHTML();
 }
 
+void ChosenInput::print() const {
+    std::cout << "<span class=\"value\">";
+    TextString(getShownText()).printHTML();
+    std::cout << "</span>";
+    printCarried();
+}
+
 void ChecksInput::addBox(const std::string& label) {
     m_boxes.push_back({label});
 }
@@ -374,15 +424,18 @@ void ChecksInput::submit(const FormInfo& form) {
 }
 
 void ChecksInput::print() const {
-    CheckBox boxes(getName());
     for (std::size_t i = 0; i < m_boxes.size(); ++i) {
         const std::string name = numbered(getName(), i);
         // A click on the label checks the box too.
         const std::string label =
             "<label for=\"" + name + "\">" + labelText(m_boxes[i].label) + "</label>";
-        boxes.add(name, CHECKED, label, name, m_boxes[i].checked);
+        CheckBox box(name);
+        box.add(name, CHECKED, label, name, m_boxes[i].checked);
+        // No line ends between a box and its label.
+        std::cout << "<span class=\"choice\">";
+        box.printHTML();
+        std::cout << "</span>\n";
     }
-    boxes.printHTML();
 }
 
 std::string ChecksInput::getShownText() const {
@@ -401,6 +454,15 @@ void ChecksInput::printCarried() const {
             printHidden(numbered(getName(), i), CHECKED);
         }
     }
+}
+
+FlagInput::FlagInput(const std::string& name, const std::string& label, std::string otherwise)
+    : ChecksInput(name), m_otherwise(std::move(otherwise)) {
+    addBox(label);
+}
+
+std::string FlagInput::getShownText() const {
+    return isEmpty() ? m_otherwise : ChecksInput::getShownText();
 }
 
 }  // namespace Console

@@ -12,6 +12,11 @@
 
 namespace Console {
 
+/// True for a text with a character reference in decimal. A browser sends one for a character that
+/// the page's character set lacks, such as Japanese ones typed into an English page; so a text of
+/// ASCII characters only is not always what its user typed.
+bool hasCharacterReference(const std::string& text);
+
 /// An input of a settings page: components of the library, and the text that stands for what is
 /// in them where the board keeps it.
 ///
@@ -61,19 +66,26 @@ private:
 /// A text input of any kind.
 class TextInput : public Input {
 public:
-    /// `field` is printed and checked as it is.
+    /// `field` is printed and checked as it is; one that checks its characters takes no character
+    /// references either.
     explicit TextInput(std::unique_ptr<ORVLib::Gui::TextField> field)
         : Input(field->getName()), m_field(std::move(field)) {}
 
     void setText(const std::string& text) override { m_field->setValue(text); }
     std::string getText() const override { return m_field->getValue(); }
     void submit(const ORVLib::Gui::FormInfo& form) override;
-    bool isError() const override { return m_field->isError(); }
+    bool isError() const override;
     void print() const override;
     void printCarried() const override;
 
 private:
     std::unique_ptr<ORVLib::Gui::TextField> m_field;
+};
+
+/// A line of printable ASCII with blanks, which users of both languages can read.
+class AsciiInput : public TextInput {
+public:
+    AsciiInput(const std::string& name, int maxLength, bool allowEmpty);
 };
 
 /// A decimal number. It counts without leading zeros.
@@ -88,6 +100,30 @@ public:
 private:
     int m_lowest;
     int m_highest;
+};
+
+/// A text that stands among the inputs and cannot be changed: the page sets it, no request does.
+class ShownInput : public Input {
+public:
+    explicit ShownInput(const std::string& text) : Input(""), m_text(text) {}
+
+    void setText(const std::string& text) override { m_text = text; }
+    std::string getText() const override { return m_text; }
+    void submit(const ORVLib::Gui::FormInfo&) override {}
+    bool isError() const override { return false; }
+    void print() const override;
+    void printCarried() const override {}
+
+private:
+    std::string m_text;
+};
+
+/// A port number, the well-known ones included. It counts without leading zeros.
+class PortInput : public TextInput {
+public:
+    explicit PortInput(const std::string& name, bool allowEmpty = false);
+
+    std::string getText() const override;
 };
 
 /// A password: never printed and never carried on.
@@ -168,7 +204,7 @@ private:
     std::string maskBits() const;
 };
 
-/// A date from 2000 on, "2028-02-29" as a text.
+/// A date from 2000 to 2037, the days that the board's calendar knows; "2028-02-29" as a text.
 class DateInput : public BoxesInput {
 public:
     explicit DateInput(const std::string& name, bool allowEmpty = false);
@@ -231,6 +267,14 @@ public:
     bool isGroup() const override { return true; }
 };
 
+/// A choice made already: shown and carried on, with nothing for the user to change.
+class ChosenInput : public ChoiceInput {
+public:
+    explicit ChosenInput(const std::string& name) : ChoiceInput(name) {}
+    void print() const override;
+    bool isGroup() const override { return true; }
+};
+
 /// Check boxes. As a text: "1" or "0" for each.
 class ChecksInput : public Input {
 public:
@@ -255,6 +299,19 @@ private:
         bool checked = false;
     };
     std::vector<Box> m_boxes;
+};
+
+/// One check box. As a text: "1" or "0".
+class FlagInput : public ChecksInput {
+public:
+    /// `label` stands beside the box. A confirmation shows it, or `otherwise` when the box is not
+    /// checked.
+    FlagInput(const std::string& name, const std::string& label, std::string otherwise);
+
+    std::string getShownText() const override;
+
+private:
+    std::string m_otherwise;
 };
 
 }  // namespace Console

@@ -18,6 +18,11 @@ void PageMain::beginPage(Text title) {
     dressPage(*m_page, m_messages->getString(title));
 }
 
+void PageMain::answerWithFile(const std::string& fileName) {
+    putText(m_page->getMap(), "file_name", fileName);
+    m_page->getGenerator().setSkeletonFileName(skeletonPath("skeleton_download.txt"));
+}
+
 void PageMain::printPage(std::unique_ptr<HTMLComponent> body) {
     HTMLMapUtil::insertIntoMap(m_page->getMap(), HTMLPage::KEY_BODY, std::move(body));
     m_page->getGenerator().printHTML();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "gui/AbstractMain.h"
 #include "gui/FormInfo.h"
@@ -19,6 +20,10 @@ protected:
 
     /// Makes messages and outer page. REQUIRES: the language is the user's by now.
     void beginPage(Text title);
+
+    /// Lets the body be a file that the browser saves, in place of a page: nothing stands around
+    /// it. REQUIRES: beginPage() was called; `fileName` is of letters, digits, "-", "_" and ".".
+    void answerWithFile(const std::string& fileName);
 
     /// Prints the page. REQUIRES: beginPage() was called.
     void printPage(std::unique_ptr<ORVLib::Gui::HTMLComponent> body);

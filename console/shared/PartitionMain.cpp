@@ -1,8 +1,5 @@
 #include "shared/PartitionMain.h"
 
-#include <algorithm>
-#include <cstdlib>
-
 #include "gui/ORVGUIUtil.h"
 #include "shared/Board.h"
 #include "shared/Rights.h"
@@ -15,11 +12,7 @@ namespace {
 
 std::vector<int> usablePartitions(const PageContext& context, Function function) {
     std::vector<int> usable;
-    const Record record = readRecord(context.requester, ITEM_PARTITIONS);
-    RecordReader reader(record);
-    while (!reader.isAtEnd()) {
-        const int partition = std::atoi(reader.next().c_str());
-        reader.next();  // whether it is on
+    for (const int partition : readPartitions(context.requester)) {
         if (mayUse(context.requester, context.authority, function, partition)) {
             usable.push_back(partition);
         }
@@ -32,7 +25,7 @@ std::vector<int> usablePartitions(const PageContext& context, Function function)
 void PartitionMain::choosePartition(PageContext& context) {
     context.partitions = usablePartitions(context, getFunction());
     if (context.partitions.empty()) {
-        return;  // requireRight() refuses
+        errorExit("Error", ERROR_NOT_AUTHORISED);
     }
     std::string wanted;
     if (!m_formInfo->getFormData(PARTITION_FIELD, wanted)) {

@@ -41,4 +41,19 @@ bool Record::setSerialized(const unsigned char* data, unsigned int size) {
     return true;
 }
 
+std::vector<std::vector<std::string>> rowsOf(const Record& record, std::size_t columns) {
+    std::vector<std::vector<std::string>> rows;
+    if (record.getTexts() == std::vector<std::string>{""}) {
+        return rows;
+    }
+    RecordReader reader(record);
+    while (!reader.isAtEnd()) {
+        rows.emplace_back();
+        while (rows.back().size() < columns) {
+            rows.back().push_back(reader.next());
+        }
+    }
+    return rows;
+}
+
 }  // namespace Console

@@ -44,4 +44,8 @@ private:
     std::size_t m_next = 0;
 };
 
+/// The texts of a record that is a list of rows with so many texts each. A list without rows may
+/// come as one empty text. Throws std::out_of_range when the last row is not whole.
+std::vector<std::vector<std::string>> rowsOf(const Record& record, std::size_t columns);
+
 }  // namespace Console

@@ -5,9 +5,11 @@
 #include <vector>
 
 #include "gui/CommonDefaultPage.h"
+#include "shared/Components.h"
 #include "shared/Functions.h"
-#include "shared/Input.h"
+#include "shared/InputList.h"
 #include "shared/PageContext.h"
+#include "shared/PageStep.h"
 
 namespace Console {
 
@@ -26,10 +28,12 @@ namespace Console {
 ///
 /// A page adds its inputs in its constructor and says how they are read and applied.
 class SettingsPage : public ORVLib::Gui::CommonDefaultPage {
+public:
+    ~SettingsPage() override;
+
 protected:
     /// Title and place of the page are the function's; `purpose` says what it is for.
     SettingsPage(const PageContext& context, Function function, Text purpose);
-    ~SettingsPage() override;
 
     /// Puts the present settings into the inputs.
     virtual void readCurrent() = 0;
@@ -38,8 +42,15 @@ protected:
     /// be wrong, and throws what ends in the error page.
     virtual void apply() = 0;
 
+    /// False for an input that plays no part, given what the user sent in the others. It is neither
+    /// checked nor shown to be confirmed, and empty when the others are applied.
+    virtual bool isNeeded(const Input&) const { return true; }
+
     /// Marks inputs that are wrong in a way they cannot tell themselves.
     virtual void checkInputs() {}
+
+    /// What the confirmation says above the input, which is valid.
+    virtual std::string getConfirmation() { return text(TEXT_PLEASE_CONFIRM); }
 
     /// False for a page whose input must not stand in a page again, or which has nothing to look
     /// at twice: its form is applied at once.
@@ -48,9 +59,7 @@ protected:
     /// Adds an input with its label, and what is shown beside it when it is wrong.
     template <typename Kind>
     Kind& add(const std::string& label, Text hint, std::unique_ptr<Kind> input) {
-        Kind& added = *input;
-        addEntry(label, hint, std::move(input));
-        return added;
+        return m_inputs.add(label, hint, std::move(input));
     }
     template <typename Kind>
     Kind& add(Text label, Text hint, std::unique_ptr<Kind> input) {
@@ -58,21 +67,31 @@ protected:
     }
 
     /// The inputs that are added from here on stand under a heading.
-    void addHeading(const std::string& heading);
+    void addHeading(const std::string& heading) { m_inputs.addHeading(heading); }
+
+    /// Adds a row that only shows something, above the inputs.
+    void addShown(Text label, Component value);
+    void addShown(Text label, const std::string& value);
 
     /// Adds a field that every form of the page carries on as it is.
     void carry(const std::string& name, const std::string& value);
 
     /// Marks an input as wrong, beside its hint or another one. REQUIRES: it was added.
-    void mark(const Input& input);
-    void mark(const Input& input, Text hint);
+    void mark(const Input& input) { m_inputs.mark(input); }
+    void mark(const Input& input, Text hint) { m_inputs.mark(input, hint); }
 
     /// Says why the input as a whole cannot be applied.
     void refuse(Text reason);
 
+    /// Gives the page another title than its function has.
+    void setTitle(Text title) { m_title = title; }
+
     /// The operator message of the completion page, and where its button leads.
     void setCompletion(int messageId) { m_completion = messageId; }
-    void setReturnPath(const std::string& path) { m_returnPath = path; }
+
+    /// Where the completion page's button leads, and a link beside the form's: the page that this
+    /// one was opened from. Without it the button leads to the page itself.
+    void setReturnPath(const std::string& path);
 
     /// What the button that applies is called.
     void setApplyLabel(Text label) { m_applyLabel = label; }
@@ -84,34 +103,13 @@ protected:
     const PageContext& getContext() const { return m_context; }
 
     /// All inputs in the order they were added.
-    std::vector<Input*> getInputs() const;
+    std::vector<Input*> getInputs() const { return m_inputs.getInputs(); }
 
 private:
-    struct Entry {
-        std::string heading;
-        std::string label;
-        Text hint;
-        std::unique_ptr<Input> input;
-        bool wrong = false;
-    };
-    class EntryList;
-
-    /// What a request wants of the page.
-    enum class Step { SHOW, EDIT_AGAIN, CONFIRM, APPLY };
-
-    static Step stepOf(const ORVLib::Gui::FormInfo& form);
-
-    /// The library's state for a step. A form never carries STATE_CONFIGURE itself: what the user
-    /// has confirmed comes as STATE_COMPLETE.
-    static int stateOf(Step step);
-
     void makeDispPage() final;
     void makeConfigPage() final;
 
-    void addEntry(const std::string& label, Text hint, std::unique_ptr<Input> input);
-    void readSubmitted();
     bool areInputsValid();
-    bool isAnyMarked() const;
     void showForm(bool again);
     void showConfirmation();
     void showCompletion();
@@ -121,6 +119,7 @@ private:
 
     PageContext m_context;
     Function m_function;
+    Text m_title;
     Text m_purpose;
     std::string m_returnPath;
     int m_completion;
@@ -129,9 +128,9 @@ private:
     bool m_refused = false;
     Step m_step;
     int m_state;
-    std::string m_nextHeading;
-    std::vector<Entry> m_entries;
-    std::vector<std::pair<std::string, std::string>> m_carried;
+    std::unique_ptr<Facts> m_shown;
+    InputList m_inputs;
+    std::unique_ptr<Sequence> m_carried;
 };
 
 }  // namespace Console

@@ -18,6 +18,7 @@ FUNCTIONS = {
 }
 TOP_MENUS = ["System", "Partition", "Switch", "User Administration", "Network Configuration",
              "Maintenance"]
+PROPER_NAMES = {"Telnet"}
 JAPANESE_TEXT = re.compile("[ぁ-んァ-ヶ一-龥]")
 NOT_AUTHORISED = "(00:0502)"
 
@@ -40,10 +41,10 @@ class Menu(BrowserCase):
                         self.walk(function, name)
 
     def walk(self, function, name):
-        self.browser.driver.switch_to.default_content()
         self.browser.enter("MENU_FRAME")
-        link = self.browser.one(f'.menu a[href$="={function}"]')
-        self.browser.leave(link.click)
+        self.browser.one(f'.menu a[href$="={function}"]').click()
+        self.browser.driver.switch_to.default_content()
+        self.browser.wait(lambda driver: driver.current_url.endswith(f"={function}"))
         self.browser.enter("CONT_FRAME")
         self.assertEqual(self.browser.one("h1").text.replace("\xa0", " "), name)
         self.browser.enter("MENU_FRAME")
@@ -76,7 +77,7 @@ class Menu(BrowserCase):
             self.browser.show(function)
             for element in self.browser.all("h1, h2, th, legend, .label, .page_head p"):
                 text = element.text.strip()
-                if re.search("[a-z]{4}", text):
+                if re.search("[a-z]{4}", text) and text not in PROPER_NAMES:
                     self.assertRegex(text, JAPANESE_TEXT, function)
         self.set_language("admin", 1)
 

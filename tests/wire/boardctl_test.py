@@ -58,6 +58,11 @@ class Boardctl(unittest.TestCase):
         self.assertEqual(self.boardctl("user", self.login("operator")),
                          "language: 0\nrights: operator")
         self.assertEqual(self.boardctl("get", session, "0x02010073"), "000001bb")
+        self.assertIn("part\tpartition\t1001000000000000\t1\n", self.boardctl("users", session))
+        self.assertRegex(self.boardctl("sessions", session),
+                         r"(?m)^operator\toperator\tboardctl\t\d+\t\d+$")
+        self.assertRegex(self.boardctl("events", session).splitlines()[0],
+                         r"^\d+\t\d+\tinfo\tsecurity\t101\toperator\tboardctl$")
         self.boardctl("logout", session)
         self.assertIn("error 1031", self.boardctl("check", session, status=1))
 

@@ -1,0 +1,34 @@
+#include "OwnSettings.h"
+
+#include "Telegram.h"
+
+namespace ORVLib::Board::OwnSettings {
+
+std::string readLanguage(const Call& call) {
+    return formatNumber(call.getUser().language);
+}
+
+void writeLanguage(const Call& call) {
+    User user = call.getUser();
+    user.language = static_cast<unsigned char>(readNumber(call.content, 0));
+    call.state.storeUser(user, call.makeEvent(EventCode::SETTINGS_CHANGED, "own language"));
+}
+
+std::string readInterval(const Call& call) {
+    return formatNumber(call.getUser().refreshInterval);
+}
+
+void writeInterval(const Call& call) {
+    User user = call.getUser();
+    user.refreshInterval = readNumber(call.content, 0);
+    call.state.storeUser(user, call.makeEvent(EventCode::SETTINGS_CHANGED, "own refresh interval"));
+}
+
+void writePassword(const Call& call) {
+    User user = call.getUser();
+    user.passwordHash = call.passwordHash;
+    call.sessions.changePassword(user, call.caller->sessionId,
+                                 call.makeEvent(EventCode::OWN_PASSWORD_CHANGED, ""));
+}
+
+}  // namespace ORVLib::Board::OwnSettings

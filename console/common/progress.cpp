@@ -1,0 +1,116 @@
+// How far the installation of a firmware is.
+
+#include <algorithm>
+#include <cstdlib>
+#include <iostream>
+
+#include "gui/MetaTag.h"
+#include "gui/ORVGUIUtil.h"
+#include "shared/Board.h"
+#include "shared/Components.h"
+#include "shared/ConsoleMain.h"
+#include "shared/Program.h"
+#include "shared/Rights.h"
+#include "shared/SkeletonPart.h"
+
+using namespace ORVLib::Gui;
+
+namespace {
+
+constexpr char RELOAD_SECONDS[] = "2";
+constexpr char RUNNING[] = "running";
+
+/// A bar that is filled as far as something is done, and the same in digits.
+class ProgressBar : public HTMLComponent {
+public:
+    explicit ProgressBar(const std::string& percent)
+        : m_percent(std::clamp(std::atoi(percent.c_str()), 0, WHOLE)) {}
+
+    void printHTML() const override {
+        std::cout << "<progress max=\"" << WHOLE << "\" value=\"" << m_percent << "\"></progress> "
+                  << m_percent << " %";
+    }
+
+    bool isError() const override { return false; }
+
+private:
+    static constexpr int WHOLE = 100;
+
+    int m_percent;
+};
+
+struct State {
+    const char* name;
+    Console::Text text;
+    int colour;
+};
+
+constexpr State STATES[] = {
+    {RUNNING, Console::TEXT_UPDATE_RUNNING, TextString::MAINTENANCE_COLOUR},
+    {"done", Console::TEXT_UPDATE_DONE, TextString::NORMAL_COLOUR},
+    {"failed", Console::TEXT_UPDATE_FAILED, TextString::ERROR_COLOUR},
+    {"idle", Console::TEXT_UPDATE_IDLE, TextString::PLAIN},
+};
+
+class ProgressMain : public Console::ConsoleMain {
+public:
+    explicit ProgressMain(FormInfo& form) : ConsoleMain(form, Console::FUNCTION_PROGRESS) {}
+
+protected:
+    bool isSelfRefreshing() const override { return true; }
+
+    std::unique_ptr<HTMLComponent> makeBody(const Console::PageContext& context) override {
+        const Console::Record progress =
+            Console::readRecord(context.requester, Console::ITEM_PROGRESS);
+        Console::RecordReader reader(progress);
+        const std::string state = reader.next();
+        const std::string percent = reader.next();
+        if (state == RUNNING) {
+            // Takes the place of the interval that the user chose for pages of status.
+            HTMLMapUtil::insertIntoMap(m_page->getMap(), "meta_refresh",
+                                       std::make_unique<MetaTag>("Refresh", RELOAD_SECONDS));
+        }
+        auto body = std::make_unique<Console::SkeletonPart>("skeleton_list.txt");
+        body->putText("title", text(Console::TEXT_PROGRESS));
+        body->putSentence("purpose", text(Console::TEXT_PROGRESS_PURPOSE));
+        body->put("content", makeContent(context, state, percent, reader.next()));
+        return body;
+    }
+
+private:
+    std::string text(Console::Text number) { return m_messages->getString(number); }
+
+    Console::Component makeContent(const Console::PageContext& context, const std::string& state,
+                                   const std::string& percent, const std::string& version) {
+        auto content = std::make_unique<Console::Sequence>();
+        auto facts = std::make_unique<Console::Facts>();
+        facts->add(text(Console::TEXT_STATE), makeState(state));
+        if (!version.empty()) {
+            facts->add(text(Console::TEXT_VERSION), version);
+            facts->add(text(Console::TEXT_PROGRESS), std::make_unique<ProgressBar>(percent));
+        }
+        content->add(std::move(facts));
+        if (state != RUNNING &&
+            Console::mayUse(context.requester, context.authority, Console::FUNCTION_FIRMWARE)) {
+            content->add(Console::makeLink(ORVGUIUtil::getCGIPath(Console::FUNCTION_FIRMWARE),
+                                           text(Console::TEXT_FIRMWARE)));
+        }
+        return content;
+    }
+
+    /// A state that the page does not know is shown as the board says it.
+    Console::Component makeState(const std::string& name) {
+        for (const State& state : STATES) {
+            if (name == state.name) {
+                return Console::makeSentence(text(state.text), state.colour);
+            }
+        }
+        return Console::makeText(name);
+    }
+};
+
+}  // namespace
+
+int main() {
+    return Console::runProgram<ProgressMain>();
+}

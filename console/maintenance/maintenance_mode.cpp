@@ -1,0 +1,124 @@
+// What of the server is in maintenance, and whether technical staff may switch power then.
+
+#include <string>
+
+#include "gui/BackendNumbers.h"
+#include "gui/MaintenanceMode.h"
+#include "orv/GeneralPurposePacket.h"
+#include "shared/Board.h"
+#include "shared/Components.h"
+#include "shared/ConsoleMain.h"
+#include "shared/Program.h"
+#include "shared/SettingsPage.h"
+
+using namespace ORVLib::Gui;
+using ORVLib::ORVUi::GeneralPurposePacket;
+using ORVLib::ORVUi::ORV_MAINTENANCE_MODE;
+using PowerPermission = ORVLib::ORVUi::PrimitiveTypeWrapper<long>;
+
+namespace {
+
+constexpr char CHECKED[] = "1";
+constexpr char UNCHECKED[] = "0";
+
+class MaintenancePage : public Console::SettingsPage {
+public:
+    static constexpr Console::Function FUNCTION = Console::FUNCTION_MAINTENANCE_MODE;
+
+    explicit MaintenancePage(const Console::PageContext& context)
+        : SettingsPage(context, FUNCTION, Console::TEXT_MAINTENANCE_MODE_PURPOSE) {
+        addMark(ORV_MAINTENANCE_MODE::SYSTEM, text(Console::TEXT_WHOLE_SYSTEM));
+        for (const int partition : Console::readPartitions(context.requester)) {
+            addMark(ORV_MAINTENANCE_MODE::FIRST_PARTITION + partition,
+                    Console::partitionName(context.messages, partition));
+        }
+        // Technical staff may say what is in maintenance, but not what it allows them.
+        if (context.authority.isSystemAdmin()) {
+            m_permission =
+                &add(Console::TEXT_STAFF_POWER, Console::TEXT_WRONG_CHOICE,
+                     std::make_unique<Console::FlagInput>("permission", text(Console::TEXT_ALLOWED),
+                                                          text(Console::TEXT_NOT_ALLOWED)));
+        }
+    }
+
+protected:
+    void readCurrent() override {
+        const ORV_MAINTENANCE_MODE mode = readMode();
+        for (const Mark& mark : m_marks) {
+            mark.input->setText(mode.bytes[mark.byte] != 0 ? CHECKED : UNCHECKED);
+        }
+        if (m_permission != nullptr) {
+            m_permission->setText(readPermission() ? CHECKED : UNCHECKED);
+        }
+    }
+
+    void apply() override {
+        ORV_MAINTENANCE_MODE mode = readMode();
+        for (const Mark& mark : m_marks) {
+            unsigned char& byte = mode.bytes[mark.byte];
+            const bool wanted = !mark.input->isEmpty();
+            byte = (byte != 0) == wanted ? byte : wanted;
+        }
+        if (m_permission != nullptr) {
+            writePermission(!m_permission->isEmpty());
+        }
+        writeMode(mode);
+    }
+
+private:
+    /// A byte of the mode, and the check box for it.
+    struct Mark {
+        int byte;
+        Console::FlagInput* input;
+    };
+
+    void addMark(int byte, const std::string& label) {
+        m_marks.push_back(
+            {byte, &add(label, Console::TEXT_WRONG_CHOICE,
+                        std::make_unique<Console::FlagInput>("mode" + std::to_string(byte) + '_',
+                                                             text(Console::TEXT_IN_MAINTENANCE),
+                                                             text(Console::TEXT_IN_OPERATION)))});
+    }
+
+    ORV_MAINTENANCE_MODE readMode() const {
+        ORV_MAINTENANCE_MODE mode;
+        if (getRequester().getInfo(ITEM_MAINTENANCE_MODE, mode.bytes, sizeof mode.bytes) == 0) {
+            Console::failWith(getRequester());
+        }
+        return mode;
+    }
+
+    void writeMode(const ORV_MAINTENANCE_MODE& mode) const {
+        if (getRequester().setInfo(ITEM_MAINTENANCE_MODE | ITEM_WRITE, sizeof mode.bytes,
+                                   mode.bytes) == 0) {
+            Console::failWith(getRequester());
+        }
+    }
+
+    /// A packet without a number permits nothing, for the rule that lets staff in as well.
+    bool readPermission() const {
+        GeneralPurposePacket packet;
+        if (getRequester().getInfo(ITEM_MAINTENANCE_POWER, packet) == 0) {
+            Console::failWith(getRequester());
+        }
+        const auto* const number = dynamic_cast<const PowerPermission*>(packet.getCompInfo(0));
+        return number != nullptr && number->getValue() != 0;
+    }
+
+    void writePermission(bool permitted) const {
+        GeneralPurposePacket packet;
+        packet.addComponent(std::make_unique<PowerPermission>(permitted ? 1 : 0));
+        if (getRequester().setInfo(ITEM_MAINTENANCE_POWER | ITEM_WRITE, packet) == 0) {
+            Console::failWith(getRequester());
+        }
+    }
+
+    std::vector<Mark> m_marks;
+    Console::FlagInput* m_permission = nullptr;
+};
+
+}  // namespace
+
+int main() {
+    return Console::runProgram<Console::SettingsMain<MaintenancePage>>();
+}

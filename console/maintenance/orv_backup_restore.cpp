@@ -1,0 +1,136 @@
+// Saves the board's settings as a file, and restores them from one.
+
+#include <algorithm>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+
+#include "gui/MessageMgr.h"
+#include "gui/ORVGUIUtil.h"
+#include "shared/Board.h"
+#include "shared/ConsoleMain.h"
+#include "shared/Digest.h"
+#include "shared/Program.h"
+#include "shared/UploadPage.h"
+
+using namespace ORVLib::Gui;
+
+namespace {
+
+constexpr int SETTINGS_RESTORED = 441;
+constexpr char BACKUP_NAME[] = "orv-settings.txt";
+constexpr char DOWNLOAD_FIELD[] = "download";
+constexpr char CONTENT_FIELD[] = "content";
+constexpr char DIGEST_FIELD[] = "digest";
+
+/// Bytes that are the whole answer.
+class RawBytes : public HTMLComponent {
+public:
+    explicit RawBytes(std::string bytes) : m_bytes(std::move(bytes)) {}
+
+    void printHTML() const override { std::cout << m_bytes; }
+    bool isError() const override { return false; }
+
+private:
+    std::string m_bytes;
+};
+
+/// True for text that a hidden field carries as it is, but for what browsers do to the ends of its
+/// lines.
+bool isPrintableLines(const std::string& text) {
+    return std::all_of(text.begin(), text.end(), [](char character) {
+        return character == '\n' || (character >= ' ' && character <= '~');
+    });
+}
+
+/// The file, or its beginning when it is too large for a backup; which is then not less than that.
+std::string readFile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::string content(Console::LARGEST_CONTENT + 1, '\0');
+    file.read(content.data(), static_cast<std::streamsize>(content.size()));
+    if (!file && !file.eof()) {
+        throw std::runtime_error("the uploaded backup cannot be read");
+    }
+    content.resize(static_cast<std::size_t>(file.gcount()));
+    return content;
+}
+
+class BackupPage : public Console::UploadPage {
+public:
+    static constexpr Console::Function FUNCTION = Console::FUNCTION_BACKUP;
+
+    explicit BackupPage(const Console::PageContext& context)
+        : UploadPage(context, FUNCTION, Console::TEXT_BACKUP_PURPOSE) {
+        setLabels(Console::TEXT_BACKUP_FILE, Console::TEXT_RESTORE, Console::TEXT_CONFIRM_RESTORE);
+        setCompletion(SETTINGS_RESTORED, ORVGUIUtil::getCGIPath(FUNCTION));
+    }
+
+protected:
+    Console::Component makePresent() override {
+        auto facts = std::make_unique<Console::Facts>();
+        facts->add(text(Console::TEXT_PRESENT_SETTINGS),
+                   Console::makeLink(ORVGUIUtil::getCGIPath(FUNCTION) + '?' + DOWNLOAD_FIELD + "=1",
+                                     text(Console::TEXT_DOWNLOAD)));
+        return std::make_unique<Console::Card>(std::move(facts));
+    }
+
+    void receive(const std::string& path) override {
+        const std::string content = readFile(path);
+        const std::string size = sizeText(getContext().form.getWrittenSize());
+        if (!checkContent(content, size)) {
+            return;
+        }
+        const std::string digest = Console::digestOf(content);
+        describe(Console::TEXT_FILE_NAME, getContext().form.getUploadedFileName());
+        describe(Console::TEXT_SIZE, size);
+        describe(Console::TEXT_SHA256, digest);
+        carry(CONTENT_FIELD, content);
+        carry(DIGEST_FIELD, digest);
+    }
+
+    void apply() override {
+        std::string content = getCarried(CONTENT_FIELD);
+        MessageMgr::convertStr(content, "\r\n", "\n");
+        if (!checkContent(content, sizeText(content.size()))) {
+            return;
+        }
+        if (Console::digestOf(content) != getCarried(DIGEST_FIELD)) {
+            refuse(Console::TEXT_BACKUP_CHANGED);
+        } else if (Console::writeBytes(getRequester(), Console::ITEM_BACKUP, content,
+                                       {Console::ERROR_DAMAGED}) != 0) {
+            refuse(Console::TEXT_BACKUP_DAMAGED);
+        }
+    }
+
+private:
+    bool checkContent(const std::string& content, const std::string& size) {
+        if (content.empty() || !isPrintableLines(content)) {
+            refuse(Console::TEXT_NO_BACKUP, size);
+        } else if (content.size() > Console::LARGEST_CONTENT) {
+            refuse(Console::TEXT_BACKUP_TOO_LARGE, size);
+        }
+        return !isRefused();
+    }
+};
+
+class BackupMain : public Console::SettingsMain<BackupPage> {
+public:
+    using SettingsMain::SettingsMain;
+
+protected:
+    std::unique_ptr<HTMLComponent> makeBody(const Console::PageContext& context) override {
+        if (context.form.getFields().count(DOWNLOAD_FIELD) == 0) {
+            return SettingsMain::makeBody(context);
+        }
+        auto backup =
+            std::make_unique<RawBytes>(Console::readBytes(context.requester, Console::ITEM_BACKUP));
+        answerWithFile(BACKUP_NAME);
+        return backup;
+    }
+};
+
+}  // namespace
+
+int main() {
+    return Console::runProgram<BackupMain>();
+}

@@ -1,0 +1,228 @@
+// Updates the firmware: takes an image, hands it to the board, and has it installed once the user
+// has confirmed it.
+
+#include "gui/BackendNumbers.h"
+#include "gui/MetaTag.h"
+#include "gui/ORVGUIUtil.h"
+#include "maintenance/FirmwareImage.h"
+#include "shared/Board.h"
+#include "shared/ConsoleMain.h"
+#include "shared/Digest.h"
+#include "shared/Program.h"
+#include "shared/UploadPage.h"
+
+using namespace ORVLib::Gui;
+
+namespace {
+
+constexpr int INSTALLATION_BEGUN = 440;
+constexpr char DIGEST_FIELD[] = "digest";
+
+/// How long the user sees that an installation has begun, before its progress.
+constexpr char FORWARD_SECONDS[] = "2";
+
+/// Bytes of the image that go to the board in one exchange, behind their offset.
+constexpr std::size_t PIECE_SIZE = 65000;
+
+std::string offsetBytes(std::uint32_t offset) {
+    return {static_cast<char>(offset >> 24), static_cast<char>(offset >> 16),
+            static_cast<char>(offset >> 8), static_cast<char>(offset)};
+}
+
+bool isDigest(const std::string& text) {
+    return text.size() == Console::DIGEST_DIGITS &&
+           text.find_first_not_of("0123456789abcdef") == std::string::npos;
+}
+
+Console::Record dropRequest() {
+    Console::Record record;
+    record.add("drop");
+    return record;
+}
+
+/// What the board has been sent of an image: dropped at the end, however that comes about, unless
+/// it is kept.
+class StagedImage {
+public:
+    explicit StagedImage(CGIRequester& requester) : m_requester(requester) {}
+    ~StagedImage() {
+        if (!m_kept) {
+            m_requester.setInfo(Console::ITEM_FIRMWARE_DROP | ITEM_WRITE, dropRequest());
+        }
+    }
+    StagedImage(const StagedImage&) = delete;
+    StagedImage& operator=(const StagedImage&) = delete;
+
+    void keep() { m_kept = true; }
+
+private:
+    CGIRequester& m_requester;
+    bool m_kept = false;
+};
+
+class FirmwarePage : public Console::UploadPage {
+public:
+    static constexpr Console::Function FUNCTION = Console::FUNCTION_FIRMWARE;
+
+    explicit FirmwarePage(const Console::PageContext& context)
+        : UploadPage(context, FUNCTION, Console::TEXT_FIRMWARE_PURPOSE) {
+        setLabels(Console::TEXT_FIRMWARE_IMAGE, Console::TEXT_INSTALL,
+                  Console::TEXT_CONFIRM_INSTALL);
+        setCompletion(INSTALLATION_BEGUN, ORVGUIUtil::getCGIPath(Console::FUNCTION_PROGRESS));
+    }
+
+protected:
+    Console::Component makePresent() override {
+        const Console::Record product = Console::readRecord(getRequester(), Console::ITEM_PRODUCT);
+        Console::RecordReader reader(product);
+        reader.next();  // product name
+        reader.next();  // serial number
+        auto facts = std::make_unique<Console::Facts>();
+        facts->add(text(Console::TEXT_PRESENT_VERSION), reader.next());
+        return std::make_unique<Console::Card>(std::move(facts));
+    }
+
+    void receive(const std::string& path) override {
+        FirmwareImage image(path);
+        checkSize(image);
+        if (!isRefused() && isInstalling()) {
+            refuse(Console::TEXT_INSTALLATION_RUNNING);
+        }
+        if (isRefused()) {
+            return;
+        }
+        StagedImage staged(getRequester());
+        const std::string digest = stage(image);
+        if (!isRefused()) {
+            confirmStaged(digest);
+        }
+        if (!isRefused()) {
+            staged.keep();
+        }
+    }
+
+    void apply() override {
+        const std::string digest = getCarried(DIGEST_FIELD);
+        if (!isDigest(digest)) {
+            refuse(Console::TEXT_IMAGE_GONE);
+            return;
+        }
+        Console::Record record;
+        record.add(digest);
+        const unsigned int error =
+            Console::writeRecord(getRequester(), Console::ITEM_FIRMWARE_START, record,
+                                 {Console::ERROR_NO_SUCH_ITEM, Console::ERROR_BAD_REQUEST,
+                                  Console::ERROR_DAMAGED, Console::ERROR_BUSY});
+        if (error == Console::ERROR_BUSY) {
+            drop();
+            refuse(Console::TEXT_INSTALLATION_RUNNING);
+        } else if (error != 0) {
+            refuse(Console::TEXT_IMAGE_GONE);
+        }
+    }
+
+    /// A board that has nothing of this session any more is as good.
+    void drop() override {
+        Console::writeRecord(getRequester(), Console::ITEM_FIRMWARE_DROP, dropRequest(),
+                             {Console::ERROR_NO_SUCH_ITEM, Console::ERROR_BAD_REQUEST});
+    }
+
+private:
+    unsigned int arrivedSize() const { return getContext().form.getWrittenSize(); }
+
+    bool isInstalling() {
+        const Console::Record progress =
+            Console::readRecord(getRequester(), Console::ITEM_PROGRESS);
+        return Console::RecordReader(progress).next() == "running";
+    }
+
+    /// A file as large as an upload can be may have been cut there, whatever its header says.
+    void checkSize(const FirmwareImage& image) {
+        if (!image.isImage()) {
+            refuse(Console::TEXT_NO_IMAGE, arrivedText());
+        } else if (arrivedSize() >= FormInfo::LARGEST_UPLOAD) {
+            refuse(Console::TEXT_IMAGE_TOO_LARGE, sizesText(image));
+        } else if (arrivedSize() != image.getAnnouncedSize()) {
+            refuse(Console::TEXT_WRONG_IMAGE_SIZE, sizesText(image));
+        }
+    }
+
+    std::string arrivedText() {
+        return text(Console::TEXT_ARRIVED) + ": " + sizeText(arrivedSize());
+    }
+
+    std::string sizesText(const FirmwareImage& image) {
+        return arrivedText() + ", " + text(Console::TEXT_ANNOUNCED) + ": " +
+               sizeText(image.getAnnouncedSize());
+    }
+
+    /// Sends the image to the board. Returns its digest.
+    std::string stage(FirmwareImage& image) {
+        Console::Digest digest;
+        std::uint32_t offset = 0;
+        for (std::string piece = image.read(PIECE_SIZE); !piece.empty();
+             piece = image.read(PIECE_SIZE)) {
+            if (Console::writeBytes(getRequester(), Console::ITEM_FIRMWARE_STAGE,
+                                    offsetBytes(offset) + piece,
+                                    {Console::ERROR_BAD_REQUEST}) != 0) {
+                refuse(Console::TEXT_STAGING_REFUSED);
+                break;
+            }
+            digest.add(piece.data(), piece.size());
+            offset += static_cast<std::uint32_t>(piece.size());
+        }
+        return digest.take();
+    }
+
+    /// Describes what the board has now, which must be what was sent.
+    void confirmStaged(const std::string& digest) {
+        Console::Record staged;
+        switch (Console::readRecord(getRequester(), Console::ITEM_FIRMWARE_STAGED, staged,
+                                    {Console::ERROR_NO_SUCH_ITEM, Console::ERROR_DAMAGED})) {
+            case Console::ERROR_NO_SUCH_ITEM:
+                refuse(Console::TEXT_STAGING_REFUSED);
+                return;
+            case Console::ERROR_DAMAGED:
+                refuse(Console::TEXT_IMAGE_DAMAGED, arrivedText());
+                return;
+            default:
+                break;
+        }
+        Console::RecordReader reader(staged);
+        const std::string size = reader.next();
+        const std::string stagedDigest = reader.next();
+        if (size != std::to_string(arrivedSize()) || stagedDigest != digest) {
+            refuse(Console::TEXT_STAGING_REFUSED);
+            return;
+        }
+        describe(Console::TEXT_FILE_NAME, getContext().form.getUploadedFileName());
+        describe(Console::TEXT_VERSION, reader.next());
+        describe(Console::TEXT_SIZE, sizeText(arrivedSize()));
+        describe(Console::TEXT_SHA256, digest);
+        carry(DIGEST_FIELD, digest);
+    }
+};
+
+class FirmwareMain : public Console::ConsoleMain {
+public:
+    explicit FirmwareMain(FormInfo& form) : ConsoleMain(form, FirmwarePage::FUNCTION) {}
+
+protected:
+    std::unique_ptr<HTMLComponent> makeBody(const Console::PageContext& context) override {
+        auto page = std::make_unique<FirmwarePage>(context);
+        page->makePage();
+        if (page->isCompleted()) {
+            HTMLMapUtil::insertIntoMap(
+                m_page->getMap(), "meta_refresh",
+                std::make_unique<MetaTag>("Refresh", FORWARD_SECONDS,
+                                          ORVGUIUtil::getCGIPath(Console::FUNCTION_PROGRESS)));
+        }
+        return page;
+    }
+};
+
+}  // namespace
+
+int main() {
+    return Console::runProgram<FirmwareMain>();
+}

@@ -1,0 +1,55 @@
+// How the board is reached in the network.
+
+#include "gui/TextField.h"
+#include "shared/ConsoleMain.h"
+#include "shared/Program.h"
+#include "shared/RecordPage.h"
+
+using ORVLib::Gui::TextField;
+
+namespace {
+
+constexpr int LONGEST_NAME = 64;
+constexpr char NAME_CHARACTERS[] =
+    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-.";
+
+class AddressesPage : public Console::RecordPage {
+public:
+    static constexpr Console::Function FUNCTION = Console::FUNCTION_ADDRESSES;
+
+    explicit AddressesPage(const Console::PageContext& context)
+        : RecordPage(context, FUNCTION, Console::TEXT_ADDRESSES_PURPOSE, Console::ITEM_ADDRESSES),
+          m_host(add(Console::TEXT_HOST_NAME, Console::TEXT_WRONG_HOST_NAME,
+                     std::make_unique<Console::TextInput>(
+                         std::make_unique<TextField>("host", "", "form_name", 40, LONGEST_NAME)))) {
+        add(Console::TEXT_MASKED_ADDRESS, Console::TEXT_WRONG_MASKED_ADDRESS,
+            std::make_unique<Console::MaskedAddressInput>("address"));
+        addServer(Console::TEXT_GATEWAY, "gateway");
+        addServer(Console::TEXT_FIRST_NAME_SERVER, "first_dns");
+        addServer(Console::TEXT_SECOND_NAME_SERVER, "second_dns");
+    }
+
+protected:
+    void checkInputs() override {
+        const std::string host = m_host.getText();
+        const bool hasOtherCharacters = host.find_first_not_of(NAME_CHARACTERS) != host.npos;
+        if (hasOtherCharacters || host.find_first_of("-.") == 0 ||
+            host.find_last_of("-.") == host.size() - 1) {
+            mark(m_host);
+        }
+    }
+
+private:
+    void addServer(Console::Text label, const char* name) {
+        add(label, Console::TEXT_WRONG_ADDRESS,
+            std::make_unique<Console::AddressInput>(name, true));
+    }
+
+    Console::TextInput& m_host;
+};
+
+}  // namespace
+
+int main() {
+    return Console::runProgram<Console::SettingsMain<AddressesPage>>();
+}

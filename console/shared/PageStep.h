@@ -1,0 +1,25 @@
+#pragma once
+
+#include "gui/FormInfo.h"
+
+namespace Console {
+
+/// What a request wants of a page that is confirmed before it changes anything.
+enum class Step {
+    SHOW,        ///< the form, anew
+    EDIT_AGAIN,  ///< the form, instead of what was to be confirmed
+    CONFIRM,     ///< a look at what was sent
+    APPLY        ///< what was confirmed
+};
+
+/// The field of the button that leads back from a confirmation.
+constexpr char BACK_FIELD[] = "back";
+
+/// Only a POST asks for anything but Step::SHOW.
+Step stepOf(const ORVLib::Gui::FormInfo& form);
+
+/// The library's state for a step. A form never carries STATE_CONFIGURE itself: what the user has
+/// confirmed comes as STATE_COMPLETE.
+int stateOf(Step step);
+
+}  // namespace Console

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "gui/MessageMgr.h"
+#include "shared/Input.h"
+#include "shared/Texts.h"
+
+namespace Console {
+
+/// A word of the board, and the text that says it to the user.
+struct Word {
+    const char* word;
+    Text text;
+};
+
+using Words = std::vector<Word>;
+
+/// What the board calls roles, and the severities and sources of events.
+const Words& roles();
+const Words& severities();
+const Words& sources();
+
+/// The role of those who administer some partitions.
+constexpr char ROLE_PARTITION[] = "partition";
+
+/// A word in the user's language; one that is not among the words stays as it is.
+std::string say(ORVLib::Gui::MessageMgr& messages, const Words& words, const std::string& word);
+
+/// Lets the user choose one of the words.
+void addOptions(ChoiceInput& input, ORVLib::Gui::MessageMgr& messages, const Words& words);
+
+}  // namespace Console

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "Users.h"
+#include "shared/SettingsPage.h"
+
+/// The pages that change the list of users. A password never stands in a page, so none of them
+/// carries its input to a confirmation: they are applied at once.
+namespace Users {
+
+/// What a request to the list of users wants, and the user it is about.
+constexpr char ACTION_FIELD[] = "action";
+constexpr char NAME_FIELD[] = "name";
+constexpr char ACTION_ADD[] = "add";
+constexpr char ACTION_EDIT[] = "edit";
+constexpr char ACTION_REMOVE[] = "remove";
+
+/// What these pages have in common: they lead back to the list, and know what the board minds.
+class UserPage : public Console::SettingsPage {
+protected:
+    UserPage(const Console::PageContext& context, Console::Function function, Console::Text purpose,
+             const std::string& action);
+
+    bool isConfirmed() const override { return false; }
+
+    /// Writes an item. What the board minds about the users is said above the form.
+    void send(unsigned int item, const Console::Record& record);
+};
+
+/// What adding and editing a user share: the inputs.
+class UserSettingsPage : public UserPage {
+protected:
+    /// `name` is the first of the inputs.
+    UserSettingsPage(const Console::PageContext& context, Console::Function function,
+                     Console::Text purpose, const std::string& action,
+                     std::unique_ptr<Console::Input> name, Console::Text passwordLabel);
+
+    void checkInputs() override;
+
+    /// Puts a user's settings into the inputs.
+    void setSettings(const User& user);
+
+    /// Writes the inputs: name, password, role, partitions and language.
+    void sendInputs(unsigned int item);
+
+    Console::Input& m_name;
+    Console::PasswordInput& m_password;
+
+private:
+    Console::PasswordInput& addPassword(Console::Text label, Console::Text hint, const char* name);
+
+    Console::PasswordInput& m_repeated;
+    Console::MenuInput& m_role;
+    PartitionsInput& m_partitions;
+    Console::MenuInput& m_language;
+};
+
+class AddUserPage : public UserSettingsPage {
+public:
+    explicit AddUserPage(const Console::PageContext& context);
+
+protected:
+    void readCurrent() override;
+    void checkInputs() override;
+    void apply() override;
+};
+
+/// An empty password leaves the user's own as it is.
+class EditUserPage : public UserSettingsPage {
+public:
+    EditUserPage(const Console::PageContext& context, const User& user);
+
+protected:
+    void readCurrent() override { setSettings(m_user); }
+    void checkInputs() override;
+    void apply() override;
+
+private:
+    User m_user;
+};
+
+class RemoveUserPage : public UserPage {
+public:
+    RemoveUserPage(const Console::PageContext& context, const User& user);
+
+protected:
+    void readCurrent() override {}
+    void apply() override;
+
+private:
+    std::string m_name;
+};
+
+}  // namespace Users

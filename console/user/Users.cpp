@@ -1,0 +1,72 @@
+#include "Users.h"
+
+#include "shared/Board.h"
+
+using namespace ORVLib::Gui;
+
+namespace Users {
+
+namespace {
+
+constexpr std::size_t USER_FIELDS = 4;
+constexpr std::size_t PARTITION_FIELDS = 2;
+constexpr std::size_t MOST_PARTITIONS = 16;
+
+constexpr char CHOSEN = '1';
+constexpr char NOT_CHOSEN = '0';
+
+bool isChosen(const std::string& partitions, std::size_t partition) {
+    return partition < partitions.size() && partitions[partition] == CHOSEN;
+}
+
+}  // namespace
+
+std::vector<User> readUsers(CGIRequester& requester) {
+    std::vector<User> users;
+    const Console::Record record = Console::readRecord(requester, Console::ITEM_USERS);
+    for (const auto& row : Console::rowsOf(record, USER_FIELDS)) {
+        users.push_back({row[0], row[1], row[2], row[3]});
+    }
+    return users;
+}
+
+std::string listPartitions(const std::string& partitions) {
+    std::string list;
+    for (std::size_t partition = 0; partition < partitions.size(); ++partition) {
+        if (isChosen(partitions, partition)) {
+            list += (list.empty() ? "" : ", ") + std::to_string(partition);
+        }
+    }
+    return list.empty() ? "-" : list;
+}
+
+PartitionsInput::PartitionsInput(const std::string& name, CGIRequester& requester)
+    : ChecksInput(name) {
+    const Console::Record record = Console::readRecord(requester, Console::ITEM_PARTITIONS);
+    for (const auto& row : Console::rowsOf(record, PARTITION_FIELDS)) {
+        const std::size_t partition = std::stoul(row[0]);
+        if (partition < MOST_PARTITIONS) {
+            m_partitions.push_back(partition);
+            addBox(row[0]);
+        }
+    }
+}
+
+void PartitionsInput::setText(const std::string& text) {
+    std::string boxes;
+    for (const std::size_t partition : m_partitions) {
+        boxes += isChosen(text, partition) ? CHOSEN : NOT_CHOSEN;
+    }
+    ChecksInput::setText(boxes);
+}
+
+std::string PartitionsInput::getText() const {
+    const std::string boxes = ChecksInput::getText();
+    std::string text(MOST_PARTITIONS, NOT_CHOSEN);
+    for (std::size_t i = 0; i < m_partitions.size(); ++i) {
+        text[m_partitions[i]] = boxes[i];
+    }
+    return text;
+}
+
+}  // namespace Users
