@@ -1,6 +1,6 @@
 """A daemon for one test and a client of it, with the wire format written out.
 
-ORVBOARDD names the program.
+ORVBOARDD names the program, EMULATOR the words before it when it is for another machine.
 """
 
 import os
@@ -84,7 +84,8 @@ class BoardCase(unittest.TestCase):
             resource.setrlimit(resource.RLIMIT_FSIZE, (limit, limit))
 
         return subprocess.Popen(
-            [os.environ["ORVBOARDD"], "--state", self.state, "--socket", self.path, *options],
+            [*os.environ["EMULATOR"].split(), os.environ["ORVBOARDD"],
+             "--state", self.state, "--socket", self.path, *options],
             stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
             preexec_fn=restrict if limit else None)
 

@@ -1,6 +1,7 @@
 """The daemon as a page author uses it: boardctl and many clients, over a real socket.
 
-ORVBOARDD, BOARDCTL and CHECK_LOOP name the programs.
+ORVBOARDD, BOARDCTL and CHECK_LOOP name the programs, EMULATOR the words before them when they are
+for another machine.
 """
 
 import os
@@ -14,6 +15,10 @@ CHECKS = 10000
 ITEM = "0x02011234"
 
 
+def program(name):
+    return [*os.environ["EMULATOR"].split(), os.environ[name]]
+
+
 class Boardctl(unittest.TestCase):
     def setUp(self):
         folder = self.enterContext(tempfile.TemporaryDirectory())
@@ -22,7 +27,7 @@ class Boardctl(unittest.TestCase):
         self.start()
 
     def start(self):
-        self.daemon = subprocess.Popen([os.environ["ORVBOARDD"], "--state", self.state],
+        self.daemon = subprocess.Popen([*program("ORVBOARDD"), "--state", self.state],
                                        env=self.environment, stdout=subprocess.PIPE)
         self.assertTrue(self.daemon.stdout.readline().startswith(b"orvboardd: ready"))
         self.addCleanup(self.stop, self.daemon)
@@ -34,7 +39,7 @@ class Boardctl(unittest.TestCase):
         daemon.stdout.close()
 
     def boardctl(self, *words, typed=None, status=0):
-        done = subprocess.run([os.environ["BOARDCTL"], *words], env=self.environment, input=typed,
+        done = subprocess.run([*program("BOARDCTL"), *words], env=self.environment, input=typed,
                               capture_output=True, text=True, check=False, timeout=60)
         self.assertEqual(done.returncode, status, done.stderr)
         return done.stdout.strip() if status == 0 else done.stderr
@@ -79,7 +84,7 @@ class Boardctl(unittest.TestCase):
 
     def test_a_typed_password_is_not_shown(self):
         terminal, slave = pty.openpty()
-        with subprocess.Popen([os.environ["BOARDCTL"], "login", "admin"], env=self.environment,
+        with subprocess.Popen([*program("BOARDCTL"), "login", "admin"], env=self.environment,
                               stdin=slave, stdout=subprocess.PIPE, stderr=slave) as boardctl:
             shown = os.read(terminal, 100)
             os.write(terminal, b"admin-pass\n")
@@ -93,7 +98,7 @@ class Boardctl(unittest.TestCase):
 
     def test_a_stopped_client_holds_nobody_up(self):
         session = self.login()
-        clients = [subprocess.Popen([os.environ["CHECK_LOOP"], session, str(CHECKS)],
+        clients = [subprocess.Popen([*program("CHECK_LOOP"), session, str(CHECKS)],
                                     env=self.environment, stdout=subprocess.PIPE)
                    for _ in range(8)]
         stopped = clients[0]
