@@ -14,6 +14,7 @@
 #include "gui/SelectMenu.h"
 #include "gui/TextString.h"
 #include "gui/TimeField.h"
+#include "shared/Digits.h"
 #include "shared/OuterPage.h"
 
 using namespace ORVLib::Gui;
@@ -35,10 +36,6 @@ std::string submitted(const FormInfo& form, const std::string& name) {
 
 void printHidden(const std::string& name, const std::string& value) {
     HiddenField(name, inputValue(value)).printHTML();
-}
-
-bool isDigits(const std::string& text) {
-    return !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
 }
 
 std::string numbered(const std::string& name, std::size_t number) {
