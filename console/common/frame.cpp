@@ -3,6 +3,7 @@
 #include "gui/ORVGUIUtil.h"
 #include "gui/OutlineFramePage.h"
 #include "shared/Board.h"
+#include "shared/Form.h"
 #include "shared/Functions.h"
 #include "shared/OuterPage.h"
 #include "shared/PageMain.h"
@@ -35,8 +36,7 @@ protected:
 private:
     /// What the request asks for. Whether the user may use it is for that page to say.
     const Console::FunctionEntry& wantedFunction() const {
-        std::string wanted;
-        m_formInfo->getFormData(Console::FUNCTION_FIELD, wanted);
+        const std::string wanted = Console::fieldOf(*m_formInfo, Console::FUNCTION_FIELD);
         for (const Console::FunctionEntry& entry : Console::functionTable()) {
             if (entry.topMenu != Console::NO_MENU && std::to_string(entry.function) == wanted) {
                 return entry;

@@ -24,6 +24,7 @@
 #include "gui/SubmitButton.h"
 #include "gui/TextString.h"
 #include "gui/TimeField.h"
+#include "shared/Form.h"
 #include "shared/PageMain.h"
 #include "shared/Program.h"
 #include "shared/SkeletonPart.h"
@@ -33,8 +34,9 @@ using namespace ORVLib::Gui;
 
 namespace {
 
+using Console::FORM_NAME;
+
 constexpr int MODULE = 0x904;
-constexpr char FORM_NAME[] = "form_name";
 constexpr int WIDTH = 14;      // of text inputs, in characters
 constexpr int SHOWN_MODE = 1;  // read-only, carrying nothing
 

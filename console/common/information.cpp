@@ -3,6 +3,7 @@
 #include "gui/CGIRequester.h"
 #include "shared/Board.h"
 #include "shared/Components.h"
+#include "shared/Form.h"
 #include "shared/PageMain.h"
 #include "shared/Program.h"
 #include "shared/SkeletonPart.h"
@@ -40,8 +41,7 @@ private:
     std::string place() const {
         std::string path;
         for (const char* const field : {"menu0", "menu1", "menu2"}) {
-            std::string name;
-            m_formInfo->getFormData(field, name);
+            const std::string name = Console::fieldOf(*m_formInfo, field);
             if (!name.empty()) {
                 path += (path.empty() ? "" : " > ") + name;
             }

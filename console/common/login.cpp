@@ -9,6 +9,7 @@
 #include "gui/TextField.h"
 #include "gui/TextString.h"
 #include "shared/Board.h"
+#include "shared/Form.h"
 #include "shared/Functions.h"
 #include "shared/OuterPage.h"
 #include "shared/PageMain.h"
@@ -31,9 +32,7 @@ protected:
     int execMain() override {
         m_formInfo->getFormData("user", m_user);
         if (m_formInfo->isPostMethod()) {
-            std::string password;
-            m_formInfo->getFormData("password", password);
-            openSession(password);
+            openSession(Console::fieldOf(*m_formInfo, "password"));
         } else {
             askLanguage();
         }
@@ -74,9 +73,10 @@ private:
         form->putText("console", m_messages->getString(Console::TEXT_CONSOLE));
         form->putText("user_label", m_messages->getString(Console::TEXT_USER_NAME));
         form->putText("password_label", m_messages->getString(Console::TEXT_PASSWORD));
-        form->put("user", std::make_unique<TextField>("user", Console::inputValue(m_user),
-                                                      "form_name", LONGEST_NAME, LONGEST_NAME));
-        form->put("password", std::make_unique<PasswordField>("password", "", "form_name",
+        form->put("user",
+                  std::make_unique<TextField>("user", Console::inputValue(m_user),
+                                              Console::FORM_NAME, LONGEST_NAME, LONGEST_NAME));
+        form->put("password", std::make_unique<PasswordField>("password", "", Console::FORM_NAME,
                                                               LONGEST_NAME, LONGEST_NAME));
         form->put("submit", std::make_unique<SubmitButton>(
                                 "login", m_messages->getString(Console::TEXT_LOGIN)));

@@ -6,6 +6,7 @@
 #include "gui/MenuData.h"
 #include "gui/ORVGUIUtil.h"
 #include "shared/Components.h"
+#include "shared/Form.h"
 #include "shared/PageMain.h"
 #include "shared/Program.h"
 #include "shared/Rights.h"
@@ -90,9 +91,7 @@ private:
 
     /// What the frameset asks to be marked.
     bool isWanted(const char* field, int number) const {
-        std::string wanted;
-        m_formInfo->getFormData(field, wanted);
-        return wanted == std::to_string(number);
+        return Console::fieldOf(*m_formInfo, field) == std::to_string(number);
     }
 };
 

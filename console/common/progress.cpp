@@ -1,7 +1,6 @@
 // How far the installation of a firmware is.
 
 #include <algorithm>
-#include <cstdlib>
 #include <iostream>
 
 #include "gui/MetaTag.h"
@@ -9,9 +8,11 @@
 #include "shared/Board.h"
 #include "shared/Components.h"
 #include "shared/ConsoleMain.h"
+#include "shared/Digits.h"
 #include "shared/Program.h"
 #include "shared/Rights.h"
 #include "shared/SkeletonPart.h"
+#include "shared/Words.h"
 
 using namespace ORVLib::Gui;
 
@@ -23,8 +24,8 @@ constexpr char RUNNING[] = "running";
 /// A bar that is filled as far as something is done, and the same in digits.
 class ProgressBar : public HTMLComponent {
 public:
-    explicit ProgressBar(const std::string& percent)
-        : m_percent(std::clamp(std::atoi(percent.c_str()), 0, WHOLE)) {}
+    /// REQUIRES: `percent` is not negative. More than all of it counts as all.
+    explicit ProgressBar(int percent) : m_percent(std::min(percent, WHOLE)) {}
 
     void printHTML() const override {
         std::cout << "<progress max=\"" << WHOLE << "\" value=\"" << m_percent << "\"></progress> "
@@ -39,18 +40,15 @@ private:
     int m_percent;
 };
 
-struct State {
-    const char* name;
-    Console::Text text;
-    int colour;
-};
-
-constexpr State STATES[] = {
-    {RUNNING, Console::TEXT_UPDATE_RUNNING, TextString::MAINTENANCE_COLOUR},
-    {"done", Console::TEXT_UPDATE_DONE, TextString::NORMAL_COLOUR},
-    {"failed", Console::TEXT_UPDATE_FAILED, TextString::ERROR_COLOUR},
-    {"idle", Console::TEXT_UPDATE_IDLE, TextString::PLAIN},
-};
+const Console::Words& states() {
+    static const Console::Words STATES = {
+        {RUNNING, Console::TEXT_UPDATE_RUNNING, TextString::MAINTENANCE_COLOUR},
+        {"done", Console::TEXT_UPDATE_DONE, TextString::NORMAL_COLOUR},
+        {"failed", Console::TEXT_UPDATE_FAILED, TextString::ERROR_COLOUR},
+        {"idle", Console::TEXT_UPDATE_IDLE},
+    };
+    return STATES;
+}
 
 class ProgressMain : public Console::ConsoleMain {
 public:
@@ -64,7 +62,7 @@ protected:
             Console::readRecord(context.requester, Console::ITEM_PROGRESS);
         Console::RecordReader reader(progress);
         const std::string state = reader.next();
-        const std::string percent = reader.next();
+        const int percent = readPercent(reader.next());
         if (state == RUNNING) {
             // Takes the place of the interval that the user chose for pages of status.
             HTMLMapUtil::insertIntoMap(m_page->getMap(), "meta_refresh",
@@ -80,11 +78,20 @@ protected:
 private:
     std::string text(Console::Text number) { return m_messages->getString(number); }
 
+    static int readPercent(const std::string& text) {
+        constexpr std::size_t MOST_DIGITS = 3;
+        const int percent = Console::readDigits(text, MOST_DIGITS);
+        if (percent < 0) {
+            Console::failDamaged();
+        }
+        return percent;
+    }
+
     Console::Component makeContent(const Console::PageContext& context, const std::string& state,
-                                   const std::string& percent, const std::string& version) {
+                                   int percent, const std::string& version) {
         auto content = std::make_unique<Console::Sequence>();
         auto facts = std::make_unique<Console::Facts>();
-        facts->add(text(Console::TEXT_STATE), makeState(state));
+        facts->add(text(Console::TEXT_STATE), Console::makeWord(*m_messages, states(), state));
         if (!version.empty()) {
             facts->add(text(Console::TEXT_VERSION), version);
             facts->add(text(Console::TEXT_PROGRESS), std::make_unique<ProgressBar>(percent));
@@ -96,16 +103,6 @@ private:
                                            text(Console::TEXT_FIRMWARE)));
         }
         return content;
-    }
-
-    /// A state that the page does not know is shown as the board says it.
-    Console::Component makeState(const std::string& name) {
-        for (const State& state : STATES) {
-            if (name == state.name) {
-                return Console::makeSentence(text(state.text), state.colour);
-            }
-        }
-        return Console::makeText(name);
     }
 };
 

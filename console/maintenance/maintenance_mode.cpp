@@ -1,5 +1,6 @@
 // What of the server is in maintenance, and whether technical staff may switch power then.
 
+#include <iterator>
 #include <string>
 
 #include "gui/BackendNumbers.h"
@@ -89,10 +90,8 @@ private:
     }
 
     void writeMode(const ORV_MAINTENANCE_MODE& mode) const {
-        if (getRequester().setInfo(ITEM_MAINTENANCE_MODE | ITEM_WRITE, sizeof mode.bytes,
-                                   mode.bytes) == 0) {
-            Console::failWith(getRequester());
-        }
+        const std::string bytes(std::begin(mode.bytes), std::end(mode.bytes));
+        Console::writeBytes(getRequester(), ITEM_MAINTENANCE_MODE, bytes, {});
     }
 
     /// A packet without a number permits nothing, for the rule that lets staff in as well.

@@ -4,6 +4,7 @@
 #include "shared/Board.h"
 #include "shared/Components.h"
 #include "shared/ConsoleMain.h"
+#include "shared/Form.h"
 #include "shared/Program.h"
 #include "shared/SettingsPage.h"
 #include "shared/SkeletonPart.h"
@@ -22,8 +23,7 @@ constexpr int ROW_REMOVED = 201;
 
 /// What a request is about.
 Console::Function functionOf(const FormInfo& form) {
-    std::string operation;
-    form.getFormData(OPERATION, operation);
+    const std::string operation = Console::fieldOf(form, OPERATION);
     if (operation == ADD) {
         return Console::FUNCTION_ADD_ACCESS;
     }

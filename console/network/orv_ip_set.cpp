@@ -2,6 +2,8 @@
 
 #include "gui/TextField.h"
 #include "shared/ConsoleMain.h"
+#include "shared/Form.h"
+#include "shared/HostRules.h"
 #include "shared/Program.h"
 #include "shared/RecordPage.h"
 
@@ -10,8 +12,6 @@ using ORVLib::Gui::TextField;
 namespace {
 
 constexpr int LONGEST_NAME = 64;
-constexpr char NAME_CHARACTERS[] =
-    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-.";
 
 class AddressesPage : public Console::RecordPage {
 public:
@@ -20,10 +20,10 @@ public:
     explicit AddressesPage(const Console::PageContext& context)
         : RecordPage(context, FUNCTION, Console::TEXT_ADDRESSES_PURPOSE, Console::ITEM_ADDRESSES),
           m_host(add(Console::TEXT_HOST_NAME, Console::TEXT_WRONG_HOST_NAME,
-                     std::make_unique<Console::TextInput>(
-                         std::make_unique<TextField>("host", "", "form_name", 40, LONGEST_NAME)))) {
-        add(Console::TEXT_MASKED_ADDRESS, Console::TEXT_WRONG_MASKED_ADDRESS,
-            std::make_unique<Console::MaskedAddressInput>("address"));
+                     std::make_unique<Console::TextInput>(std::make_unique<TextField>(
+                         "host", "", Console::FORM_NAME, 40, LONGEST_NAME)))),
+          m_address(add(Console::TEXT_MASKED_ADDRESS, Console::TEXT_WRONG_MASKED_ADDRESS,
+                        std::make_unique<Console::MaskedAddressInput>("address"))) {
         addServer(Console::TEXT_GATEWAY, "gateway");
         addServer(Console::TEXT_FIRST_NAME_SERVER, "first_dns");
         addServer(Console::TEXT_SECOND_NAME_SERVER, "second_dns");
@@ -31,11 +31,11 @@ public:
 
 protected:
     void checkInputs() override {
-        const std::string host = m_host.getText();
-        const bool hasOtherCharacters = host.find_first_not_of(NAME_CHARACTERS) != host.npos;
-        if (hasOtherCharacters || host.find_first_of("-.") == 0 ||
-            host.find_last_of("-.") == host.size() - 1) {
+        if (!Console::isHostName(m_host.getText())) {
             mark(m_host);
+        }
+        if (!m_address.isError() && !Console::isHostAddress(m_address.getText())) {
+            mark(m_address, Console::TEXT_WRONG_ADDRESS);
         }
     }
 
@@ -46,6 +46,7 @@ private:
     }
 
     Console::TextInput& m_host;
+    Console::MaskedAddressInput& m_address;
 };
 
 }  // namespace

@@ -5,6 +5,8 @@
 #include "gui/EmailAddressField.h"
 #include "gui/InetAddressField.h"
 #include "shared/ConsoleMain.h"
+#include "shared/Form.h"
+#include "shared/HostRules.h"
 #include "shared/Program.h"
 #include "shared/RecordPage.h"
 
@@ -15,11 +17,18 @@ namespace {
 constexpr int LONGEST_TEXT = 64;
 constexpr int WIDTH = 40;
 
-/// Users of both languages see these texts, so they are half-width characters without blanks.
+/// Users of both languages see an address, so it is half-width characters without blanks.
 bool isPlain(const std::string& text) {
     const auto isHalfWidth = [](char character) { return character > ' ' && character <= '~'; };
     return std::all_of(text.begin(), text.end(), isHalfWidth) &&
            !Console::hasCharacterReference(text);
+}
+
+/// True for an address with one "@", and something on both sides of it.
+bool isMailAddress(const std::string& text) {
+    const std::size_t at = text.find('@');
+    return isPlain(text) && at != std::string::npos && at > 0 && at < text.size() - 1 &&
+           text.find('@', at + 1) == std::string::npos;
 }
 
 class MailPage : public Console::RecordPage {
@@ -42,9 +51,12 @@ public:
 
 protected:
     void checkInputs() override {
+        if (!m_server.isEmpty() && !Console::isHostName(m_server.getText())) {
+            mark(m_server);
+        }
         for (const Console::TextInput* const input :
-             {&m_server, &m_sender, &m_firstRecipient, &m_secondRecipient}) {
-            if (!isPlain(input->getText())) {
+             {&m_sender, &m_firstRecipient, &m_secondRecipient}) {
+            if (!input->isEmpty() && !isMailAddress(input->getText())) {
                 mark(*input);
             }
         }
@@ -64,7 +76,7 @@ private:
     Console::TextInput& addText(Console::Text label, Console::Text hint, const char* name) {
         return add(label, hint,
                    std::make_unique<Console::TextInput>(std::make_unique<Field>(
-                       name, "", "form_name", WIDTH, LONGEST_TEXT, nullptr, true)));
+                       name, "", Console::FORM_NAME, WIDTH, LONGEST_TEXT, nullptr, true)));
     }
 
     Console::TextInput& addMailAddress(Console::Text label, const char* name) {

@@ -2,6 +2,7 @@
 
 #include "gui/TextField.h"
 #include "shared/ConsoleMain.h"
+#include "shared/Form.h"
 #include "shared/Program.h"
 #include "shared/RecordPage.h"
 
@@ -60,7 +61,7 @@ private:
     }
 
     static std::unique_ptr<TextField> makeCommunityField(const std::string& name) {
-        auto field = std::make_unique<TextField>(name, "", "form_name", LONGEST_COMMUNITY,
+        auto field = std::make_unique<TextField>(name, "", Console::FORM_NAME, LONGEST_COMMUNITY,
                                                  LONGEST_COMMUNITY);
         field->setCheckCharacters(true);
         field->setAllowEmpty(true);

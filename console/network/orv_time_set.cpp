@@ -8,7 +8,6 @@ namespace {
 
 constexpr char MANUAL[] = "manual";
 constexpr char SERVERS[] = "servers";
-constexpr char LAST_DATE[] = "2037-12-31";
 
 /// Every zone that is in use somewhere.
 constexpr const char* ZONES[] = {
@@ -47,12 +46,8 @@ protected:
     }
 
     void checkInputs() override {
-        if (isSetByServers()) {
-            if (m_firstServer.isEmpty()) {
-                mark(m_firstServer);
-            }
-        } else if (m_date.getText() > LAST_DATE) {  // dates compare as their texts do
-            mark(m_date);
+        if (isSetByServers() && m_firstServer.isEmpty()) {
+            mark(m_firstServer);
         }
     }
 

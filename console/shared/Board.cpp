@@ -1,22 +1,16 @@
 #include "shared/Board.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 #include "gui/BackendNumbers.h"
 #include "orv/PException.h"
+#include "shared/Digits.h"
 
 using ORVLib::Gui::CGIRequester;
 
 namespace Console {
 
 namespace {
-
-constexpr int ERROR_DAMAGED_ANSWER = 1026;
-
-[[noreturn]] void failDamaged() {
-    throw ORVLib::PException(1, 2, 0, 0, ERROR_DAMAGED_ANSWER, 0, 0, 0, 0, 0, 0, 0, 0, 0);
-}
 
 const Record& whole(const Record& record) {
     if (record.isDamaged()) {
@@ -102,15 +96,15 @@ Record readRecord(CGIRequester& requester, unsigned int item) {
 }
 
 std::vector<int> readPartitions(CGIRequester& requester) {
-    const Record record = readRecord(requester, ITEM_PARTITIONS);
+    constexpr std::size_t MOST_DIGITS = 2;
+    constexpr std::size_t FIELDS = 2;  // its number, and whether it is on
     std::vector<int> partitions;
-    for (RecordReader reader(record); !reader.isAtEnd();) {
-        const std::string& number = reader.next();
-        reader.next();  // whether it is on
-        partitions.push_back(number.size() <= 2 ? std::atoi(number.c_str()) : MOST_PARTITIONS);
-        if (partitions.back() < 0 || partitions.back() >= MOST_PARTITIONS) {
+    for (const auto& row : rowsOf(readRecord(requester, ITEM_PARTITIONS), FIELDS)) {
+        const int partition = readDigits(row[0], MOST_DIGITS);
+        if (partition < 0 || partition >= MOST_PARTITIONS) {
             failDamaged();
         }
+        partitions.push_back(partition);
     }
     return partitions;
 }

@@ -27,8 +27,10 @@ void ConsoleMain::errorExit(std::string title, int code) {
 }
 
 void ConsoleMain::requireRight(const PageContext& context) {
-    if (m_access != Access::ANY_SESSION &&
-        !mayUse(context.requester, m_authority, m_function, context.partition)) {
+    // Page and menu that disagree about who may see the page are a fault: nobody sees it then.
+    const bool isAgreed = m_access == entryOf(m_function).access;
+    if (!isAgreed || (m_access != Access::ANY_SESSION &&
+                      !mayUse(context.requester, m_authority, m_function, context.partition))) {
         errorExit("Error", ERROR_NOT_AUTHORISED);
     }
 }

@@ -13,7 +13,7 @@ namespace Console {
 class ConsoleMain : public PageMain {
 protected:
     /// Who may see the page, unless `access` says otherwise, is what the table of rights has for
-    /// `function`.
+    /// `function`. REQUIRES: the function's entry says the same as `access`.
     ConsoleMain(ORVLib::Gui::FormInfo& form, Function function, Access access = Access::BY_TABLE)
         : PageMain(form, function), m_function(function), m_access(access) {}
 

@@ -1,8 +1,12 @@
 #include "shared/EventList.h"
 
+#include <algorithm>
+
 #include "orv/CsvInfoAccess.h"
 #include "shared/Board.h"
 #include "shared/Components.h"
+#include "shared/Digits.h"
+#include "shared/Form.h"
 #include "shared/OuterPage.h"
 #include "shared/UtcTime.h"
 #include "shared/Words.h"
@@ -76,21 +80,12 @@ private:
     /// 0, which no event has, for what is no number of an event.
     static unsigned int readCode(const std::string& text) {
         constexpr std::size_t MOST_DIGITS = 9;
-        const bool isCode = !text.empty() && text.size() <= MOST_DIGITS &&
-                            text.find_first_not_of("0123456789") == std::string::npos;
-        return isCode ? static_cast<unsigned int>(std::stoul(text)) : 0;
+        return static_cast<unsigned int>(std::max(readDigits(text, MOST_DIGITS), 0));
     }
 
     MessageMgr& m_messages;
     ORVLib::ORVUi::CsvInfoAccess m_table;
 };
-
-int colourOf(const std::string& severity) {
-    if (severity == "error") {
-        return TextString::ERROR_COLOUR;
-    }
-    return severity == "warning" ? TextString::WARNING_COLOUR : TextString::NORMAL_COLOUR;
-}
 
 Component makeTable(MessageMgr& messages, const std::vector<Event>& events) {
     std::vector<std::string> headings;
@@ -103,9 +98,8 @@ Component makeTable(MessageMgr& messages, const std::vector<Event>& events) {
     for (const Event& event : events) {
         std::vector<Component> cells;
         cells.push_back(makeText(utcTime(event.time)));
-        cells.push_back(
-            makeText(say(messages, severities(), event.severity), colourOf(event.severity)));
-        cells.push_back(makeText(say(messages, sources(), event.source)));
+        cells.push_back(makeWord(messages, severities(), event.severity));
+        cells.push_back(makeWord(messages, sources(), event.source));
         cells.push_back(makeText(event.user.empty() ? "-" : event.user));
         cells.push_back(makeSentence(explanations.explain(event)));
         table->addRow(std::move(cells));
@@ -114,6 +108,15 @@ Component makeTable(MessageMgr& messages, const std::vector<Event>& events) {
 }
 
 }  // namespace
+
+std::string readBefore(const FormInfo& form) {
+    constexpr std::size_t MOST_DIGITS = 10;
+    constexpr long long LAST_NUMBER = 0x7fffffff;
+    const std::string before = fieldOf(form, BEFORE_FIELD);
+    const bool isNumber = isDigits(before) && before.size() <= MOST_DIGITS &&
+                          before.front() != '0' && std::stoll(before) <= LAST_NUMBER;
+    return isNumber ? before : "";
+}
 
 std::unique_ptr<SkeletonPart> makeEventList(
     const PageContext& context, const EventQuery& query, const std::string& path,
@@ -134,7 +137,7 @@ std::unique_ptr<SkeletonPart> makeEventList(
 }
 
 std::unique_ptr<ChoiceInput> makeSeverityInput(const PageContext& context) {
-    auto input = std::make_unique<RadioInput>("severity");
+    auto input = std::make_unique<RadioInput>(SEVERITY_FIELD);
     addOptions(*input, context.messages, severities());
     return input;
 }

@@ -17,6 +17,12 @@ constexpr int MOST_EVENTS = 200;
 /// The field of an event page's address that says which event those shown are older than.
 constexpr char BEFORE_FIELD[] = "before";
 
+/// What that field says; empty without it, and when it is no event's number.
+std::string readBefore(const ORVLib::Gui::FormInfo& form);
+
+/// The field of the lowest severity, which every search has.
+constexpr char SEVERITY_FIELD[] = "severity";
+
 /// Which events to show; the texts are those of the board.
 struct EventQuery {
     std::string severity;  ///< the lowest

@@ -1,6 +1,7 @@
 #include "shared/Functions.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 #include "gui/MenuData.h"
 
@@ -53,16 +54,19 @@ const std::vector<FunctionEntry>& functionTable() {
     return TABLE_OF_FUNCTIONS;
 }
 
-const FunctionEntry* findFunction(int function) {
+const FunctionEntry& entryOf(Function function) {
     const auto& table = functionTable();
     const auto found = std::find_if(table.begin(), table.end(), [function](const auto& entry) {
         return entry.function == function;
     });
-    return found != table.end() ? &*found : nullptr;
+    if (found == table.end()) {
+        throw std::logic_error("no such function");
+    }
+    return *found;
 }
 
 Text titleOf(Function function) {
-    return findFunction(function)->title;
+    return entryOf(function).title;
 }
 
 std::string topMenuName(int topMenu, int language, MessageMgr& messages) {

@@ -63,10 +63,10 @@ constexpr char FUNCTION_FIELD[] = "fid";
 /// All functions, in the order of the menu.
 const std::vector<FunctionEntry>& functionTable();
 
-/// The entry of a function ID; null when the console has no such function.
-const FunctionEntry* findFunction(int function);
+/// A function's entry. Throws std::logic_error when the table lacks it.
+const FunctionEntry& entryOf(Function function);
 
-/// What a function's page is called. REQUIRES: the table has the function.
+/// What a function's page is called.
 Text titleOf(Function function);
 
 /// The name of a top menu, 0 to 5, in the user's language.

@@ -14,6 +14,9 @@
 #include "gui/SelectMenu.h"
 #include "gui/TextString.h"
 #include "gui/TimeField.h"
+#include "shared/Digits.h"
+#include "shared/Form.h"
+#include "shared/HostRules.h"
 #include "shared/OuterPage.h"
 
 using namespace ORVLib::Gui;
@@ -22,23 +25,12 @@ namespace Console {
 
 namespace {
 
-constexpr char FORM_NAME[] = "form_name";
 constexpr char CHECKED[] = "1";
 constexpr char LAST_DATE[] = "2037-12-31";
 constexpr int WIDEST_BOX = 40;  // in characters; a longer text scrolls in it
 
-std::string submitted(const FormInfo& form, const std::string& name) {
-    std::string value;
-    form.getFormData(name, value);
-    return value;
-}
-
 void printHidden(const std::string& name, const std::string& value) {
     HiddenField(name, inputValue(value)).printHTML();
-}
-
-bool isDigits(const std::string& text) {
-    return !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
 }
 
 std::string numbered(const std::string& name, std::size_t number) {
@@ -92,7 +84,7 @@ bool TextInput::isError() const {
 }
 
 void TextInput::submit(const FormInfo& form) {
-    setText(submitted(form, getName()));
+    setText(fieldOf(form, getName()));
 }
 
 void TextInput::print() const {
@@ -148,7 +140,7 @@ PasswordInput::PasswordInput(const std::string& name, int maxLength)
     : Input(name), m_maxLength(maxLength) {}
 
 void PasswordInput::submit(const FormInfo& form) {
-    m_password = submitted(form, getName());
+    m_password = fieldOf(form, getName());
 }
 
 bool PasswordInput::isError() const {
@@ -170,7 +162,7 @@ void BoxesInput::setText(const std::string& text) {
 
 void BoxesInput::submit(const FormInfo& form) {
     for (std::size_t i = 0; i < m_boxes.size(); ++i) {
-        m_boxes[i] = submitted(form, numbered(getName(), i));
+        m_boxes[i] = fieldOf(form, numbered(getName(), i));
     }
 }
 
@@ -220,7 +212,7 @@ bool AddressInput::isError() const {
     for (std::size_t i = 0; i < ADDRESS_BOXES; ++i) {
         field.setAddress(static_cast<int>(i), box(i));
     }
-    return field.isError();
+    return field.isError() || !isHostAddress(getText());
 }
 
 void AddressInput::print() const {
@@ -350,7 +342,7 @@ void ChoiceInput::addOption(const std::string& value, const std::string& label) 
 }
 
 void ChoiceInput::submit(const FormInfo& form) {
-    m_chosen = submitted(form, getName());
+    m_chosen = fieldOf(form, getName());
 }
 
 const ChoiceInput::Option* ChoiceInput::chosen() const {
@@ -419,7 +411,7 @@ std::string ChecksInput::getText() const {
 
 void ChecksInput::submit(const FormInfo& form) {
     for (std::size_t i = 0; i < m_boxes.size(); ++i) {
-        m_boxes[i].checked = submitted(form, numbered(getName(), i)) == CHECKED;
+        m_boxes[i].checked = fieldOf(form, numbered(getName(), i)) == CHECKED;
     }
 }
 

@@ -176,7 +176,7 @@ private:
     bool m_allowEmpty;
 };
 
-/// An IPv4 address.
+/// The IPv4 address of a computer.
 class AddressInput : public BoxesInput {
 public:
     explicit AddressInput(const std::string& name, bool allowEmpty = false);

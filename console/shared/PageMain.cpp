@@ -1,5 +1,6 @@
 #include "shared/PageMain.h"
 
+#include "shared/Form.h"
 #include "shared/OuterPage.h"
 
 using namespace ORVLib::Gui;
@@ -7,9 +8,7 @@ using namespace ORVLib::Gui;
 namespace Console {
 
 void PageMain::chooseLanguage() {
-    std::string chosen;
-    m_formInfo->getFormData("language", chosen);
-    m_language = chosen == "0" ? 0 : 1;
+    m_language = fieldOf(*m_formInfo, "language") == "0" ? 0 : 1;
 }
 
 void PageMain::beginPage(Text title) {

@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include "orv/PException.h"
+
 namespace Console {
 
 void Record::add(const std::string& text) {
@@ -39,6 +41,24 @@ bool Record::setSerialized(const unsigned char* data, unsigned int size) {
         m_texts.emplace_back(bytes + at);
     }
     return true;
+}
+
+void failDamaged() {
+    constexpr int ERROR_DAMAGED_ANSWER = 1026;
+    throw ORVLib::PException(1, 2, 0, 0, ERROR_DAMAGED_ANSWER, 0, 0, 0, 0, 0, 0, 0, 0, 0);
+}
+
+const std::string& RecordReader::next() {
+    if (isAtEnd()) {
+        failDamaged();
+    }
+    return m_record.getTexts()[m_next++];
+}
+
+void RecordReader::requireEnd() const {
+    if (!isAtEnd()) {
+        failDamaged();
+    }
 }
 
 std::vector<std::vector<std::string>> rowsOf(const Record& record, std::size_t columns) {

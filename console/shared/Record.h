@@ -28,6 +28,9 @@ private:
     bool m_damaged = false;
 };
 
+/// Leaves the page for the error page: the board's answer is not what the page was written for.
+[[noreturn]] void failDamaged();
+
 /// Goes through the texts of a record. REQUIRES: the record outlives this.
 class RecordReader {
 public:
@@ -35,9 +38,11 @@ public:
 
     bool isAtEnd() const { return m_next >= m_record.getTexts().size(); }
 
-    /// The next text. Throws std::out_of_range behind the last one: the board's answer is not
-    /// what the page was written for.
-    const std::string& next() { return m_record.getTexts().at(m_next++); }
+    /// The next text. Behind the last one failDamaged() ends the page.
+    const std::string& next();
+
+    /// Ends the page, as next() does, unless the last text has been read.
+    void requireEnd() const;
 
 private:
     const Record& m_record;
@@ -45,7 +50,7 @@ private:
 };
 
 /// The texts of a record that is a list of rows with so many texts each. A list without rows may
-/// come as one empty text. Throws std::out_of_range when the last row is not whole.
+/// come as one empty text. When the last row is not whole, failDamaged() ends the page.
 std::vector<std::vector<std::string>> rowsOf(const Record& record, std::size_t columns);
 
 }  // namespace Console

@@ -8,6 +8,7 @@ void RecordPage::readCurrent() {
     for (Input* const input : getInputs()) {
         input->read(reader);
     }
+    reader.requireEnd();
 }
 
 void RecordPage::apply() {

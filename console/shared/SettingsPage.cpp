@@ -5,6 +5,7 @@
 #include "gui/SubmitButton.h"
 #include "gui/TextString.h"
 #include "shared/Components.h"
+#include "shared/Form.h"
 #include "shared/OuterPage.h"
 #include "shared/PartitionMain.h"
 
@@ -14,7 +15,6 @@ namespace Console {
 
 namespace {
 
-constexpr char FORM_NAME[] = "form_name";
 constexpr int SETTINGS_CHANGED = 1;
 
 }  // namespace

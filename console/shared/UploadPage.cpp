@@ -4,6 +4,7 @@
 #include "gui/HiddenField.h"
 #include "gui/ORVGUIUtil.h"
 #include "gui/SubmitButton.h"
+#include "shared/Form.h"
 #include "shared/OuterPage.h"
 
 using namespace ORVLib::Gui;
@@ -12,7 +13,6 @@ namespace Console {
 
 namespace {
 
-constexpr char FORM_NAME[] = "form_name";
 constexpr char FILE_FIELD[] = "file";
 constexpr int FILE_FIELD_SIZE = 48;
 
@@ -40,9 +40,7 @@ void UploadPage::carry(const std::string& name, const std::string& value) {
 }
 
 std::string UploadPage::getCarried(const std::string& name) const {
-    std::string value;
-    m_context.form.getFormData(name, value);
-    return value;
+    return fieldOf(m_context.form, name);
 }
 
 void UploadPage::refuse(Text reason, const std::string& detail) {

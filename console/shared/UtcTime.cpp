@@ -11,7 +11,11 @@ std::string utcTime(const std::string& seconds) {
         seconds.find_first_not_of("0123456789") != std::string::npos) {
         return seconds;
     }
-    const auto time = static_cast<std::time_t>(std::stoll(seconds));
+    const long long count = std::stoll(seconds);
+    const auto time = static_cast<std::time_t>(count);
+    if (time != count) {  // later than a time_t of 32 bits lasts
+        return seconds;
+    }
     std::tm parts{};
     char text[sizeof "2030-12-31 23:59:59"];
     if (gmtime_r(&time, &parts) == nullptr ||

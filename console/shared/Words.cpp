@@ -1,6 +1,21 @@
 #include "shared/Words.h"
 
+#include <algorithm>
+
+using namespace ORVLib::Gui;
+
 namespace Console {
+
+namespace {
+
+/// Null for a word that is not among them.
+const Word* find(const Words& words, const std::string& word) {
+    const auto found = std::find_if(words.begin(), words.end(),
+                                    [&word](const Word& known) { return word == known.word; });
+    return found != words.end() ? &*found : nullptr;
+}
+
+}  // namespace
 
 const Words& roles() {
     static const Words ROLES = {
@@ -15,9 +30,9 @@ const Words& roles() {
 
 const Words& severities() {
     static const Words SEVERITIES = {
-        {"info", TEXT_SEVERITY_INFO},
-        {"warning", TEXT_SEVERITY_WARNING},
-        {"error", TEXT_SEVERITY_ERROR},
+        {"info", TEXT_SEVERITY_INFO, TextString::NORMAL_COLOUR},
+        {"warning", TEXT_SEVERITY_WARNING, TextString::WARNING_COLOUR},
+        {"error", TEXT_SEVERITY_ERROR, TextString::ERROR_COLOUR},
     };
     return SEVERITIES;
 }
@@ -31,16 +46,18 @@ const Words& sources() {
     return SOURCES;
 }
 
-std::string say(ORVLib::Gui::MessageMgr& messages, const Words& words, const std::string& word) {
-    for (const Word& known : words) {
-        if (word == known.word) {
-            return messages.getString(known.text);
-        }
-    }
-    return word;
+std::string say(MessageMgr& messages, const Words& words, const std::string& word) {
+    const Word* const known = find(words, word);
+    return known != nullptr ? messages.getString(known->text) : word;
 }
 
-void addOptions(ChoiceInput& input, ORVLib::Gui::MessageMgr& messages, const Words& words) {
+Component makeWord(MessageMgr& messages, const Words& words, const std::string& word) {
+    const Word* const known = find(words, word);
+    return makeSentence(say(messages, words, word),
+                        known != nullptr ? known->colour : TextString::PLAIN);
+}
+
+void addOptions(ChoiceInput& input, MessageMgr& messages, const Words& words) {
     for (const Word& word : words) {
         input.addOption(word.word, messages.getString(word.text));
     }

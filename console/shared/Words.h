@@ -4,15 +4,18 @@
 #include <vector>
 
 #include "gui/MessageMgr.h"
+#include "gui/TextString.h"
+#include "shared/Components.h"
 #include "shared/Input.h"
 #include "shared/Texts.h"
 
 namespace Console {
 
-/// A word of the board, and the text that says it to the user.
+/// A word of the board, and the text that says it to the user, in one of TextString's colours.
 struct Word {
     const char* word;
     Text text;
+    int colour = ORVLib::Gui::TextString::PLAIN;
 };
 
 using Words = std::vector<Word>;
@@ -25,8 +28,12 @@ const Words& sources();
 /// The role of those who administer some partitions.
 constexpr char ROLE_PARTITION[] = "partition";
 
-/// A word in the user's language; one that is not among the words stays as it is.
+/// A word in the user's language. One that is not among the words stays as it is: a later board
+/// may have more of them.
 std::string say(ORVLib::Gui::MessageMgr& messages, const Words& words, const std::string& word);
+
+/// As say(), in the word's colour.
+Component makeWord(ORVLib::Gui::MessageMgr& messages, const Words& words, const std::string& word);
 
 /// Lets the user choose one of the words.
 void addOptions(ChoiceInput& input, ORVLib::Gui::MessageMgr& messages, const Words& words);

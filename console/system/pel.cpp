@@ -19,7 +19,7 @@ public:
 protected:
     std::unique_ptr<HTMLComponent> makeBody(const Console::PageContext& context) override {
         Console::EventQuery query = readFilter(context);
-        context.form.getFormData(Console::BEFORE_FIELD, query.before);
+        query.before = Console::readBefore(context.form);
         auto events = Console::makeEventList(context, query,
                                              ORVGUIUtil::getCGIPath(Console::FUNCTION_EVENTS), {});
         events->putSentence("note", describe(query));

@@ -13,8 +13,6 @@ using namespace ORVLib::Gui;
 
 namespace {
 
-constexpr char LAST_DAY_OF_BOARD[] = "2037-12-31";
-
 /// What to look for.
 class SearchForm {
 public:
@@ -36,11 +34,6 @@ public:
     bool submit(const FormInfo& form) {
         m_inputs.submit(form);
         m_inputs.check();
-        for (const Console::DateInput* const day : {&m_firstDay, &m_lastDay}) {
-            if (!day->isError() && day->getText() > LAST_DAY_OF_BOARD) {
-                m_inputs.mark(*day);
-            }
-        }
         if (!m_inputs.isAnyMarked() && !m_lastDay.isEmpty() &&
             m_lastDay.getText() < m_firstDay.getText()) {
             m_inputs.mark(m_lastDay, Console::TEXT_DAYS_REVERSED);
@@ -85,7 +78,7 @@ public:
 protected:
     std::unique_ptr<HTMLComponent> makeBody(const Console::PageContext& context) override {
         m_search = std::make_unique<SearchForm>(context);
-        const bool isAsked = !context.form.getFields().empty();
+        const bool isAsked = context.form.getFields().count(Console::SEVERITY_FIELD) != 0;
         const bool isWrong = isAsked && !m_search->submit(context.form);
         auto body = std::make_unique<Console::SkeletonPart>("skeleton_list.txt");
         body->putText("title", text(getTitle()));
@@ -113,7 +106,7 @@ private:
     Console::Component makeResult(const Console::PageContext& context) {
         Console::EventQuery query = m_search->getQuery();
         FormInfo::FieldMap fields = context.form.getFields();
-        query.before = fields[Console::BEFORE_FIELD];
+        query.before = Console::readBefore(context.form);
         fields.erase(Console::BEFORE_FIELD);
         return Console::makeEventList(context, query, ORVGUIUtil::getCGIPath(getFunction()),
                                       {fields.begin(), fields.end()});

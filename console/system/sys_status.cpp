@@ -1,47 +1,50 @@
 // The state of every unit of the server.
 
-#include <algorithm>
-
 #include "gui/Image.h"
 #include "shared/Board.h"
 #include "shared/Components.h"
 #include "shared/ConsoleMain.h"
 #include "shared/Program.h"
 #include "shared/SkeletonPart.h"
+#include "shared/Words.h"
 
 using namespace ORVLib::Gui;
 
 namespace {
 
-/// A word of the board's, and what the page makes of it.
-struct Word {
-    const char* word;
-    Console::Text text;
-    int colour;
-};
+constexpr std::size_t UNIT_FIELDS = 4;
 
-constexpr Word KINDS[] = {
-    {"power", Console::TEXT_UNIT_POWER, TextString::PLAIN},
-    {"partition", Console::TEXT_PARTITION, TextString::PLAIN},
-    {"power-supply", Console::TEXT_POWER_SUPPLY, TextString::PLAIN},
-    {"fan", Console::TEXT_FAN, TextString::PLAIN},
-    {"temperature", Console::TEXT_TEMPERATURE, TextString::PLAIN},
-    {"maintenance", Console::TEXT_MAINTENANCE_MODE, TextString::PLAIN},
-};
+const Console::Words& kinds() {
+    static const Console::Words KINDS = {
+        {"power", Console::TEXT_UNIT_POWER},
+        {"partition", Console::TEXT_PARTITION},
+        {"power-supply", Console::TEXT_POWER_SUPPLY},
+        {"fan", Console::TEXT_FAN},
+        {"temperature", Console::TEXT_TEMPERATURE},
+        {"maintenance", Console::TEXT_MAINTENANCE_MODE},
+    };
+    return KINDS;
+}
 
-constexpr Word STATES[] = {
-    {"normal", Console::TEXT_STATE_NORMAL, TextString::NORMAL_COLOUR},
-    {"warning", Console::TEXT_STATE_WARNING, TextString::WARNING_COLOUR},
-    {"degraded", Console::TEXT_STATE_DEGRADED, TextString::DEGRADE_COLOUR},
-    {"error", Console::TEXT_STATE_FAILED, TextString::ERROR_COLOUR},
-    {"maintenance", Console::TEXT_IN_MAINTENANCE, TextString::MAINTENANCE_COLOUR},
-    {"off", Console::TEXT_OFF, TextString::PLAIN},
-};
+const Console::Words& states() {
+    static const Console::Words STATES = {
+        {"normal", Console::TEXT_STATE_NORMAL, TextString::NORMAL_COLOUR},
+        {"warning", Console::TEXT_STATE_WARNING, TextString::WARNING_COLOUR},
+        {"degraded", Console::TEXT_STATE_DEGRADED, TextString::DEGRADE_COLOUR},
+        {"error", Console::TEXT_STATE_FAILED, TextString::ERROR_COLOUR},
+        {"maintenance", Console::TEXT_IN_MAINTENANCE, TextString::MAINTENANCE_COLOUR},
+        {"off", Console::TEXT_OFF},
+    };
+    return STATES;
+}
 
-constexpr Word READINGS[] = {
-    {"on", Console::TEXT_ON, TextString::PLAIN},
-    {"off", Console::TEXT_OFF, TextString::PLAIN},
-};
+const Console::Words& readings() {
+    static const Console::Words READINGS = {
+        {"on", Console::TEXT_ON},
+        {"off", Console::TEXT_OFF},
+    };
+    return READINGS;
+}
 
 class StatusMain : public Console::ConsoleMain {
 public:
@@ -79,12 +82,11 @@ private:
                                      text(Console::TEXT_READING)},
             text(Console::TEXT_NO_UNITS));
         const Console::Record status = Console::readRecord(requester, Console::ITEM_STATUS);
-        for (Console::RecordReader reader(status); !reader.isAtEnd();) {
+        for (const auto& row : Console::rowsOf(status, UNIT_FIELDS)) {
             std::vector<Console::Component> cells;
-            const std::string& kind = reader.next();
-            cells.push_back(makeUnit(kind, reader.next()));
-            cells.push_back(translate(STATES, reader.next()));
-            cells.push_back(translate(READINGS, reader.next()));
+            cells.push_back(makeUnit(row[0], row[1]));
+            cells.push_back(Console::makeWord(*m_messages, states(), row[2]));
+            cells.push_back(Console::makeWord(*m_messages, readings(), row[3]));
             table->addRow(std::move(cells));
         }
         return table;
@@ -99,21 +101,10 @@ private:
             picture->resizeImageDispSize(PICTURE_SIZE, PICTURE_SIZE);
             unit->add(std::move(picture));
         }
-        unit->add(translate(KINDS, kind));
+        unit->add(Console::makeWord(*m_messages, kinds(), kind));
         const bool isSingle = number == "0" && kind != "partition";
         unit->add(Console::makeText(isSingle ? "" : number));
         return unit;
-    }
-
-    /// The text for a word. One that is not known stands there as it is: a later board may have
-    /// more of them.
-    template <std::size_t COUNT>
-    Console::Component translate(const Word (&words)[COUNT], const std::string& word) {
-        const auto* const end = std::end(words);
-        const auto* const found = std::find_if(
-            std::begin(words), end, [&word](const Word& known) { return known.word == word; });
-        return found != end ? Console::makeText(text(found->text), found->colour)
-                            : Console::makeText(word);
     }
 };
 

@@ -1,9 +1,8 @@
 #include "UserPages.h"
 
-#include "gui/HTMLMapUtil.h"
 #include "gui/ORVGUIUtil.h"
 #include "shared/Board.h"
-#include "shared/Components.h"
+#include "shared/Form.h"
 #include "shared/PasswordRule.h"
 #include "shared/Words.h"
 
@@ -34,7 +33,7 @@ bool isGoodName(const std::string& name) {
 
 std::unique_ptr<Console::TextInput> makeNameInput() {
     return std::make_unique<Console::TextInput>(std::make_unique<TextField>(
-        NAME_FIELD, "", "form_name", TextField::DEFAULT_SIZE, LONGEST_NAME));
+        NAME_FIELD, "", Console::FORM_NAME, TextField::DEFAULT_SIZE, LONGEST_NAME));
 }
 
 std::unique_ptr<Console::MenuInput> makeRoleInput(MessageMgr& messages) {
@@ -71,9 +70,7 @@ UserPage::UserPage(const Console::PageContext& context, Console::Function functi
                    Console::Text purpose, const std::string& action)
     : SettingsPage(context, function, purpose) {
     carry(ACTION_FIELD, action);
-    HTMLMapUtil::insertIntoMap(
-        getMap(), "back",
-        Console::makeLink(ORVGUIUtil::getCGIPath(function), text(Console::TEXT_BACK)));
+    setReturnPath(ORVGUIUtil::getCGIPath(function));
 }
 
 void UserPage::send(unsigned int item, const Console::Record& record) {

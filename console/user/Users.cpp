@@ -9,8 +9,6 @@ namespace Users {
 namespace {
 
 constexpr std::size_t USER_FIELDS = 4;
-constexpr std::size_t PARTITION_FIELDS = 2;
-constexpr std::size_t MOST_PARTITIONS = 16;
 
 constexpr char CHOSEN = '1';
 constexpr char NOT_CHOSEN = '0';
@@ -41,30 +39,25 @@ std::string listPartitions(const std::string& partitions) {
 }
 
 PartitionsInput::PartitionsInput(const std::string& name, CGIRequester& requester)
-    : ChecksInput(name) {
-    const Console::Record record = Console::readRecord(requester, Console::ITEM_PARTITIONS);
-    for (const auto& row : Console::rowsOf(record, PARTITION_FIELDS)) {
-        const std::size_t partition = std::stoul(row[0]);
-        if (partition < MOST_PARTITIONS) {
-            m_partitions.push_back(partition);
-            addBox(row[0]);
-        }
+    : ChecksInput(name), m_partitions(Console::readPartitions(requester)) {
+    for (const int partition : m_partitions) {
+        addBox(std::to_string(partition));
     }
 }
 
 void PartitionsInput::setText(const std::string& text) {
     std::string boxes;
-    for (const std::size_t partition : m_partitions) {
-        boxes += isChosen(text, partition) ? CHOSEN : NOT_CHOSEN;
+    for (const int partition : m_partitions) {
+        boxes += isChosen(text, static_cast<std::size_t>(partition)) ? CHOSEN : NOT_CHOSEN;
     }
     ChecksInput::setText(boxes);
 }
 
 std::string PartitionsInput::getText() const {
     const std::string boxes = ChecksInput::getText();
-    std::string text(MOST_PARTITIONS, NOT_CHOSEN);
+    std::string text(Console::MOST_PARTITIONS, NOT_CHOSEN);
     for (std::size_t i = 0; i < m_partitions.size(); ++i) {
-        text[m_partitions[i]] = boxes[i];
+        text[static_cast<std::size_t>(m_partitions[i])] = boxes[i];
     }
     return text;
 }

@@ -34,7 +34,7 @@ public:
     std::string getText() const override;
 
 private:
-    std::vector<std::size_t> m_partitions;
+    std::vector<int> m_partitions;
 };
 
 }  // namespace Users

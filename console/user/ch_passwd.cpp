@@ -1,35 +1,26 @@
 // Changes the password of the user who asks.
 
-#include <algorithm>
-#include <array>
+#include <string>
 
-#include "gui/BackendNumbers.h"
 #include "shared/Board.h"
 #include "shared/ConsoleMain.h"
 #include "shared/PasswordRule.h"
 #include "shared/Program.h"
 #include "shared/SettingsPage.h"
 
-using namespace ORVLib::Gui;
-
 namespace {
 
 constexpr int PASSWORD_CHANGED = 2;
 
-/// The content of the board's item: both passwords, each ended by a NUL.
-class PasswordChange {
-public:
-    PasswordChange(const std::string& present, const std::string& wanted) {
-        std::copy(present.begin(), present.end(), m_bytes.begin());
-        std::copy(wanted.begin(), wanted.end(), m_bytes.begin() + FIELD_SIZE);
-    }
-    const unsigned char* data() const { return m_bytes.data(); }
-    static constexpr unsigned int FIELD_SIZE = 36;
-    static constexpr unsigned int SIZE = 2 * FIELD_SIZE;
-
-private:
-    std::array<unsigned char, SIZE> m_bytes{};
-};
+/// The content of the board's item: both passwords, each filled up with NULs.
+std::string changeOf(const std::string& present, const std::string& wanted) {
+    constexpr std::size_t FIELD_SIZE = 36;
+    std::string content = present;
+    content.resize(FIELD_SIZE);
+    content += wanted;
+    content.resize(2 * FIELD_SIZE);
+    return content;
+}
 
 class PasswordPage : public Console::SettingsPage {
 public:
@@ -65,15 +56,11 @@ protected:
     }
 
     void apply() override {
-        const PasswordChange change(m_present.getText(), m_wanted.getText());
-        if (getRequester().setInfo(Console::ITEM_OWN_PASSWORD | ITEM_WRITE, PasswordChange::SIZE,
-                                   change.data()) != 0) {
-            return;
+        if (Console::writeBytes(getRequester(), Console::ITEM_OWN_PASSWORD,
+                                changeOf(m_present.getText(), m_wanted.getText()),
+                                {Console::ERROR_LOGIN_REFUSED}) != 0) {
+            mark(m_present);
         }
-        if (getRequester().getErrorDetail() != Console::ERROR_LOGIN_REFUSED) {
-            Console::failWith(getRequester());
-        }
-        mark(m_present);
     }
 
 private:

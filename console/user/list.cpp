@@ -6,6 +6,7 @@
 #include "gui/ORVGUIUtil.h"
 #include "shared/Components.h"
 #include "shared/ConsoleMain.h"
+#include "shared/Form.h"
 #include "shared/Program.h"
 #include "shared/SkeletonPart.h"
 #include "shared/Words.h"
@@ -14,11 +15,7 @@ using namespace ORVLib::Gui;
 
 namespace {
 
-std::string fieldOf(const FormInfo& form, const char* name) {
-    std::string value;
-    form.getFormData(name, value);
-    return value;
-}
+using Console::fieldOf;
 
 Console::Function functionOf(const std::string& action) {
     if (action == Users::ACTION_ADD) {

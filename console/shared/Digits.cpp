@@ -1,0 +1,13 @@
+#include "shared/Digits.h"
+
+namespace Console {
+
+bool isDigits(const std::string& text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+}
+
+int readDigits(const std::string& text, std::size_t mostDigits) {
+    return isDigits(text) && text.size() <= mostDigits ? std::stoi(text) : -1;
+}
+
+}  // namespace Console

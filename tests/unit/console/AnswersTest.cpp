@@ -1,0 +1,69 @@
+// What pages make of answers that a board should not give.
+
+#include <gtest/gtest.h>
+
+#include "orv/PException.h"
+#include "shared/Digits.h"
+#include "shared/Record.h"
+#include "shared/UtcTime.h"
+
+namespace Console {
+
+namespace {
+
+Record recordOf(const std::vector<std::string>& texts) {
+    Record record;
+    for (const std::string& text : texts) {
+        record.add(text);
+    }
+    return record;
+}
+
+template <typename Action>
+unsigned int errorOf(Action action) {
+    try {
+        action();
+    } catch (const ORVLib::PException& e) {
+        return e.getExceptionDetail();
+    }
+    return 0;
+}
+
+constexpr unsigned int DAMAGED = 1026;
+
+}  // namespace
+
+TEST(Answers, RowsAreWhole) {
+    EXPECT_TRUE(rowsOf(recordOf({}), 2).empty());
+    EXPECT_TRUE(rowsOf(recordOf({""}), 2).empty());
+    EXPECT_EQ(rowsOf(recordOf({"0", "on", "1", ""}), 2),
+              (std::vector<std::vector<std::string>>{{"0", "on"}, {"1", ""}}));
+    EXPECT_EQ(errorOf([] { rowsOf(recordOf({"0", "on", "1"}), 2); }), DAMAGED);
+}
+
+TEST(Answers, RecordsHaveTheirTexts) {
+    const Record record = recordOf({"a", "b"});
+    RecordReader reader(record);
+    EXPECT_EQ(reader.next(), "a");
+    EXPECT_EQ(errorOf([&] { reader.requireEnd(); }), DAMAGED);
+    EXPECT_EQ(reader.next(), "b");
+    EXPECT_EQ(errorOf([&] { reader.requireEnd(); }), 0U);
+    EXPECT_EQ(errorOf([&] { reader.next(); }), DAMAGED);
+}
+
+TEST(Answers, NumbersAreDigits) {
+    EXPECT_EQ(readDigits("007", 3), 7);
+    EXPECT_EQ(readDigits("999999999", 9), 999999999);
+    for (const char* const text : {"", "ab", "3x", " 3", "+3", "-3", "1000", "99999999999"}) {
+        EXPECT_EQ(readDigits(text, 3), -1) << text;
+    }
+}
+
+TEST(Answers, TimesThatAreNoneStayAsTheyAre) {
+    EXPECT_EQ(utcTime("1924991999"), "2030-12-31 23:59:59");
+    for (const char* const text : {"", "12x", "-1", "99999999999"}) {
+        EXPECT_EQ(utcTime(text), text);
+    }
+}
+
+}  // namespace Console
