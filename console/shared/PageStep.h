@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gui/FormInfo.h"
+#include "gui/HTMLMapUtil.h"
 
 namespace Console {
 
@@ -15,7 +16,11 @@ enum class Step {
 /// The field of the button that leads back from a confirmation.
 constexpr char BACK_FIELD[] = "back";
 
-/// Only a POST asks for anything but Step::SHOW.
+/// Puts a field under the marker "form_end", the last one of a form: without it the form did not
+/// arrive whole, and what is missing of it must not count as empty.
+void putFormEnd(ORVLib::Gui::ComponentMap& map);
+
+/// Only a POST of a whole form asks for anything but Step::SHOW.
 Step stepOf(const ORVLib::Gui::FormInfo& form);
 
 /// The library's state for a step. A form never carries STATE_CONFIGURE itself: what the user has

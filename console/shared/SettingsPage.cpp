@@ -82,7 +82,6 @@ void SettingsPage::makeDispPage() {
 void SettingsPage::makeConfigPage() {
     m_inputs.submit(m_context.form);
     if (areInputsValid()) {
-        m_inputs.emptyUnneeded();
         apply();
     }
     if (m_inputs.isAnyMarked() || m_refused) {
@@ -101,8 +100,7 @@ bool SettingsPage::areInputsValid() {
 void SettingsPage::showForm(bool again) {
     constexpr int CONFIRMED = STATE_CONFIRM;
     constexpr int EDITED = STATE_CONFIGURE;
-    addNextPageItem(isConfirmed() ? &EDITED : &CONFIRMED, false);
-    putTexts();
+    beginForm(isConfirmed() ? &EDITED : &CONFIRMED);
     if (again) {
         HTMLMapUtil::insertIntoMap(getMap(), "error",
                                    makeSentence(text(m_problem), TextString::ERROR_COLOUR));
@@ -113,8 +111,7 @@ void SettingsPage::showForm(bool again) {
 }
 
 void SettingsPage::showConfirmation() {
-    addNextPageItem(&m_state, false);
-    putTexts();
+    beginForm(&m_state);
     putSentence(getMap(), "notice", getConfirmation());
     putEntries(false);
     putButton("submit", m_applyLabel);
@@ -135,6 +132,12 @@ void SettingsPage::putEntries(bool editable) {
 void SettingsPage::putButton(const std::string& marker, Text label) {
     HTMLMapUtil::insertIntoMap(getMap(), marker,
                                std::make_unique<SubmitButton>(marker, text(label), FORM_NAME));
+}
+
+void SettingsPage::beginForm(const int* state) {
+    addNextPageItem(state, false);
+    putFormEnd(getMap());
+    putTexts();
 }
 
 void SettingsPage::putTexts() {

@@ -106,8 +106,7 @@ void UploadPage::receiveFile() {
 }
 
 void UploadPage::showForm(const std::string& notice) {
-    addNextPageItem(&SENT, false);
-    putTexts();
+    beginForm(&SENT);
     if (isRefused()) {
         HTMLMapUtil::insertIntoMap(getMap(), "error",
                                    makeSentence(m_problem, TextString::ERROR_COLOUR));
@@ -126,13 +125,18 @@ void UploadPage::showForm(const std::string& notice) {
 
 void UploadPage::showConfirmation() {
     getGenerator().setSkeletonFileName(skeletonPath("skeleton_settings.txt"));
-    addNextPageItem(&m_state, false);
-    putTexts();
+    beginForm(&m_state);
     putSentence(getMap(), "notice", text(m_notice));
     HTMLMapUtil::insertIntoMap(getMap(), "entries", std::move(m_facts));
     HTMLMapUtil::insertIntoMap(getMap(), "carried", std::move(m_carried));
     putButton("submit", m_applyLabel);
     putButton(BACK_FIELD, TEXT_CANCEL);
+}
+
+void UploadPage::beginForm(const int* state) {
+    addNextPageItem(state, false);
+    putFormEnd(getMap());
+    putTexts();
 }
 
 void UploadPage::putTexts() {
