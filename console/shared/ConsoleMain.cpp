@@ -28,7 +28,7 @@ void ConsoleMain::errorExit(std::string title, int code) {
 
 void ConsoleMain::requireRight(const PageContext& context) {
     if (m_access != Access::ANY_SESSION &&
-        !mayUse(context.requester, m_authority, m_function, context.partition)) {
+        !mayUse(context.requester, m_authority, getFunction(), context.partition)) {
         errorExit("Error", ERROR_NOT_AUTHORISED);
     }
 }
