@@ -70,10 +70,16 @@ protected:
                                    change.data()) != 0) {
             return;
         }
-        if (getRequester().getErrorDetail() != Console::ERROR_LOGIN_REFUSED) {
-            Console::failWith(getRequester());
+        switch (getRequester().getErrorDetail()) {
+            case Console::ERROR_LOGIN_REFUSED:
+                mark(m_present);
+                break;
+            case Console::ERROR_BUSY:
+                refuse(Console::TEXT_BOARD_BUSY);
+                break;
+            default:
+                Console::failWith(getRequester());
         }
-        mark(m_present);
     }
 
 private:
