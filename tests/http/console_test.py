@@ -8,6 +8,8 @@ from site_case import SiteCase
 
 LOGIN, LOGOUT, FRAME = "/common/login.cgi", "/common/logout.cgi", "/common/frame.cgi"
 REFRESH, PASSWORD = "/network/orv_refresh_set.cgi", "/user/ch_passwd.cgi"
+ACCESS_LIST = "/network/orv_acl_set.cgi"
+MAINTENANCE = "/maintenance/maintenance_mode.cgi"
 TIMEOUT_SCRIPT = (b"function onLoadFunction(){\ntop.help_close();\ntop.vorpa_close();\n\n"
                   b'window.top.location.href="/common/timeout.cgi";\n}\n')
 SAFETY_HEADERS = {"cache-control": "no-store", "x-content-type-options": "nosniff"}
@@ -81,6 +83,13 @@ class Console(SiteCase):
         self.assertIn("The settings have been changed.", done.text())
         self.assertEqual(self.interval(), wanted)
 
+    def test_a_wrong_address_is_seen_as_it_was_typed(self):
+        self.client.login("admin")
+        for typed in ("99999999999", " 1", "&#50;", 'a"<b>', "\xe9"):
+            boxes = {f"address{number}": typed.encode("latin-1") for number in range(5)}
+            again = self.client.submit(ACCESS_LIST, {"operation": "add", "page_state": "3", **boxes})
+            self.assertEqual({again.field(name) for name in boxes}, {typed})
+
     def test_only_a_confirmed_post_configures(self):
         before = self.interval()
         forged = "70" if before != "70" else "71"
@@ -153,6 +162,11 @@ class Console(SiteCase):
         self.site.restart_board("--fault", "02018027:error")
         self.assertError(self.client.submit(REFRESH, {"page_state": "4", "interval": "5"}),
                          "(00:0d02)")
+        self.site.restart_board("--fault", "020180b4:error")
+        before = self.client.get(MAINTENANCE).body
+        self.assertError(self.client.submit(MAINTENANCE, {"page_state": "4", "permission0": "1",
+                                                          "mode33_0": "1"}), "(00:0d02)")
+        self.assertEqual(self.client.get(MAINTENANCE).body, before)
         self.site.restart_board()
 
     def test_logout_needs_a_post_and_ends_the_session(self):
