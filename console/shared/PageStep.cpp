@@ -22,16 +22,10 @@ bool isWhole(const FormInfo& form) {
     return form.getFields().count(END_FIELD) != 0 || isFileLost;
 }
 
-}  // namespace
-
-void putFormEnd(ComponentMap& map) {
-    HTMLMapUtil::insertIntoMap(map, END_FIELD, std::make_unique<HiddenField>(END_FIELD, "1"));
-}
-
-Step stepOf(const FormInfo& form) {
+Step wantedStep(const FormInfo& form) {
     std::string carried;
     form.getFormData(HTMLPage::FORM_PAGE_STATE, carried);
-    if (!form.isPostMethod() || !isWhole(form)) {
+    if (!form.isPostMethod()) {
         return Step::SHOW;
     }
     if (form.getFields().count(BACK_FIELD) != 0) {
@@ -41,6 +35,17 @@ Step stepOf(const FormInfo& form) {
         return Step::CONFIRM;
     }
     return carried == std::to_string(CommonDefaultPage::STATE_COMPLETE) ? Step::APPLY : Step::SHOW;
+}
+
+}  // namespace
+
+void putFormEnd(ComponentMap& map) {
+    HTMLMapUtil::insertIntoMap(map, END_FIELD, std::make_unique<HiddenField>(END_FIELD, "1"));
+}
+
+Step stepOf(const FormInfo& form) {
+    const Step step = wantedStep(form);
+    return step == Step::SHOW || isWhole(form) ? step : Step::CUT_OFF;
 }
 
 int stateOf(Step step) {

@@ -75,7 +75,10 @@ void SettingsPage::makeDispPage() {
         }
     } else {
         readCurrent();
-        showForm(false);
+        if (m_step == Step::CUT_OFF) {
+            refuse(TEXT_FORM_CUT_OFF);
+        }
+        showForm(m_refused);
     }
 }
 

@@ -326,7 +326,8 @@ enum Text {
     TEXT_BACKUP_CHANGED = 319,
     TEXT_BACKUP_DAMAGED = 320,
     TEXT_BOARD_BUSY = 321,
-    TEXT_CONFIRM_CLOCK = 322
+    TEXT_CONFIRM_CLOCK = 322,
+    TEXT_FORM_CUT_OFF = 323
 };
 
 }  // namespace Console

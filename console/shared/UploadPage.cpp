@@ -79,6 +79,9 @@ void UploadPage::makeDispPage() {
         drop();
         showForm(text(TEXT_FILE_DROPPED));
     } else {
+        if (m_step == Step::CUT_OFF) {
+            refuse(TEXT_FORM_CUT_OFF);
+        }
         showForm("");
     }
 }

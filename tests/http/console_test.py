@@ -77,7 +77,8 @@ class Console(SiteCase):
         self.assertNotIn(b'type="text"', asked.body)
         back = self.client.submit(REFRESH, {"page_state": "4", "interval": wanted, "back": "Back"})
         self.assertEqual((back.field("page_state"), back.field("interval")), ("3", wanted))
-        self.client.post(REFRESH, {"page_state": "4", "interval": wanted})  # without its end
+        cut = self.client.post(REFRESH, {"page_state": "4", "interval": wanted})
+        self.assertIn("did not arrive whole", cut.text())
         self.assertEqual(self.interval(), before)
         done = self.client.submit(REFRESH, {"page_state": "4", "interval": wanted})
         self.assertIn("The settings have been changed.", done.text())
