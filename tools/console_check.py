@@ -81,11 +81,11 @@ def check_settings(site, client):
 
     seconds = "45"
     expect(client.get(REFRESH).field("interval") == "60", "a new board's setting is not shown")
-    asked = client.post(REFRESH, {"page_state": "3", "interval": seconds})
+    asked = client.submit(REFRESH, {"page_state": "3", "interval": seconds})
     expect(asked.field("page_state") == "4", "valid input is not put up for confirmation")
-    refused = client.post(REFRESH, {"page_state": "3", "interval": "3601"})
+    refused = client.submit(REFRESH, {"page_state": "3", "interval": "3601"})
     expect("from 0 to 3600" in refused.text(), "invalid input is not marked")
-    done = client.post(REFRESH, {"page_state": "4", "interval": asked.field("interval")})
+    done = client.submit(REFRESH, {"page_state": "4", "interval": asked.field("interval")})
     expect("have been changed" in done.text(), "the confirmed setting is not applied")
     kept = int(site.boardctl("get", client.session, OWN_REFRESH_INTERVAL), 16)
     expect(str(kept) == seconds, "the daemon does not have the new setting")

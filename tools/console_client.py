@@ -85,6 +85,10 @@ class ConsoleClient:
         return self.request("POST", path, urllib.parse.urlencode(fields),
                             {"Content-Type": "application/x-www-form-urlencoded"})
 
+    def submit(self, path, fields):
+        """Posts fields with the one that ends every form of settings."""
+        return self.post(path, {**fields, "form_end": "1"})
+
     def upload(self, path, fields, file_name, content):
         return self.request("POST", path, multipart(fields, file_name, content),
                             {"Content-Type": "multipart/form-data; boundary=" + BOUNDARY})

@@ -61,11 +61,22 @@ private:
         if (requester.login(m_user, password, client, m_language, m_sessionId) != 0) {
             return;
         }
-        const bool refused = requester.getErrorDetail() == Console::ERROR_LOGIN_REFUSED;
+        const unsigned int error = requester.getErrorDetail();
         m_trace.putLog(0, "login of " + m_user + " from " + client + " failed: error " +
-                              std::to_string(requester.getErrorDetail()));
+                              std::to_string(error));
         askLanguage();
-        m_problem = refused ? Console::TEXT_WRONG_LOGIN : Console::TEXT_BOARD_UNREACHABLE;
+        m_problem = problemFor(error);
+    }
+
+    static Console::Text problemFor(unsigned int error) {
+        switch (error) {
+            case Console::ERROR_LOGIN_REFUSED:
+                return Console::TEXT_WRONG_LOGIN;
+            case Console::ERROR_BUSY:
+                return Console::TEXT_BOARD_BUSY;
+            default:
+                return Console::TEXT_BOARD_UNREACHABLE;
+        }
     }
 
     std::unique_ptr<HTMLComponent> makeForm() {

@@ -1,11 +1,13 @@
 // What of the server is in maintenance, and whether technical staff may switch power then.
 
+#include <algorithm>
 #include <iterator>
 #include <string>
 
 #include "gui/BackendNumbers.h"
 #include "gui/MaintenanceMode.h"
 #include "orv/GeneralPurposePacket.h"
+#include "orv/PException.h"
 #include "shared/Board.h"
 #include "shared/Components.h"
 #include "shared/ConsoleMain.h"
@@ -53,17 +55,28 @@ protected:
         }
     }
 
+    /// Writes what differs: both items, or neither of them, as far as that is in our power.
     void apply() override {
-        ORV_MAINTENANCE_MODE mode = readMode();
-        for (const Mark& mark : m_marks) {
-            unsigned char& byte = mode.bytes[mark.byte];
-            const bool wanted = !mark.input->isEmpty();
-            byte = (byte != 0) == wanted ? byte : wanted;
-        }
-        if (m_permission != nullptr) {
+        const ORV_MAINTENANCE_MODE present = readMode();
+        const ORV_MAINTENANCE_MODE wanted = wantedMode(present);
+        const bool isModeChanged = !std::equal(std::begin(present.bytes), std::end(present.bytes),
+                                               std::begin(wanted.bytes));
+        const bool isPermissionChanged =
+            m_permission != nullptr && readPermission() == m_permission->isEmpty();
+        if (isPermissionChanged) {
             writePermission(!m_permission->isEmpty());
         }
-        writeMode(mode);
+        if (!isModeChanged) {
+            return;
+        }
+        try {
+            writeMode(wanted);
+        } catch (const ORVLib::PException&) {
+            if (isPermissionChanged) {
+                trySetPermission(m_permission->isEmpty());
+            }
+            throw;
+        }
     }
 
 private:
@@ -79,6 +92,16 @@ private:
                         std::make_unique<Console::FlagInput>("mode" + std::to_string(byte) + '_',
                                                              text(Console::TEXT_IN_MAINTENANCE),
                                                              text(Console::TEXT_IN_OPERATION)))});
+    }
+
+    /// A byte that says the same as its check box stays as it is.
+    ORV_MAINTENANCE_MODE wantedMode(ORV_MAINTENANCE_MODE mode) const {
+        for (const Mark& mark : m_marks) {
+            unsigned char& byte = mode.bytes[mark.byte];
+            const bool wanted = !mark.input->isEmpty();
+            byte = (byte != 0) == wanted ? byte : wanted;
+        }
+        return mode;
     }
 
     ORV_MAINTENANCE_MODE readMode() const {
@@ -104,10 +127,14 @@ private:
         return number != nullptr && number->getValue() != 0;
     }
 
-    void writePermission(bool permitted) const {
+    bool trySetPermission(bool permitted) const {
         GeneralPurposePacket packet;
         packet.addComponent(std::make_unique<PowerPermission>(permitted ? 1 : 0));
-        if (getRequester().setInfo(ITEM_MAINTENANCE_POWER | ITEM_WRITE, packet) == 0) {
+        return getRequester().setInfo(ITEM_MAINTENANCE_POWER | ITEM_WRITE, packet) != 0;
+    }
+
+    void writePermission(bool permitted) const {
+        if (!trySetPermission(permitted)) {
             Console::failWith(getRequester());
         }
     }

@@ -19,6 +19,7 @@ namespace {
 
 constexpr int SETTINGS_RESTORED = 441;
 constexpr char BACKUP_NAME[] = "orv-settings.txt";
+constexpr char FIRST_LINE[] = "orv-settings 1\n";
 constexpr char DOWNLOAD_FIELD[] = "download";
 constexpr char CONTENT_FIELD[] = "content";
 constexpr char DIGEST_FIELD[] = "digest";
@@ -43,10 +44,17 @@ bool isPrintableLines(const std::string& text) {
     });
 }
 
-/// The file, or its beginning when it is too large for a backup; which is then not less than that.
+/// A browser ends the lines that a hidden field carries with CR LF, as some editors do.
+std::string withPlainLineEnds(std::string text) {
+    MessageMgr::convertStr(text, "\r\n", "\n");
+    return text;
+}
+
+/// The file, or its beginning when it is too large for a backup; which then still is.
 std::string readFile(const std::string& path) {
+    constexpr std::size_t LONGEST_LINE_END = 2;
     std::ifstream file(path, std::ios::binary);
-    std::string content(Console::LARGEST_CONTENT + 1, '\0');
+    std::string content((Console::LARGEST_CONTENT + 1) * LONGEST_LINE_END, '\0');
     file.read(content.data(), static_cast<std::streamsize>(content.size()));
     if (!file && !file.eof()) {
         throw std::runtime_error("the uploaded backup cannot be read");
@@ -75,7 +83,7 @@ protected:
     }
 
     void receive(const std::string& path) override {
-        const std::string content = readFile(path);
+        const std::string content = withPlainLineEnds(readFile(path));
         const std::string size = sizeText(getContext().form.getWrittenSize());
         if (!checkContent(content, size)) {
             return;
@@ -89,8 +97,7 @@ protected:
     }
 
     void apply() override {
-        std::string content = getCarried(CONTENT_FIELD);
-        MessageMgr::convertStr(content, "\r\n", "\n");
+        const std::string content = withPlainLineEnds(getCarried(CONTENT_FIELD));
         if (!checkContent(content, sizeText(content.size()))) {
             return;
         }
@@ -104,10 +111,10 @@ protected:
 
 private:
     bool checkContent(const std::string& content, const std::string& size) {
-        if (content.empty() || !isPrintableLines(content)) {
-            refuse(Console::TEXT_NO_BACKUP, size);
-        } else if (content.size() > Console::LARGEST_CONTENT) {
+        if (content.size() > Console::LARGEST_CONTENT) {
             refuse(Console::TEXT_BACKUP_TOO_LARGE, size);
+        } else if (content.rfind(FIRST_LINE, 0) != 0 || !isPrintableLines(content)) {
+            refuse(Console::TEXT_NO_BACKUP, size);
         }
         return !isRefused();
     }

@@ -166,9 +166,11 @@ private:
 
 class AccessListMain : public Console::ConsoleMain {
 public:
-    explicit AccessListMain(FormInfo& form) : ConsoleMain(form, functionOf(form)) {}
+    explicit AccessListMain(FormInfo& form) : ConsoleMain(form, Console::FUNCTION_ACCESS_LIST) {}
 
 protected:
+    Console::Function getFunction() const override { return functionOf(*m_formInfo); }
+
     Console::Component makeBody(const Console::PageContext& context) override {
         switch (getFunction()) {
             case Console::FUNCTION_ADD_ACCESS:

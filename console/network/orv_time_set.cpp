@@ -51,6 +51,10 @@ protected:
         }
     }
 
+    std::string getConfirmation() override {
+        return isSetByServers() ? RecordPage::getConfirmation() : text(Console::TEXT_CONFIRM_CLOCK);
+    }
+
 private:
     bool isSetByServers() const { return m_source.getText() == SERVERS; }
 

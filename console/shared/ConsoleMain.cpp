@@ -28,9 +28,9 @@ void ConsoleMain::errorExit(std::string title, int code) {
 
 void ConsoleMain::requireRight(const PageContext& context) {
     // Page and menu that disagree about who may see the page are a fault: nobody sees it then.
-    const bool isAgreed = m_access == entryOf(m_function).access;
+    const bool isAgreed = m_access == entryOf(getFunction()).access;
     if (!isAgreed || (m_access != Access::ANY_SESSION &&
-                      !mayUse(context.requester, m_authority, m_function, context.partition))) {
+                      !mayUse(context.requester, m_authority, getFunction(), context.partition))) {
         errorExit("Error", ERROR_NOT_AUTHORISED);
     }
 }

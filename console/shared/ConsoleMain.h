@@ -20,7 +20,7 @@ protected:
     /// Makes the page's body. Messages, language and rights are the user's by now.
     virtual std::unique_ptr<ORVLib::Gui::HTMLComponent> makeBody(const PageContext& context) = 0;
 
-    virtual Text getTitle() const { return titleOf(m_function); }
+    virtual Text getTitle() const { return titleOf(getFunction()); }
 
     /// True for a page that reloads itself: it must not keep its user's session alive.
     virtual bool isSelfRefreshing() const { return false; }
@@ -32,7 +32,9 @@ protected:
     using AbstractMain::errorExit;
     void errorExit(std::string title, int code) final;
 
-    Function getFunction() const { return m_function; }
+    /// The function whose right counts. A page that has several chooses here, by the request, which
+    /// has been read whole by then, as it may not be when the page is made.
+    virtual Function getFunction() const { return m_function; }
 
 private:
     int execMain() override;

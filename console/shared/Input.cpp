@@ -177,6 +177,21 @@ void BoxesInput::printCarried() const {
     }
 }
 
+void BoxesInput::printBox(std::size_t number, int maxLength) const {
+    TextField(numbered(getName(), number), inputValue(box(number)), FORM_NAME, maxLength + 1,
+              maxLength)
+        .printHTML();
+}
+
+void BoxesInput::printBoxes(std::size_t count, int maxLength) const {
+    for (std::size_t i = 0; i < count; ++i) {
+        if (i > 0) {
+            std::cout << "&nbsp;" << m_separator << '\n';
+        }
+        printBox(i, maxLength);
+    }
+}
+
 std::string BoxesInput::join(std::size_t digits) const {
     std::string text;
     if (isEmpty()) {
@@ -216,11 +231,7 @@ bool AddressInput::isError() const {
 }
 
 void AddressInput::print() const {
-    IPAddressField field(getName(), "", FORM_NAME);
-    for (std::size_t i = 0; i < ADDRESS_BOXES; ++i) {
-        field.setAddress(static_cast<int>(i), box(i));
-    }
-    field.printHTML();
+    printBoxes(ADDRESS_BOXES, IPAddressField::MAX_LENGTH);
 }
 
 MaskedAddressInput::MaskedAddressInput(const std::string& name)
@@ -276,11 +287,9 @@ bool MaskedAddressInput::isError() const {
 }
 
 void MaskedAddressInput::print() const {
-    IPAddrMaskField field(getName(), "", FORM_NAME);
-    for (std::size_t i = 0; i <= ADDRESS_BOXES; ++i) {
-        setMaskedAddress(field, static_cast<int>(i), box(i));
-    }
-    field.printHTML();
+    printBoxes(ADDRESS_BOXES, IPAddressField::MAX_LENGTH);
+    std::cout << "&nbsp;/\n";
+    printBox(ADDRESS_BOXES, IPAddrMaskField::MASK_MAX_LENGTH);
 }
 
 DateInput::DateInput(const std::string& name, bool allowEmpty)
@@ -368,6 +377,10 @@ void ChoiceInput::printCarried() const {
 void MenuInput::print() const {
     constexpr int NONE = -1;
     SelectMenu menu(getName(), "", FORM_NAME, NONE);
+    if (chosen() == nullptr) {
+        // A browser would choose the first option otherwise, without the user.
+        menu.add("", "", true);
+    }
     for (const Option& option : options()) {
         menu.add(option.value, labelText(option.label), &option == chosen());
     }

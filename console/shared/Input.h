@@ -167,6 +167,11 @@ protected:
     void setBox(std::size_t number, const std::string& text) { m_boxes.at(number) = text; }
     bool isAllowedToBeEmpty() const { return m_allowEmpty; }
 
+    /// Print a box, and the first of them, with what was typed. The library's address fields, which
+    /// check it, print what they made of it.
+    void printBox(std::size_t number, int maxLength) const;
+    void printBoxes(std::size_t count, int maxLength) const;
+
     /// The boxes as a text, each with at least `digits` digits. Empty when nothing is in them.
     std::string join(std::size_t digits) const;
 
@@ -252,7 +257,7 @@ private:
     std::string m_chosen;
 };
 
-/// A choice as a drop-down menu.
+/// A choice as a drop-down menu. When none of its options is chosen, an empty one is.
 class MenuInput : public ChoiceInput {
 public:
     explicit MenuInput(const std::string& name) : ChoiceInput(name) {}

@@ -40,14 +40,6 @@ void InputList::check(const std::function<bool(const Input&)>& isNeeded) {
     }
 }
 
-void InputList::emptyUnneeded() {
-    for (Entry& entry : m_entries) {
-        if (!entry.needed) {
-            entry.input->setText("");
-        }
-    }
-}
-
 void InputList::mark(const Input& input) {
     for (Entry& entry : m_entries) {
         entry.wrong |= entry.input.get() == &input;

@@ -37,9 +37,6 @@ public:
         return true;
     });
 
-    /// Empties the inputs that were found not to be needed.
-    void emptyUnneeded();
-
     /// Marks an input as wrong, beside its hint or another one. REQUIRES: it was added.
     void mark(const Input& input);
     void mark(const Input& input, Text hint);

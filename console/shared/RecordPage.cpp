@@ -14,7 +14,12 @@ void RecordPage::readCurrent() {
 void RecordPage::apply() {
     Record record;
     for (const Input* const input : getInputs()) {
-        input->write(record);
+        // What is not needed stays in its input, for a form that is shown again.
+        if (isNeeded(*input)) {
+            input->write(record);
+        } else {
+            record.add("");
+        }
     }
     if (writeRecord(getRequester(), m_item, record, {ERROR_BAD_REQUEST}) != 0) {
         refuse(TEXT_REFUSED_BY_BOARD);

@@ -6,7 +6,7 @@
 namespace Console {
 
 /// A settings page for one item of the board that is a record: its inputs are the record's texts,
-/// in their order.
+/// in their order. An input that is not needed stands in the record as one empty text.
 class RecordPage : public SettingsPage {
 protected:
     RecordPage(const PageContext& context, Function function, Text purpose, unsigned int item)

@@ -75,14 +75,16 @@ void SettingsPage::makeDispPage() {
         }
     } else {
         readCurrent();
-        showForm(false);
+        if (m_step == Step::CUT_OFF) {
+            refuse(TEXT_FORM_CUT_OFF);
+        }
+        showForm(m_refused);
     }
 }
 
 void SettingsPage::makeConfigPage() {
     m_inputs.submit(m_context.form);
     if (areInputsValid()) {
-        m_inputs.emptyUnneeded();
         apply();
     }
     if (m_inputs.isAnyMarked() || m_refused) {
@@ -101,8 +103,7 @@ bool SettingsPage::areInputsValid() {
 void SettingsPage::showForm(bool again) {
     constexpr int CONFIRMED = STATE_CONFIRM;
     constexpr int EDITED = STATE_CONFIGURE;
-    addNextPageItem(isConfirmed() ? &EDITED : &CONFIRMED, false);
-    putTexts();
+    beginForm(isConfirmed() ? &EDITED : &CONFIRMED);
     if (again) {
         HTMLMapUtil::insertIntoMap(getMap(), "error",
                                    makeSentence(text(m_problem), TextString::ERROR_COLOUR));
@@ -113,8 +114,7 @@ void SettingsPage::showForm(bool again) {
 }
 
 void SettingsPage::showConfirmation() {
-    addNextPageItem(&m_state, false);
-    putTexts();
+    beginForm(&m_state);
     putSentence(getMap(), "notice", getConfirmation());
     putEntries(false);
     putButton("submit", m_applyLabel);
@@ -135,6 +135,12 @@ void SettingsPage::putEntries(bool editable) {
 void SettingsPage::putButton(const std::string& marker, Text label) {
     HTMLMapUtil::insertIntoMap(getMap(), marker,
                                std::make_unique<SubmitButton>(marker, text(label), FORM_NAME));
+}
+
+void SettingsPage::beginForm(const int* state) {
+    addNextPageItem(state, false);
+    putFormEnd(getMap());
+    putTexts();
 }
 
 void SettingsPage::putTexts() {

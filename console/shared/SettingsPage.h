@@ -18,13 +18,14 @@ namespace Console {
 /// What a request does hangs on the "page_state" that its form carried, and on its method:
 ///
 ///     none, or a GET   the form with the present settings; carries 3
+///     "back", any      the form with the input; carries 3
 ///     3                valid input: confirmation, with the input carried on; carries 4
 ///                      otherwise the form again, wrong entries marked; carries 3
 ///     4                valid input: applied, then the completion page
 ///                      otherwise the form again, as above
-///     4 with "back"    the form with the input; carries 3
 ///
-/// The form of a page without confirmation carries 4 wherever 3 stands here.
+/// A form that did not arrive whole counts as none, and the page says so. The form of a page
+/// without confirmation carries 4 wherever 3 stands here.
 ///
 /// A page adds its inputs in its constructor and says how they are read and applied.
 class SettingsPage : public ORVLib::Gui::CommonDefaultPage {
@@ -43,7 +44,7 @@ protected:
     virtual void apply() = 0;
 
     /// False for an input that plays no part, given what the user sent in the others. It is neither
-    /// checked nor shown to be confirmed, and empty when the others are applied.
+    /// checked nor shown to be confirmed; apply() takes it as empty.
     virtual bool isNeeded(const Input&) const { return true; }
 
     /// Marks inputs that are wrong in a way they cannot tell themselves.
@@ -115,6 +116,7 @@ private:
     void showCompletion();
     void putEntries(bool editable);
     void putButton(const std::string& marker, Text label);
+    void beginForm(const int* state);
     void putTexts();
 
     PageContext m_context;

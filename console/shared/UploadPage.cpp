@@ -77,6 +77,9 @@ void UploadPage::makeDispPage() {
         drop();
         showForm(text(TEXT_FILE_DROPPED));
     } else {
+        if (m_step == Step::CUT_OFF) {
+            refuse(TEXT_FORM_CUT_OFF);
+        }
         showForm("");
     }
 }
@@ -104,8 +107,7 @@ void UploadPage::receiveFile() {
 }
 
 void UploadPage::showForm(const std::string& notice) {
-    addNextPageItem(&SENT, false);
-    putTexts();
+    beginForm(&SENT);
     if (isRefused()) {
         HTMLMapUtil::insertIntoMap(getMap(), "error",
                                    makeSentence(m_problem, TextString::ERROR_COLOUR));
@@ -124,13 +126,18 @@ void UploadPage::showForm(const std::string& notice) {
 
 void UploadPage::showConfirmation() {
     getGenerator().setSkeletonFileName(skeletonPath("skeleton_settings.txt"));
-    addNextPageItem(&m_state, false);
-    putTexts();
+    beginForm(&m_state);
     putSentence(getMap(), "notice", text(m_notice));
     HTMLMapUtil::insertIntoMap(getMap(), "entries", std::move(m_facts));
     HTMLMapUtil::insertIntoMap(getMap(), "carried", std::move(m_carried));
     putButton("submit", m_applyLabel);
     putButton(BACK_FIELD, TEXT_CANCEL);
+}
+
+void UploadPage::beginForm(const int* state) {
+    addNextPageItem(state, false);
+    putFormEnd(getMap());
+    putTexts();
 }
 
 void UploadPage::putTexts() {

@@ -16,10 +16,12 @@ namespace Console {
 /// What a request does hangs on the "page_state" that its form carried, and on its method:
 ///
 ///     none, or a GET   the form that asks for a file; carries 3
+///     "back", any      the form; what was kept of the file is dropped
 ///     3                a file of use: what it is, to be confirmed; carries 4
 ///                      otherwise the form again, with the reason; carries 3
 ///     4                done, then the completion page; otherwise the form, with the reason
-///     4 with "back"    the form; what was kept of the file is dropped
+///
+/// A form that did not arrive whole counts as none, and the page says so.
 ///
 /// The uploaded file itself ends with the request that brings it. receive() hands it to the board,
 /// or carries it on.
@@ -80,6 +82,7 @@ private:
     void receiveFile();
     void showForm(const std::string& notice);
     void showConfirmation();
+    void beginForm(const int* state);
     void putTexts();
     void putButton(const std::string& marker, Text label);
 

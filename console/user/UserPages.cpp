@@ -57,6 +57,8 @@ Console::Text reasonFor(unsigned int error) {
             return Console::TEXT_TOO_MANY_USERS;
         case Console::ERROR_NOT_FOUND:
             return Console::TEXT_NO_SUCH_USER;
+        case Console::ERROR_BUSY:
+            return Console::TEXT_BOARD_BUSY;
         case Console::ERROR_LAST_ADMINISTRATOR:
             return Console::TEXT_LAST_ADMINISTRATOR;
         default:
@@ -74,10 +76,10 @@ UserPage::UserPage(const Console::PageContext& context, Console::Function functi
 }
 
 void UserPage::send(unsigned int item, const Console::Record& record) {
-    const unsigned int error =
-        Console::writeRecord(getRequester(), item, record,
-                             {Console::ERROR_EXISTS, Console::ERROR_FULL, Console::ERROR_NOT_FOUND,
-                              Console::ERROR_LAST_ADMINISTRATOR, Console::ERROR_BAD_REQUEST});
+    const unsigned int error = Console::writeRecord(
+        getRequester(), item, record,
+        {Console::ERROR_EXISTS, Console::ERROR_FULL, Console::ERROR_NOT_FOUND,
+         Console::ERROR_LAST_ADMINISTRATOR, Console::ERROR_BUSY, Console::ERROR_BAD_REQUEST});
     if (error != 0) {
         refuse(reasonFor(error));
     }

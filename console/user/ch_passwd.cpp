@@ -56,10 +56,17 @@ protected:
     }
 
     void apply() override {
-        if (Console::writeBytes(getRequester(), Console::ITEM_OWN_PASSWORD,
-                                changeOf(m_present.getText(), m_wanted.getText()),
-                                {Console::ERROR_LOGIN_REFUSED}) != 0) {
-            mark(m_present);
+        const std::string change = changeOf(m_present.getText(), m_wanted.getText());
+        switch (Console::writeBytes(getRequester(), Console::ITEM_OWN_PASSWORD, change,
+                                    {Console::ERROR_LOGIN_REFUSED, Console::ERROR_BUSY})) {
+            case Console::ERROR_LOGIN_REFUSED:
+                mark(m_present);
+                break;
+            case Console::ERROR_BUSY:
+                refuse(Console::TEXT_BOARD_BUSY);
+                break;
+            default:
+                break;
         }
     }
 

@@ -7,6 +7,7 @@
 #include "shared/Components.h"
 #include "shared/ConsoleMain.h"
 #include "shared/Form.h"
+#include "shared/OuterPage.h"
 #include "shared/Program.h"
 #include "shared/SkeletonPart.h"
 #include "shared/Words.h"
@@ -35,14 +36,14 @@ std::unique_ptr<HTMLComponent> makePage(Arguments&&... arguments) {
 
 class UsersMain : public Console::ConsoleMain {
 public:
-    explicit UsersMain(FormInfo& form)
-        : ConsoleMain(form, functionOf(fieldOf(form, Users::ACTION_FIELD))),
-          m_action(fieldOf(form, Users::ACTION_FIELD)) {}
+    explicit UsersMain(FormInfo& form) : ConsoleMain(form, Console::FUNCTION_USERS) {}
 
 protected:
+    Console::Function getFunction() const override { return functionOf(getAction()); }
+
     Console::Text getTitle() const override {
-        return m_action == Users::ACTION_REMOVE ? Console::TEXT_REMOVE_USER
-                                                : ConsoleMain::getTitle();
+        return getAction() == Users::ACTION_REMOVE ? Console::TEXT_REMOVE_USER
+                                                   : ConsoleMain::getTitle();
     }
 
     std::unique_ptr<HTMLComponent> makeBody(const Console::PageContext& context) override {
@@ -57,15 +58,18 @@ protected:
         const auto user = std::find_if(users.begin(), users.end(),
                                        [&name](const auto& each) { return each.name == name; });
         if (user == users.end()) {
+            Console::dressPage(*m_page, text(Console::TEXT_USERS));
             return makeList(users, text(Console::TEXT_NO_SUCH_USER));
         }
-        if (m_action == Users::ACTION_REMOVE) {
+        if (getAction() == Users::ACTION_REMOVE) {
             return makePage<Users::RemoveUserPage>(context, *user);
         }
         return makePage<Users::EditUserPage>(context, *user);
     }
 
 private:
+    std::string getAction() const { return fieldOf(*m_formInfo, Users::ACTION_FIELD); }
+
     /// `problem` is said above the list.
     Console::Component makeList(const std::vector<Users::User>& users, const std::string& problem) {
         auto body = std::make_unique<Console::SkeletonPart>("skeleton_list.txt");
@@ -114,8 +118,6 @@ private:
     }
 
     std::string text(Console::Text number) { return m_messages->getString(number); }
-
-    std::string m_action;
 };
 
 }  // namespace

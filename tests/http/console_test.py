@@ -8,6 +8,8 @@ from site_case import SiteCase
 
 LOGIN, LOGOUT, FRAME = "/common/login.cgi", "/common/logout.cgi", "/common/frame.cgi"
 REFRESH, PASSWORD = "/network/orv_refresh_set.cgi", "/user/ch_passwd.cgi"
+ACCESS_LIST = "/network/orv_acl_set.cgi"
+MAINTENANCE = "/maintenance/maintenance_mode.cgi"
 TIMEOUT_SCRIPT = (b"function onLoadFunction(){\ntop.help_close();\ntop.vorpa_close();\n\n"
                   b'window.top.location.href="/common/timeout.cgi";\n}\n')
 SAFETY_HEADERS = {"cache-control": "no-store", "x-content-type-options": "nosniff"}
@@ -64,34 +66,43 @@ class Console(SiteCase):
         wanted = "120" if before != "120" else "60"
         self.assertEqual(self.client.get(REFRESH).field("page_state"), "3")
         for wrong in ("3601", "", "1x", "-1", "9999", "12345", 'a"b', "&lt;"):
-            again = self.client.post(REFRESH, {"page_state": "3", "interval": wrong})
+            again = self.client.submit(REFRESH, {"page_state": "3", "interval": wrong})
             self.assertEqual(again.field("page_state"), "3", wrong)
             self.assertIn("from 0 to 3600", again.text())
             self.assertEqual(again.field("interval"), wrong)
             self.assertIn("from 0 to 3600",
-                          self.client.post(REFRESH, {"page_state": "4", "interval": wrong}).text())
-        asked = self.client.post(REFRESH, {"page_state": "3", "interval": wanted})
+                          self.client.submit(REFRESH, {"page_state": "4", "interval": wrong}).text())
+        asked = self.client.submit(REFRESH, {"page_state": "3", "interval": wanted})
         self.assertEqual((asked.field("page_state"), asked.field("interval")), ("4", wanted))
         self.assertNotIn(b'type="text"', asked.body)
-        back = self.client.post(REFRESH, {"page_state": "4", "interval": wanted, "back": "Back"})
+        back = self.client.submit(REFRESH, {"page_state": "4", "interval": wanted, "back": "Back"})
         self.assertEqual((back.field("page_state"), back.field("interval")), ("3", wanted))
+        cut = self.client.post(REFRESH, {"page_state": "4", "interval": wanted})
+        self.assertIn("did not arrive whole", cut.text())
         self.assertEqual(self.interval(), before)
-        done = self.client.post(REFRESH, {"page_state": "4", "interval": wanted})
+        done = self.client.submit(REFRESH, {"page_state": "4", "interval": wanted})
         self.assertIn("The settings have been changed.", done.text())
         self.assertEqual(self.interval(), wanted)
+
+    def test_a_wrong_address_is_seen_as_it_was_typed(self):
+        self.client.login("admin")
+        for typed in ("99999999999", " 1", "&#50;", 'a"<b>', "\xe9"):
+            boxes = {f"address{number}": typed.encode("latin-1") for number in range(5)}
+            again = self.client.submit(ACCESS_LIST, {"operation": "add", "page_state": "3", **boxes})
+            self.assertEqual({again.field(name) for name in boxes}, {typed})
 
     def test_only_a_confirmed_post_configures(self):
         before = self.interval()
         forged = "70" if before != "70" else "71"
         for state in ("", "0", "1", "2", "3", "5", "-2", "4x", "04", "4294967298"):
-            self.client.post(REFRESH, {"page_state": state, "interval": forged})
+            self.client.submit(REFRESH, {"page_state": state, "interval": forged})
         for state in ("2", "3", "4"):
             self.client.get(f"{REFRESH}?page_state={state}&interval={forged}")
         fields = {"page_state": "4", "interval": forged}
         own, self.client.session = self.client.session, None
-        self.assertTimeout(self.client.post(REFRESH, fields))
+        self.assertTimeout(self.client.submit(REFRESH, fields))
         self.client.session = own[:-1]
-        self.assertTimeout(self.client.post(REFRESH, fields))
+        self.assertTimeout(self.client.submit(REFRESH, fields))
         self.assertEqual(self.interval(), before)
 
     def test_a_user_without_the_right_sees_the_error_page(self):
@@ -105,7 +116,7 @@ class Console(SiteCase):
         self.client.session = session
         for page in (REFRESH, PASSWORD):
             self.assertError(self.client.get(page), "(00:0502)")
-            self.assertError(self.client.post(page, {"page_state": "4", "interval": "5"}),
+            self.assertError(self.client.submit(page, {"page_state": "4", "interval": "5"}),
                              "(00:0502)")
 
     def test_a_password_is_changed_and_never_shown(self):
@@ -117,12 +128,12 @@ class Console(SiteCase):
                              ({"wanted": "with blank in"}, "8 to 32"),
                              ({"repeated": "different"}, "differ"), ({"present": ""}, "wrong"),
                              ({"present": "p" * 40}, "wrong"), ({"wanted": "w" * 40}, "8 to 32")):
-            answer = self.client.post(PASSWORD, {"page_state": "4", **good, **change})
+            answer = self.client.submit(PASSWORD, {"page_state": "4", **good, **change})
             self.assertIn(hint, answer.text())
             self.assertNotIn(b"Secret", answer.body)
         for fields in ({"page_state": "3"}, {"page_state": "4", "back": "1"}, {"back": "1"}):
-            self.assertNotIn(b"Secret", self.client.post(PASSWORD, {**fields, **good}).body)
-        done = self.client.post(PASSWORD, {"page_state": "4", **good})
+            self.assertNotIn(b"Secret", self.client.submit(PASSWORD, {**fields, **good}).body)
+        done = self.client.submit(PASSWORD, {"page_state": "4", **good})
         self.assertIn("The password has been changed.", done.text())
         self.assertNotIn(b"Secret", done.body)
         self.assertNotIn("Secret", self.trace_log())
@@ -150,8 +161,13 @@ class Console(SiteCase):
                 self.site.restart_board("--fault", "checkSession:" + kind)
                 self.assertError(self.client.get(REFRESH), code)
         self.site.restart_board("--fault", "02018027:error")
-        self.assertError(self.client.post(REFRESH, {"page_state": "4", "interval": "5"}),
+        self.assertError(self.client.submit(REFRESH, {"page_state": "4", "interval": "5"}),
                          "(00:0d02)")
+        self.site.restart_board("--fault", "020180b4:error")
+        before = self.client.get(MAINTENANCE).body
+        self.assertError(self.client.submit(MAINTENANCE, {"page_state": "4", "permission0": "1",
+                                                          "mode33_0": "1"}), "(00:0d02)")
+        self.assertEqual(self.client.get(MAINTENANCE).body, before)
         self.site.restart_board()
 
     def test_logout_needs_a_post_and_ends_the_session(self):
