@@ -12,7 +12,7 @@ namespace {
 
 constexpr int APPLICATION_ID = 0x4f525642;
 constexpr int SCHEMA_VERSION = 2;
-constexpr int KEPT_EVENTS = 10000;
+constexpr int KEPT_EVENTS = 2000;  // of each source
 
 constexpr const char* SCHEMA = R"(
     CREATE TABLE users (
@@ -231,8 +231,12 @@ std::vector<StoredSession> BoardState::readSessions() {
     return sessions;
 }
 
-void BoardState::addSession(const StoredSession& session, const Event& event) {
+void BoardState::addSession(const StoredSession& session, const std::vector<std::string>& ended,
+                            const Event& event) {
     Transaction transaction(m_database);
+    for (const std::string& id : ended) {
+        deleteSession(id);
+    }
     m_database.query("INSERT INTO sessions VALUES (?, ?, ?, ?, ?)")
         .bind(session.id)
         .bind(session.user)
@@ -292,7 +296,13 @@ void BoardState::insertEvent(const Event& event, std::int64_t time) {
         .bind(event.user)
         .bind(event.detail)
         .run();
-    m_database.query("DELETE FROM events WHERE number <= last_insert_rowid() - ?")
+    const int source = getSource(event.code);
+    m_database
+        .query(
+            "DELETE FROM events WHERE code / 100 = ? AND number <= (SELECT number FROM events"
+            " WHERE code / 100 = ? ORDER BY number DESC LIMIT 1 OFFSET ?)")
+        .bind(source)
+        .bind(source)
         .bind(KEPT_EVENTS)
         .run();
 }

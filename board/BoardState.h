@@ -61,7 +61,9 @@ public:
     void writeItems(const StoredItems& contents, const std::vector<Event>& events);
 
     std::vector<StoredSession> readSessions();
-    void addSession(const StoredSession& session, const Event& event);
+    /// Forgets the sessions that `session` takes the room of, too.
+    void addSession(const StoredSession& session, const std::vector<std::string>& ended,
+                    const Event& event);
     void removeSession(const std::string& id, const Event& event);
     /// Stores last uses and forgets sessions, all at once.
     void updateSessions(const std::vector<StoredSession>& used,
