@@ -66,7 +66,7 @@ void Daemon::run() {
     while (!m_stopped) {
         waitAndServe();
         expireClients();
-        m_clients.remove_if([](const Client& client) { return !client.isOpen(); });
+        removeClosed();
         finishInstallation();
         if (Clock::now() >= m_nextStore) {
             storeSessions();
@@ -219,6 +219,18 @@ void Daemon::expireClients() {
             client.expire();
         }
     }
+}
+
+void Daemon::removeClosed() {
+    m_clients.remove_if([this](const Client& client) {
+        if (client.isOpen()) {
+            return false;
+        }
+        if (m_passwordChecks.erase(client.getTicket()) != 0) {
+            m_passwords.cancel(client.getTicket());  // others wait for a place
+        }
+        return true;
+    });
 }
 
 void Daemon::finishInstallation() {

@@ -43,6 +43,7 @@ private:
     void startPasswordCheck(Client& client);
     void finishPasswordChecks();
     void expireClients();
+    void removeClosed();
     void finishInstallation();
     void storeSessions();
 
