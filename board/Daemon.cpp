@@ -59,7 +59,7 @@ Daemon::Daemon(const Options& options)
       m_nextStore(Clock::now() + Sessions::STORE_INTERVAL),
       m_nextAccept(Clock::now()) {
     BoardClock::start(m_state);
-    m_installation.noteInterruption();
+    noteInterruption();
 }
 
 void Daemon::run() {
@@ -70,8 +70,8 @@ void Daemon::run() {
         finishInstallation();
         if (Clock::now() >= m_nextStore) {
             storeSessions();
-            Firmware::dropOrphan(getParts());
         }
+        Firmware::dropOrphan(getParts());
     }
     storeSessions();
 }
@@ -231,6 +231,14 @@ void Daemon::removeClosed() {
         }
         return true;
     });
+}
+
+void Daemon::noteInterruption() {
+    try {
+        m_installation.noteInterruption();
+    } catch (const DatabaseError& error) {
+        putLog(std::string("cannot store that an installation was interrupted: ") + error.what());
+    }
 }
 
 void Daemon::finishInstallation() {

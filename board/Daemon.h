@@ -44,6 +44,7 @@ private:
     void finishPasswordChecks();
     void expireClients();
     void removeClosed();
+    void noteInterruption();
     void finishInstallation();
     void storeSessions();
 
