@@ -57,7 +57,7 @@ constexpr Rule RULES[] = {
     {ITEM_SYSTEM_POWER,           ONE,  USERS,  A|M,     Power::isOperation},
     {ITEM_LED,                    ONE,  USERS,  USERS,   isLed},
     {PROCEDURE_GET_USER_INFO,     ONE,  NOBODY, NOBODY,  isAnything},
-    {ITEM_OWN_LANGUAGE,           ONE,  USERS,  USERS,   isLanguage},
+    {ITEM_OWN_LANGUAGE,           ONE,  USERS,  USERS,   isOwnLanguage},
     {ITEM_OWN_REFRESH_INTERVAL,   ONE,  USERS,  USERS,   isInterval},
     {ITEM_OWN_PASSWORD,           ONE,  NOBODY, USERS,   isPasswordChange},
     {ITEM_PARTITIONS,             ONE,  USERS,  NOBODY,  isAnything},
@@ -243,7 +243,7 @@ std::string Items::read(std::uint32_t id, const Caller* caller) {
     if (handler != nullptr && handler->read != nullptr) {
         return handler->read({m_parts, id, caller, "", ""});
     }
-    if (!m_parts.state.readItem(id)) {
+    if (&rule == &OTHERS && !m_parts.state.readItem(id)) {
         throw boardError(ERROR_NO_SUCH_ITEM, "the item was never set", id);
     }
     return readFit(m_parts.state, id, rule.isFit);
