@@ -30,7 +30,7 @@ std::string readText(const std::string& record, std::size_t offset, std::size_t 
     return text;
 }
 
-// What a person typed must not be able to forge a field of the event log.
+// What a client calls itself must not be able to forge a field of the event log.
 std::string printable(std::string text) {
     for (char& character : text) {
         if (character < ' ' || character > '~') {
@@ -175,7 +175,8 @@ Reply Requests::openSession(const Request& request, const PasswordCheck& login, 
     const auto user = m_state.findUser(login.user);
     const std::string address = printable(login.address);
     if (!user || !isPasswordOf(*user, login, matches)) {
-        m_state.logEvent({EventCode::LOGIN_REFUSED, printable(login.user), address});
+        // Some type their password where the name belongs: only names of users are noted.
+        m_state.logEvent({EventCode::LOGIN_REFUSED, user ? user->name : "", address});
         throw boardError(ERROR_LOGIN_REFUSED, "wrong user name or password");
     }
     Telegram telegram = answerFor(*user, request);
