@@ -96,9 +96,9 @@ void requirePrivate(const std::string& path) {
     }
 }
 
-void removeDraft(const std::string& draft) {
-    ::unlink(draft.c_str());
-    ::unlink((draft + "-journal").c_str());
+bool exists(const std::string& path) {
+    struct stat file {};
+    return ::stat(path.c_str(), &file) == 0 || errno != ENOENT;
 }
 
 // What an administrator can do about it.
@@ -138,32 +138,32 @@ BoardState::BoardState(const std::string& path) try : m_database(openState(path)
 }
 
 Database BoardState::openState(const std::string& path) {
-    struct stat file {};
-    if (::stat(path.c_str(), &file) != 0 && errno == ENOENT) {
+    if (!exists(path)) {
         makeState(path);
     }
     Database database(path);
+    struct stat file {};
     if (::stat(path.c_str(), &file) == 0 && file.st_size == 0) {
         throw DatabaseError("empty", SQLITE_EMPTY);
     }
     return database;
 }
 
-// A daemon that ends meanwhile leaves nothing under the state's own name, and what another one
-// made first stays.
+// Under another name, until it is whole: a daemon that ends meanwhile leaves a draft to go on with.
+// Of several daemons one has the draft, and is the one that gives it its name.
 void BoardState::makeState(const std::string& path) {
     const std::string draft = path + DRAFT_SUFFIX;
-    removeDraft(draft);
-    try {
-        BoardState(Database(draft)).makeNew();
+    BoardState state{Database(draft)};
+    state.makeNew();
+    if (!exists(path)) {
+        // What SQLite would take for the latest changes, of a state that somebody removed.
+        ::unlink((path + "-journal").c_str());
+        ::unlink((path + "-wal").c_str());
         if (::link(draft.c_str(), path.c_str()) != 0) {
             throw std::system_error(errno, std::generic_category(), "cannot make " + path);
         }
-    } catch (const std::runtime_error&) {
-        removeDraft(draft);
-        throw;
     }
-    removeDraft(draft);
+    ::unlink(draft.c_str());
 }
 
 void BoardState::checkFile() {
@@ -193,6 +193,9 @@ void BoardState::checkContents() {
 
 void BoardState::makeNew() {
     Transaction transaction(m_database);
+    if (m_database.query("SELECT 1 FROM sqlite_schema").step()) {
+        return;
+    }
     m_database.execute(SCHEMA);
     for (const SampleUser& sample : SAMPLE_USERS) {
         replaceUser({sample.name, hashPassword(sample.password),
