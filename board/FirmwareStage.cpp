@@ -24,7 +24,7 @@ constexpr std::size_t VERSION_OFFSET = 12;
 constexpr std::size_t DIGEST_OFFSET = VERSION_OFFSET + MAX_VERSION_LENGTH;
 constexpr std::size_t HEADER_SIZE = DIGEST_OFFSET + Digest::SIZE;
 
-constexpr std::uint64_t RESERVE = 1024 * 1024;
+constexpr std::uint64_t RESERVE = std::uint64_t{1024} * 1024;
 
 std::optional<std::string> readVersion(const std::string& header) {
     std::string version = readField(header, VERSION_OFFSET, MAX_VERSION_LENGTH);

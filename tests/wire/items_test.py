@@ -413,7 +413,7 @@ class ItemsTest(BoardCase):
         self.end()
         self.edit("WITH RECURSIVE n(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM n WHERE n < 1000)"
                   " INSERT INTO sessions SELECT n, 'guest', printf('%.131c', 'a'),"
-                  " unixepoch(), unixepoch() FROM n")
+                  f" {int(time.time())}, {int(time.time())} FROM n")
         self.start()
         time.sleep(1)
         listed = self.get(SESSIONS, self.login().session)
