@@ -28,6 +28,9 @@ constexpr Field STORED[] = {number(INT_MIN, INT_MAX), ZONE, SOURCE, SERVER, SERV
 enum SettingField { SETTING_ZONE, SETTING_SOURCE, SETTING_SERVER };
 constexpr Field SETTINGS[] = {ZONE, SOURCE, SERVER, SERVER};
 
+// Where the clock stops: behind it are no days that could be written.
+constexpr std::int64_t LAST_SECOND = (std::int64_t{LAST_DAY} + 1) * SECONDS_PER_DAY - 1;
+
 bool isStored(const std::string& content) {
     return parseRecord(content, STORED).has_value();
 }
@@ -46,7 +49,7 @@ std::int64_t measureOffset(const Call& call, const Record& fields) {
     if (time < 0) {
         throw boardError(ERROR_BAD_REQUEST, "the time is before 1970 in UTC", call.id);
     }
-    return time - (call.state.getTime() - call.state.getTimeOffset());
+    return time - BoardState::getMachineTime();
 }
 
 }  // namespace
@@ -75,7 +78,10 @@ bool isSettings(const std::string& content) {
 
 std::int64_t restoreSettings(const BoardState& state, std::string& content) {
     Record fields = *parseTexts(content);
-    const std::int64_t offset = fields[SETTING_SOURCE] == SERVERS ? 0 : state.getTimeOffset();
+    // In its new zone, too, the clock must have reached its beginning, or it would stand.
+    const std::int64_t lowest = -BoardState::getMachineTime() - *parseZone(fields[SETTING_ZONE]);
+    const std::int64_t offset =
+        fields[SETTING_SOURCE] == SERVERS ? 0 : std::max(state.getTimeOffset(), lowest);
     fields.insert(fields.begin(), std::to_string(offset));
     content = formatRecord(fields);
     return offset;
@@ -90,8 +96,8 @@ void start(BoardState& state) {
 
 std::string read(const Call& call) {
     Record fields = *parseTexts(readFit(call.state, ITEM_CLOCK, isStored));
-    const std::int64_t local =
-        std::max<std::int64_t>(call.state.getTime() + *parseZone(fields[STORED_ZONE]), 0);
+    const std::int64_t local = std::clamp<std::int64_t>(
+        call.state.getTime() + *parseZone(fields[STORED_ZONE]), 0, LAST_SECOND);
     fields[STORED_OFFSET] = formatTime(static_cast<int>(local % SECONDS_PER_DAY));
     fields.insert(fields.begin(), formatDay(local / SECONDS_PER_DAY));
     return formatRecord(fields);

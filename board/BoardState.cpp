@@ -1,9 +1,15 @@
 #include "BoardState.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <cerrno>
+#include <system_error>
 
 #include "Password.h"
 #include "Protocol.h"
+#include "Records.h"
 #include "SampleBoard.h"
 
 namespace ORVLib::Board {
@@ -12,7 +18,9 @@ namespace {
 
 constexpr int APPLICATION_ID = 0x4f525642;
 constexpr int SCHEMA_VERSION = 2;
-constexpr int KEPT_EVENTS = 10000;
+constexpr int KEPT_EVENTS = 2000;  // of each source
+
+const char* const DRAFT_SUFFIX = ".new";
 
 constexpr const char* SCHEMA = R"(
     CREATE TABLE users (
@@ -51,14 +59,46 @@ std::chrono::system_clock::time_point toTime(std::int64_t seconds) {
     return std::chrono::system_clock::time_point(std::chrono::seconds(seconds));
 }
 
+// Whoever answers with a text ends it with a NUL, or its line.
+std::string readText(const Query& query, int column) {
+    std::string text = query.getBytes(column);
+    if (!isPrintable(text)) {
+        throw DatabaseError("a text is damaged", SQLITE_CORRUPT);
+    }
+    return text;
+}
+
 User readUser(const Query& query) {
-    return User{query.getBytes(0),
-                query.getBytes(1),
+    return User{readText(query, 0),
+                readText(query, 1),
                 Authority{static_cast<std::uint32_t>(query.getNumber(2)),
                           static_cast<std::uint32_t>(query.getNumber(3))},
                 static_cast<unsigned char>(query.getNumber(4)),
                 static_cast<std::uint32_t>(query.getNumber(5)),
                 query.getBytes(6)};
+}
+
+// What the tables are, by their names.
+std::string readSchema(Database& database) {
+    std::string schema;
+    Query query = database.query(
+        "SELECT sql FROM sqlite_schema WHERE name NOT LIKE 'sqlite%'"
+        " ORDER BY name");
+    while (query.step()) {
+        schema += query.getBytes(0) + ';';
+    }
+    return schema;
+}
+
+void requirePrivate(const std::string& path) {
+    if (::chmod(path.c_str(), S_IRUSR | S_IWUSR) != 0) {
+        throw DatabaseError("the file belongs to somebody else", SQLITE_PERM);
+    }
+}
+
+bool exists(const std::string& path) {
+    struct stat file {};
+    return ::stat(path.c_str(), &file) == 0 || errno != ENOENT;
 }
 
 // What an administrator can do about it.
@@ -74,6 +114,8 @@ std::string explain(const DatabaseError& error) {
         case SQLITE_CANTOPEN:
         case SQLITE_PERM:
             return "cannot be opened for writing; check the rights of the file and its folder";
+        case SQLITE_EMPTY:
+            return "is empty; restore it, or remove it to begin with the sample board";
         case SQLITE_MISMATCH:
             return "belongs to another program or version; move it away or choose another --state"
                    " file";
@@ -84,38 +126,76 @@ std::string explain(const DatabaseError& error) {
 
 }  // namespace
 
-BoardState::BoardState(const std::string& path) try : m_database(path) {
+BoardState::BoardState(const std::string& path) try : m_database(openState(path)) {
     checkFile();
+    checkContents();
+    requirePrivate(path);
+    m_database.accept();
     // Write-ahead: one flush to the disk for each change. FULL: done before the change returns.
     m_database.execute("PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL;");
-    Transaction transaction(m_database);
-    if (!m_database.query("SELECT 1 FROM sqlite_schema").step()) {
-        makeNew();
-    }
-    transaction.commit();
 } catch (const DatabaseError& error) {
     throw std::runtime_error(path + " " + explain(error));
 }
 
+Database BoardState::openState(const std::string& path) {
+    if (!exists(path)) {
+        makeState(path);
+    }
+    Database database(path);
+    struct stat file {};
+    if (::stat(path.c_str(), &file) == 0 && file.st_size == 0) {
+        throw DatabaseError("empty", SQLITE_EMPTY);
+    }
+    return database;
+}
+
+// Under another name, until it is whole: a daemon that ends meanwhile leaves a draft to go on with.
+// Of several daemons one has the draft, and is the one that gives it its name.
+void BoardState::makeState(const std::string& path) {
+    const std::string draft = path + DRAFT_SUFFIX;
+    BoardState state{Database(draft)};
+    state.makeNew();
+    if (!exists(path)) {
+        // What SQLite would take for the latest changes, of a state that somebody removed.
+        ::unlink((path + "-journal").c_str());
+        ::unlink((path + "-wal").c_str());
+        if (::link(draft.c_str(), path.c_str()) != 0) {
+            throw std::system_error(errno, std::generic_category(), "cannot make " + path);
+        }
+    }
+    ::unlink(draft.c_str());
+}
+
 void BoardState::checkFile() {
-    Query schema = m_database.query("SELECT count(*) FROM sqlite_schema");
-    schema.step();
     Query application = m_database.query("PRAGMA application_id");
     application.step();
     Query version = m_database.query("PRAGMA user_version");
     version.step();
-    const bool isNew = schema.getNumber(0) == 0 && application.getNumber(0) == 0;
-    if (!isNew &&
-        (application.getNumber(0) != APPLICATION_ID || version.getNumber(0) != SCHEMA_VERSION)) {
+    if (application.getNumber(0) != APPLICATION_ID || version.getNumber(0) != SCHEMA_VERSION) {
         throw DatabaseError("of another program or version", SQLITE_MISMATCH);
     }
-    Query check = m_database.query("PRAGMA quick_check(1)");
-    if (!check.step() || check.getBytes(0) != "ok") {
-        throw DatabaseError("damaged", SQLITE_CORRUPT);
+    Database fresh(":memory:");
+    fresh.execute(SCHEMA);
+    if (readSchema(m_database) != readSchema(fresh)) {
+        throw DatabaseError("tables are missing or changed", SQLITE_CORRUPT);
     }
 }
 
+void BoardState::checkContents() {
+    Query check = m_database.query("PRAGMA integrity_check(1)");
+    if (!check.step() || check.getBytes(0) != "ok" ||
+        m_database.query("PRAGMA foreign_key_check").step()) {
+        throw DatabaseError("damaged", SQLITE_CORRUPT);
+    }
+    readUsers();  // damaged texts show as they are read
+    readSessions();
+}
+
 void BoardState::makeNew() {
+    Transaction transaction(m_database);
+    if (m_database.query("SELECT 1 FROM sqlite_schema").step()) {
+        return;
+    }
     m_database.execute(SCHEMA);
     for (const SampleUser& sample : SAMPLE_USERS) {
         replaceUser({sample.name, hashPassword(sample.password),
@@ -129,6 +209,7 @@ void BoardState::makeNew() {
         insertEvent({sample.code, sample.user, sample.detail},
                     getTime() - sample.minutesAgo * std::int64_t{60});
     }
+    transaction.commit();
 }
 
 void BoardState::replaceUser(const User& user) {
@@ -225,14 +306,18 @@ std::vector<StoredSession> BoardState::readSessions() {
         // A clock that was set back since must not make a session last longer.
         const std::int64_t lastUse = std::clamp<std::int64_t>(query.getNumber(4), 0, now);
         const std::int64_t loginTime = std::clamp<std::int64_t>(query.getNumber(3), 0, lastUse);
-        sessions.push_back({query.getBytes(0), query.getBytes(1), query.getBytes(2),
+        sessions.push_back({readText(query, 0), readText(query, 1), readText(query, 2),
                             toTime(loginTime), toTime(lastUse)});
     }
     return sessions;
 }
 
-void BoardState::addSession(const StoredSession& session, const Event& event) {
+void BoardState::addSession(const StoredSession& session, const std::vector<std::string>& ended,
+                            const Event& event) {
     Transaction transaction(m_database);
+    for (const std::string& id : ended) {
+        deleteSession(id);
+    }
     m_database.query("INSERT INTO sessions VALUES (?, ?, ?, ?, ?)")
         .bind(session.id)
         .bind(session.user)
@@ -292,7 +377,13 @@ void BoardState::insertEvent(const Event& event, std::int64_t time) {
         .bind(event.user)
         .bind(event.detail)
         .run();
-    m_database.query("DELETE FROM events WHERE number <= last_insert_rowid() - ?")
+    const int source = getSource(event.code);
+    m_database
+        .query(
+            "DELETE FROM events WHERE code / 100 = ? AND number <= (SELECT number FROM events"
+            " WHERE code / 100 = ? ORDER BY number DESC LIMIT 1 OFFSET ?)")
+        .bind(source)
+        .bind(source)
         .bind(KEPT_EVENTS)
         .run();
 }
@@ -311,14 +402,19 @@ std::vector<StoredEvent> BoardState::readEvents(const EventQuery& wanted) {
         .bind(wanted.count);
     while (query.step()) {
         events.push_back({query.getNumber(0), query.getNumber(1),
-                          static_cast<EventCode>(query.getNumber(2)), query.getBytes(3),
-                          query.getBytes(4)});
+                          static_cast<EventCode>(query.getNumber(2)), readText(query, 3),
+                          readText(query, 4)});
     }
     return events;
 }
 
+std::int64_t BoardState::getMachineTime() {
+    return toSeconds(std::chrono::system_clock::now());
+}
+
+// What happened before the clock was set back may lie before its beginning.
 std::int64_t BoardState::toBoardTime(StoredSession::Time time) const {
-    return toSeconds(time) + m_timeOffset;
+    return std::max<std::int64_t>(toSeconds(time) + m_timeOffset, 0);
 }
 
 }  // namespace ORVLib::Board

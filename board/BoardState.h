@@ -61,7 +61,9 @@ public:
     void writeItems(const StoredItems& contents, const std::vector<Event>& events);
 
     std::vector<StoredSession> readSessions();
-    void addSession(const StoredSession& session, const Event& event);
+    /// Forgets the sessions that `session` takes the room of, too.
+    void addSession(const StoredSession& session, const std::vector<std::string>& ended,
+                    const Event& event);
     void removeSession(const std::string& id, const Event& event);
     /// Stores last uses and forgets sessions, all at once.
     void updateSessions(const std::vector<StoredSession>& used,
@@ -72,12 +74,19 @@ public:
 
     /// The board's clock: seconds since 1970, UTC, ahead of the machine's clock by the offset.
     std::int64_t getTime() const { return toBoardTime(std::chrono::system_clock::now()); }
+    /// As that clock would have shown it, from 0.
     std::int64_t toBoardTime(StoredSession::Time time) const;
+    static std::int64_t getMachineTime();
     std::int64_t getTimeOffset() const { return m_timeOffset; }
     void setTimeOffset(std::int64_t seconds) { m_timeOffset = seconds; }
 
 private:
+    explicit BoardState(Database database) : m_database(std::move(database)) {}
+
+    static Database openState(const std::string& path);
+    static void makeState(const std::string& path);
     void checkFile();
+    void checkContents();
     void makeNew();
     void replaceUser(const User& user);
     void insertEvent(const Event& event, std::int64_t time);

@@ -10,7 +10,9 @@ namespace ORVLib::Board {
 
 constexpr int SECONDS_PER_DAY = 86400;
 
-/// The number of a day "YYYY-MM-DD", from 0 for 1970-01-01 to that of 2037-12-31.
+constexpr int LAST_DAY = 24836;  ///< 2037-12-31
+
+/// The number of a day "YYYY-MM-DD", from 0 for 1970-01-01 to LAST_DAY.
 std::optional<int> parseDay(const std::string& text);
 
 /// "YYYY-MM-DD". REQUIRES: 0 <= day.

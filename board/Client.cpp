@@ -121,6 +121,7 @@ void Client::takeTelegram() {
     m_request.type = static_cast<std::uint32_t>(message.type);
     m_request.telegram = Telegram::parse(message.payload);
     m_hasTelegram = true;
+    enter(Phase::RECEIVING);  // the payload's time begins
 }
 
 void Client::takePayload() {

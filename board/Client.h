@@ -49,12 +49,11 @@ public:
     /// Never answers: the client is kept until it hangs up.
     void ignore();
 
-    void close() { m_phase = Phase::CLOSED; }
-
 private:
     enum class Phase { RECEIVING, WORKING, SENDING, ENDING, IGNORED, CLOSED };
 
     void enter(Phase phase);
+    void close() { m_phase = Phase::CLOSED; }
     bool receiveRequest();
     bool takeRequest();
     void takeTelegram();

@@ -54,6 +54,10 @@ bool isLanguage(const std::string& content) {
     return isNumber(content, 0, 255);
 }
 
+bool isOwnLanguage(const std::string& content) {
+    return isNumber(content, 0, 1);
+}
+
 bool isInterval(const std::string& content) {
     return isNumber(content, 0, 86400);
 }

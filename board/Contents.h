@@ -30,6 +30,7 @@ bool isFitRecord(const std::string& content, const Field& field);
 
 bool isAnything(const std::string& content);
 bool isLanguage(const std::string& content);
+bool isOwnLanguage(const std::string& content);
 bool isInterval(const std::string& content);
 bool isPort(const std::string& content);
 bool isPasswordChange(const std::string& content);

@@ -59,19 +59,19 @@ Daemon::Daemon(const Options& options)
       m_nextStore(Clock::now() + Sessions::STORE_INTERVAL),
       m_nextAccept(Clock::now()) {
     BoardClock::start(m_state);
-    m_installation.noteInterruption();
+    noteInterruption();
 }
 
 void Daemon::run() {
     while (!m_stopped) {
         waitAndServe();
         expireClients();
-        m_clients.remove_if([](const Client& client) { return !client.isOpen(); });
+        removeClosed();
         finishInstallation();
         if (Clock::now() >= m_nextStore) {
             storeSessions();
-            Firmware::dropOrphan(getParts());
         }
+        Firmware::dropOrphan(getParts());
     }
     storeSessions();
 }
@@ -218,6 +218,26 @@ void Daemon::expireClients() {
         if (client.isOpen() && client.getDeadline() <= now) {
             client.expire();
         }
+    }
+}
+
+void Daemon::removeClosed() {
+    m_clients.remove_if([this](const Client& client) {
+        if (client.isOpen()) {
+            return false;
+        }
+        if (m_passwordChecks.erase(client.getTicket()) != 0) {
+            m_passwords.cancel(client.getTicket());  // others wait for a place
+        }
+        return true;
+    });
+}
+
+void Daemon::noteInterruption() {
+    try {
+        m_installation.noteInterruption();
+    } catch (const DatabaseError& error) {
+        putLog(std::string("cannot store that an installation was interrupted: ") + error.what());
     }
 }
 

@@ -43,6 +43,8 @@ private:
     void startPasswordCheck(Client& client);
     void finishPasswordChecks();
     void expireClients();
+    void removeClosed();
+    void noteInterruption();
     void finishInstallation();
     void storeSessions();
 

@@ -64,7 +64,12 @@ Database::Database(const std::string& path) {
     if (sqlite3_db_readonly(handle, "main") != 0) {
         throw DatabaseError("attempt to write a readonly database", SQLITE_READONLY);
     }
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     execute("PRAGMA locking_mode = EXCLUSIVE; PRAGMA foreign_keys = ON;");
+}
+
+void Database::accept() {
+    sqlite3_db_config(m_handle.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
 }
 
 void Database::execute(const char* sql) {
@@ -101,7 +106,6 @@ Transaction::~Transaction() {
         m_database.execute("ROLLBACK");
     } catch (const DatabaseError&) {
         // SQLite has rolled back by itself, as it does after some failures.
-        m_open = false;
     }
 }
 

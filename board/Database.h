@@ -52,8 +52,12 @@ private:
 /// is there after a crash. Every failure is a DatabaseError.
 class Database {
 public:
-    /// Opens the file for writing, or makes it, readable for its owner only.
+    /// Opens the file for writing, or makes it, readable for its owner only. Closing leaves it and
+    /// its write-ahead log as they are, unless something was written.
     explicit Database(const std::string& path);
+
+    /// Lets closing put the write-ahead log into the file: it has been found to be good.
+    void accept();
 
     void execute(const char* sql);
 

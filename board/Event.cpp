@@ -51,8 +51,12 @@ int parseSource(const std::string& name) {
     return indexOf(name, SOURCES) + 1;
 }
 
+int getSource(EventCode code) {
+    return static_cast<int>(code) / CODES_PER_SOURCE;
+}
+
 const char* getSourceName(EventCode code) {
-    const int hundreds = static_cast<int>(code) / CODES_PER_SOURCE;
+    const int hundreds = getSource(code);
     return hundreds >= 1 && hundreds <= static_cast<int>(std::size(SOURCES)) ? SOURCES[hundreds - 1]
                                                                              : "";
 }

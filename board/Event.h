@@ -45,6 +45,8 @@ Severity parseSeverity(const std::string& name);
 
 /// The number of hundreds that the source's codes have. REQUIRES: `name` is a source's name.
 int parseSource(const std::string& name);
+/// As parseSource(), of a code.
+int getSource(EventCode code);
 /// The source's name, or an empty text for a code that no source has.
 const char* getSourceName(EventCode code);
 

@@ -79,6 +79,9 @@ std::string readFilter(const Call& call) {
 
 void writeFilter(const Call& call) {
     User user = call.getUser();
+    if (user.eventFilter == call.content) {
+        return;
+    }
     user.eventFilter = call.content;
     call.state.storeUser(user, call.makeEvent(EventCode::SETTINGS_CHANGED, "own event filter"));
 }

@@ -114,7 +114,7 @@ std::string readProgress(const Call& call) {
 }
 
 void dropOrphan(const Parts& parts) {
-    if (!parts.sessions.find(parts.stage.getOwner(), false)) {
+    if (!parts.stage.isEmpty() && !parts.sessions.find(parts.stage.getOwner(), false)) {
         parts.stage.drop();
     }
 }

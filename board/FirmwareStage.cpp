@@ -2,10 +2,12 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <system_error>
 
 #include "Contents.h"
@@ -21,6 +23,8 @@ constexpr std::size_t SIZE_OFFSET = 8;
 constexpr std::size_t VERSION_OFFSET = 12;
 constexpr std::size_t DIGEST_OFFSET = VERSION_OFFSET + MAX_VERSION_LENGTH;
 constexpr std::size_t HEADER_SIZE = DIGEST_OFFSET + Digest::SIZE;
+
+constexpr std::uint64_t RESERVE = std::uint64_t{1024} * 1024;
 
 std::optional<std::string> readVersion(const std::string& header) {
     std::string version = readField(header, VERSION_OFFSET, MAX_VERSION_LENGTH);
@@ -46,6 +50,13 @@ bool writeAll(int file, std::string_view bytes) {
     return true;
 }
 
+// Sessions, settings and events are written to the same disk, and come first.
+bool leavesReserve(int file, std::size_t added) {
+    struct statvfs disk {};
+    return ::fstatvfs(file, &disk) == 0 &&
+           std::uint64_t{disk.f_bavail} * disk.f_frsize >= RESERVE + added;
+}
+
 }  // namespace
 
 FirmwareStage::FirmwareStage(std::string path) : m_path(std::move(path)) {
@@ -62,16 +73,22 @@ void FirmwareStage::begin(const std::string& sessionId) {
 }
 
 void FirmwareStage::append(std::string_view bytes) {
+    if (!leavesReserve(m_file.get(), bytes.size())) {
+        fail(ENOSPC);
+    }
     if (!writeAll(m_file.get(), bytes)) {
-        const int error = errno;
-        drop();
-        throw std::system_error(error, std::generic_category(), m_path);
+        fail(errno);
     }
     m_size += bytes.size();
     m_fileDigest.add(bytes);
     const std::string_view head = bytes.substr(0, HEADER_SIZE - m_header.size());
     m_header += head;
     m_payloadDigest.add(bytes.substr(head.size()));
+}
+
+void FirmwareStage::fail(int error) {
+    drop();
+    throw std::system_error(error, std::generic_category(), m_path);
 }
 
 void FirmwareStage::drop() {

@@ -25,8 +25,8 @@ public:
     /// Starts a new image in place of what there is. Throws std::system_error.
     void begin(const std::string& sessionId);
 
-    /// Appends to the image. When that fails, drops it and throws std::system_error.
-    /// REQUIRES: isOf() somebody.
+    /// Appends to the image. When that fails, or would fill the disk, drops it and throws
+    /// std::system_error. REQUIRES: isOf() somebody.
     void append(std::string_view bytes);
 
     /// Forgets the image.
@@ -45,6 +45,7 @@ public:
 
 private:
     bool hasAnnouncedSize() const;
+    [[noreturn]] void fail(int error);
 
     std::string m_path;
     FileDescriptor m_file;

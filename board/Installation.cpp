@@ -13,6 +13,8 @@ namespace {
 constexpr std::chrono::seconds DURATION{10};
 constexpr std::int64_t ALMOST_DONE = 99;
 
+const char* const RUNNING = "running";
+const char* const FAILED = "failed";
 enum ProgressField { STATE, PERCENT, VERSION };
 constexpr Field PROGRESS[] = {word("idle|running|done|failed"), number(0, 100),
                               text(0, MAX_VERSION_LENGTH)};
@@ -23,15 +25,15 @@ void Installation::noteInterruption() {
     const auto progress = m_state.readItem(ITEM_PROGRESS);
     if (progress && isProgress(*progress)) {  // whoever reads a damaged one sees an error
         const Record fields = *parseTexts(*progress);
-        if (fields[STATE] == "running") {
-            m_state.writeItem(ITEM_PROGRESS, formatRecord({"failed", "0", fields[VERSION]}),
+        if (fields[STATE] == RUNNING) {
+            m_state.writeItem(ITEM_PROGRESS, formatRecord({FAILED, "0", fields[VERSION]}),
                               {EventCode::INSTALLATION_FAILED, "", fields[VERSION]});
         }
     }
 }
 
 void Installation::start(const std::string& version, const std::string& user) {
-    m_state.writeItems({{ITEM_PROGRESS, formatRecord({"running", "0", version})}}, {});
+    m_state.writeItems({{ITEM_PROGRESS, formatRecord({RUNNING, "0", version})}}, {});
     m_version = version;
     m_user = user;
     m_begin = Clock::now();
@@ -47,6 +49,8 @@ std::string Installation::readProgress() {
     if (isRunning()) {
         const std::int64_t percent = (Clock::now() - m_begin) * 100 / DURATION;
         fields[PERCENT] = std::to_string(std::min(percent, ALMOST_DONE));
+    } else if (fields[STATE] == RUNNING) {  // was interrupted, which could not be stored
+        fields[STATE] = FAILED;
     }
     return formatRecord(fields);
 }

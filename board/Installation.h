@@ -16,7 +16,8 @@ public:
     /// `state` must outlive this.
     explicit Installation(BoardState& state) : m_state(state) {}
 
-    /// Takes note of an installation that the daemon's run before did not finish.
+    /// Takes note of an installation that the daemon's run before did not finish. Throws
+    /// DatabaseError, without which its progress is that of a failed one, too.
     void noteInterruption();
 
     bool isRunning() const { return !m_version.empty(); }

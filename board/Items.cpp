@@ -57,7 +57,7 @@ constexpr Rule RULES[] = {
     {ITEM_SYSTEM_POWER,           ONE,  USERS,  A|M,     Power::isOperation},
     {ITEM_LED,                    ONE,  USERS,  USERS,   isLed},
     {PROCEDURE_GET_USER_INFO,     ONE,  NOBODY, NOBODY,  isAnything},
-    {ITEM_OWN_LANGUAGE,           ONE,  USERS,  USERS,   isLanguage},
+    {ITEM_OWN_LANGUAGE,           ONE,  USERS,  USERS,   isOwnLanguage},
     {ITEM_OWN_REFRESH_INTERVAL,   ONE,  USERS,  USERS,   isInterval},
     {ITEM_OWN_PASSWORD,           ONE,  NOBODY, USERS,   isPasswordChange},
     {ITEM_PARTITIONS,             ONE,  USERS,  NOBODY,  isAnything},
@@ -243,7 +243,7 @@ std::string Items::read(std::uint32_t id, const Caller* caller) {
     if (handler != nullptr && handler->read != nullptr) {
         return handler->read({m_parts, id, caller, "", ""});
     }
-    if (!m_parts.state.readItem(id)) {
+    if (&rule == &OTHERS && !m_parts.state.readItem(id)) {
         throw boardError(ERROR_NO_SUCH_ITEM, "the item was never set", id);
     }
     return readFit(m_parts.state, id, rule.isFit);
@@ -261,18 +261,26 @@ void Items::checkWrite(std::uint32_t id, const std::string& content, const Calle
     requireFit(rule, id, content);
 }
 
-void Items::write(std::uint32_t id, const std::string& content, const Caller& caller,
+void Items::write(std::uint32_t id, const std::string& content, Caller& caller,
                   const std::string& passwordHash) {
     checkWrite(id, content, caller);
     const Handler* const handler = findEntry(HANDLERS, findRule(id).id);
     if (handler != nullptr) {
         handler->write({m_parts, id, &caller, content, passwordHash});
     } else {
-        m_parts.state.writeItem(id, content, writtenBy(caller.user, id, content));
+        store(id, content, caller.user);
+    }
+    caller.user = m_parts.state.findUser(caller.user.name).value_or(caller.user);
+}
+
+// What changes nothing leaves no event: it could push out those that tell of something.
+void Items::store(std::uint32_t id, const std::string& content, const User& user) {
+    if (m_parts.state.readItem(id) != content) {
+        m_parts.state.writeItem(id, content, writtenBy(user, id, content));
     }
 }
 
-std::string Items::exchange(std::uint32_t id, const std::string& content, const Caller& caller) {
+std::string Items::exchange(std::uint32_t id, const std::string& content, Caller& caller) {
     const Rule& rule = requireRule(id);
     requireAmong(rule.readers, id, &caller);
     if ((rule.writers & ASKED) != 0) {

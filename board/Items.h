@@ -30,14 +30,16 @@ public:
     /// Throws PException for what is not allowed or not fit for the item.
     void checkWrite(std::uint32_t id, const std::string& content, const Caller& caller);
 
-    /// As checkWrite(), and stores the content or does what it asks for.
-    void write(std::uint32_t id, const std::string& content, const Caller& caller,
+    /// As checkWrite(), and stores the content or does what it asks for. Takes what that made of
+    /// the user into `caller`.
+    void write(std::uint32_t id, const std::string& content, Caller& caller,
                const std::string& passwordHash = "");
 
     /// Writes and reads what is there then; or asks, where the content is a question.
-    std::string exchange(std::uint32_t id, const std::string& content, const Caller& caller);
+    std::string exchange(std::uint32_t id, const std::string& content, Caller& caller);
 
 private:
+    void store(std::uint32_t id, const std::string& content, const User& user);
     void requireAmong(unsigned int who, std::uint32_t id, const Caller* caller);
 
     Parts m_parts;

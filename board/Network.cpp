@@ -40,14 +40,17 @@ std::string readHttpsPort(const Call& call) {
 }
 
 void writeHttpsPort(const Call& call) {
-    Record services = *parseTexts(readFit(call.state, ITEM_SERVICES, isServices));
+    const std::string before = readFit(call.state, ITEM_SERVICES, isServices);
+    Record services = *parseTexts(before);
     services[HTTPS_PORT_FIELD] = std::to_string(readNumber(call.content, 0));
     const std::string content = formatRecord(services);
     if (!isServices(content)) {
         throw boardError(ERROR_BAD_REQUEST, "another service has this port", call.id);
     }
-    call.state.writeItem(ITEM_SERVICES, content,
-                         call.makeEvent(EventCode::SETTINGS_CHANGED, "HTTPS port"));
+    if (content != before) {
+        call.state.writeItem(ITEM_SERVICES, content,
+                             call.makeEvent(EventCode::SETTINGS_CHANGED, "HTTPS port"));
+    }
 }
 
 void addAccess(const Call& call) {

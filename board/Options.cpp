@@ -98,6 +98,9 @@ Options Options::parse(int argc, char** argv) {
     if (options.state.empty() && !options.help) {
         throw std::invalid_argument("--state FILE is missing");
     }
+    if (options.state == ":memory:") {  // SQLite's name for what is gone with the daemon
+        throw std::invalid_argument("--state takes a file, not ':memory:'");
+    }
     if (options.socket.empty()) {
         options.socket = ORVIpc::getSocketPath();
     }

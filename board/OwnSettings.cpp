@@ -10,7 +10,11 @@ std::string readLanguage(const Call& call) {
 
 void writeLanguage(const Call& call) {
     User user = call.getUser();
-    user.language = static_cast<unsigned char>(readNumber(call.content, 0));
+    const auto language = static_cast<unsigned char>(readNumber(call.content, 0));
+    if (user.language == language) {
+        return;
+    }
+    user.language = language;
     call.state.storeUser(user, call.makeEvent(EventCode::SETTINGS_CHANGED, "own language"));
 }
 
@@ -20,7 +24,11 @@ std::string readInterval(const Call& call) {
 
 void writeInterval(const Call& call) {
     User user = call.getUser();
-    user.refreshInterval = readNumber(call.content, 0);
+    const std::uint32_t interval = readNumber(call.content, 0);
+    if (user.refreshInterval == interval) {
+        return;
+    }
+    user.refreshInterval = interval;
     call.state.storeUser(user, call.makeEvent(EventCode::SETTINGS_CHANGED, "own refresh interval"));
 }
 

@@ -3,6 +3,7 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <stdexcept>
 #include <system_error>
@@ -57,6 +58,15 @@ bool PasswordWorker::submit(Job job) {
     }
     m_changed.notify_one();
     return true;
+}
+
+void PasswordWorker::cancel(std::uint64_t ticket) {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const auto found = std::find_if(m_jobs.begin(), m_jobs.end(),
+                                    [ticket](const Job& job) { return job.ticket == ticket; });
+    if (found != m_jobs.end()) {
+        m_jobs.erase(found);
+    }
 }
 
 std::vector<PasswordWorker::Result> PasswordWorker::takeResults() {

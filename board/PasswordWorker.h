@@ -39,6 +39,9 @@ public:
     /// Returns false when too many wait already.
     bool submit(Job job);
 
+    /// Forgets a job that still waits.
+    void cancel(std::uint64_t ticket);
+
     /// Readable when there are results.
     int getDescriptor() const { return m_wake.get(); }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "Contents.h"
 #include "Maintenance.h"
@@ -59,6 +60,13 @@ const Operation& findOperation(const std::string& content) {
     return *operation;
 }
 
+// None when it is damaged.
+std::optional<bool> findPower(const Call& call, std::uint32_t partition) {
+    const auto power = call.state.readItem(ITEM_PARTITION_POWER + partition);
+    return power && isState(*power) ? std::optional<bool>(*power == formatRecord({ON}))
+                                    : std::nullopt;
+}
+
 bool isOn(const Call& call, std::uint32_t partition) {
     const std::string power = readFit(call.state, ITEM_PARTITION_POWER + partition, isState);
     return power == formatRecord({ON});
@@ -81,17 +89,21 @@ const std::string& nameOf(bool power) {
 }
 
 // Carries the operation out on the partitions from `first` to the one before `end`, all at once.
+// Where the power is damaged it is taken for off, and off is written, or it would stay damaged.
 void operate(const Call& call, std::uint32_t first, std::uint32_t end) {
     const Operation& operation = findOperation(call.content);
     StoredItems changes;
     std::vector<Event> events;
     for (std::uint32_t n = first; n < end; ++n) {
-        if (isOn(call, n) == operation.from) {
+        const std::optional<bool> power = findPower(call, n);
+        if (power.value_or(false) == operation.from) {
             changes[ITEM_PARTITION_POWER + n] = formatRecord({nameOf(operation.to)});
             events.push_back(call.makeEvent(operation.event, "partition " + std::to_string(n)));
+        } else if (!power) {
+            changes[ITEM_PARTITION_POWER + n] = formatRecord({OFF});
         }
     }
-    if (changes.empty() && operation.event == EventCode::RESET) {
+    if (events.empty() && operation.event == EventCode::RESET) {
         throw boardError(ERROR_BAD_REQUEST, "what is off cannot be reset", call.id);
     }
     call.state.writeItems(changes, events);

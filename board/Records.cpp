@@ -71,6 +71,11 @@ bool isFit(const Field& field, const std::string& text) {
     return false;
 }
 
+bool isPrintable(const std::string& text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char character) { return isPrintable(character); });
+}
+
 std::optional<Record> parseTexts(const std::string& bytes) {
     if (bytes.empty() || bytes.back() != '\0') {
         return std::nullopt;

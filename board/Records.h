@@ -52,6 +52,9 @@ constexpr Field ZONE = {Field::Kind::ZONE, 0, 0, false, ""};  ///< "+HH:MM" or "
 
 bool isFit(const Field& field, const std::string& text);
 
+/// True for a text of printable ASCII.
+bool isPrintable(const std::string& text);
+
 /// The texts; none when a byte is no printable ASCII or the last NUL is missing.
 std::optional<Record> parseTexts(const std::string& bytes);
 

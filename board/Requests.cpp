@@ -30,7 +30,7 @@ std::string readText(const std::string& record, std::size_t offset, std::size_t 
     return text;
 }
 
-// What a person typed must not be able to forge a field of the event log.
+// What a client calls itself must not be able to forge a field of the event log.
 std::string printable(std::string text) {
     for (char& character : text) {
         if (character < ' ' || character > '~') {
@@ -76,6 +76,11 @@ Reply answered(const Step& step) {
     } catch (const std::exception& error) {
         return Reply::error(failure(error));
     }
+}
+
+// The password may have been changed while this check of the one before waited.
+bool isPasswordOf(const User& user, const Requests::PasswordCheck& check, bool matches) {
+    return matches && (!check.hash || *check.hash == user.passwordHash);
 }
 
 }  // namespace
@@ -169,8 +174,9 @@ Requests::PasswordCheck Requests::beginItemWrite(const Request& request) {
 Reply Requests::openSession(const Request& request, const PasswordCheck& login, bool matches) {
     const auto user = m_state.findUser(login.user);
     const std::string address = printable(login.address);
-    if (!user || !matches) {
-        m_state.logEvent({EventCode::LOGIN_REFUSED, printable(login.user), address});
+    if (!user || !isPasswordOf(*user, login, matches)) {
+        // Some type their password where the name belongs: only names of users are noted.
+        m_state.logEvent({EventCode::LOGIN_REFUSED, user ? user->name : "", address});
         throw boardError(ERROR_LOGIN_REFUSED, "wrong user name or password");
     }
     Telegram telegram = answerFor(*user, request);
@@ -219,21 +225,23 @@ Reply Requests::accessItem(const Request& request) {
     if (access == ACCESS_READ && Items::isPublic(id)) {
         return readPublicItem(request);
     }
-    const Caller caller = requireCaller(request);
-    Reply reply = Reply::make(request.type, answerFor(caller.user, request));
+    Caller caller = requireCaller(request);
+    std::optional<std::string> payload;
     if (access == ACCESS_WRITE) {
         m_items.write(id, request.payload, caller);
     } else {
-        reply.payload = access == ACCESS_READ ? m_items.read(id, &caller)
-                                              : m_items.exchange(id, request.payload, caller);
+        payload = access == ACCESS_READ ? m_items.read(id, &caller)
+                                        : m_items.exchange(id, request.payload, caller);
     }
+    Reply reply = Reply::make(request.type, answerFor(caller.user, request));
+    reply.payload = std::move(payload);
     return reply;
 }
 
 Reply Requests::writeWithPassword(const Request& request, const PasswordCheck& check, bool matches,
                                   const std::string& newHash) {
-    const Caller caller = requireCaller(request);  // the session may have ended meanwhile
-    if (!matches) {
+    Caller caller = requireCaller(request);  // the session may have ended meanwhile
+    if (!isPasswordOf(caller.user, check, matches)) {
         m_state.logEvent({EventCode::PASSWORD_CHANGE_REFUSED, caller.user.name, ""});
         throw boardError(ERROR_LOGIN_REFUSED, "wrong password");
     }

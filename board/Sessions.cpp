@@ -54,28 +54,29 @@ std::string Sessions::open(const std::string& user, const std::string& address,
                            const Event& event) {
     std::string id = randomId();
     const auto now = std::chrono::system_clock::now();
-    m_state.addSession({id, user, address, now, now}, event);
-    makeRoom(user);
+    const std::vector<std::string> surplus = findSurplus(user);
+    m_state.addSession({id, user, address, now, now}, surplus, event);
+    for (const std::string& ended : surplus) {
+        m_sessions.erase(ended);
+    }
     m_sessions[id] = {user, address, now, Clock::now(), false};
     return id;
 }
 
-void Sessions::makeRoom(const std::string& user) {
-    std::size_t count = 0;
-    auto oldest = m_sessions.end();
-    for (auto at = m_sessions.begin(); at != m_sessions.end(); ++at) {
-        if (at->second.user != user) {
-            continue;
-        }
-        ++count;
-        if (oldest == m_sessions.end() || at->second.lastUse < oldest->second.lastUse) {
-            oldest = at;
+// The longest unused sessions of a user who has no room for another one.
+std::vector<std::string> Sessions::findSurplus(const std::string& user) const {
+    std::vector<std::pair<Clock::time_point, std::string>> uses;
+    for (const auto& [id, session] : m_sessions) {
+        if (session.user == user) {
+            uses.emplace_back(session.lastUse, id);
         }
     }
-    if (count >= MAX_SESSIONS_PER_USER) {
-        m_ended.push_back(oldest->first);
-        m_sessions.erase(oldest);
+    std::sort(uses.begin(), uses.end());
+    std::vector<std::string> surplus;
+    for (std::size_t n = 0; n + MAX_SESSIONS_PER_USER <= uses.size(); ++n) {
+        surplus.push_back(uses[n].second);
     }
+    return surplus;
 }
 
 std::optional<std::string> Sessions::find(const std::string& id, bool renew) {
@@ -91,8 +92,13 @@ std::optional<std::string> Sessions::find(const std::string& id, bool renew) {
 }
 
 void Sessions::close(const std::string& id, const Event& event) {
-    m_state.removeSession(id, event);
     m_sessions.erase(id);
+    try {
+        m_state.removeSession(id, event);
+    } catch (const DatabaseError&) {
+        m_ended.push_back(id);
+        throw;
+    }
 }
 
 void Sessions::changePassword(const User& user, const std::string& keptId, const Event& event) {

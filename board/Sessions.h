@@ -28,6 +28,7 @@ public:
     /// The user of a session, which counts as used when `renew` is set; none when it is over.
     std::optional<std::string> find(const std::string& id, bool renew);
 
+    /// The session is over even when that cannot be stored, which store() tries again then.
     void close(const std::string& id, const Event& event);
 
     /// Stores a user with a new password hash and ends all of the user's sessions but `keptId`:
@@ -59,7 +60,7 @@ private:
         return Clock::now() - session.lastUse >= m_timeout;
     }
     static StoredSession describe(const std::string& id, const Session& session);
-    void makeRoom(const std::string& user);
+    std::vector<std::string> findSurplus(const std::string& user) const;
     void forget(const std::string& user, const std::string& keptId);
 
     BoardState& m_state;

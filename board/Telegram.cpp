@@ -20,9 +20,6 @@ Telegram Telegram::parse(const std::string& bytes) {
     Telegram telegram;
     telegram.processId = readNumber(bytes, 0);
     telegram.sessionId = readField(bytes, SESSION_ID_OFFSET, SESSION_ID_SIZE);
-    telegram.language = static_cast<unsigned char>(bytes[LANGUAGE_OFFSET]);
-    telegram.authority.roles = readNumber(bytes, ROLES_OFFSET);
-    telegram.authority.partitions = readNumber(bytes, PARTITIONS_OFFSET);
     return telegram;
 }
 

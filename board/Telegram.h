@@ -21,7 +21,8 @@ struct Telegram {
     unsigned char language = 0;
     Authority authority;
 
-    /// Takes the fields from the bytes of a telegram. REQUIRES: bytes.size() == SIZE.
+    /// Takes what counts of a request from the bytes of its telegram. REQUIRES: bytes.size() ==
+    /// SIZE.
     static Telegram parse(const std::string& bytes);
 
     std::string format() const;

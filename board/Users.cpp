@@ -45,14 +45,23 @@ bool isName(const std::string& name) {
            });
 }
 
-// Partitions are for those, and needed by those, whose role they are.
+std::uint32_t parsePartitions(const std::string& text) {
+    std::uint32_t partitions = 0;
+    for (unsigned int n = 0; n < USER_PARTITIONS; ++n) {
+        partitions |= text[n] == '1' ? 1U << n : 0U;
+    }
+    return partitions;
+}
+
+// Partitions, of those the board has, are for those, and needed by those, whose role they are.
 bool isUser(const std::optional<Record>& record) {
     if (!record || !isName((*record)[USER_NAME])) {
         return false;
     }
-    const bool hasPartitions = (*record)[USER_PARTITION_FLAGS].find('1') != std::string::npos;
+    const std::uint32_t partitions = parsePartitions((*record)[USER_PARTITION_FLAGS]);
     return (*record)[USER_PASSWORD].find(' ') == std::string::npos &&
-           hasPartitions == ((*record)[USER_ROLE] == "partition");
+           partitions >> PARTITION_COUNT == 0 &&
+           (partitions != 0) == ((*record)[USER_ROLE] == "partition");
 }
 
 std::string nameRole(const Authority& authority) {
@@ -74,14 +83,6 @@ std::string formatPartitions(std::uint32_t partitions) {
         text += (partitions >> n & 1U) != 0 ? '1' : '0';
     }
     return text;
-}
-
-std::uint32_t parsePartitions(const std::string& text) {
-    std::uint32_t partitions = 0;
-    for (unsigned int n = 0; n < USER_PARTITIONS; ++n) {
-        partitions |= text[n] == '1' ? 1U << n : 0U;
-    }
-    return partitions;
 }
 
 bool isAdministrator(const User& user) {

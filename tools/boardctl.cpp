@@ -27,6 +27,8 @@ using namespace std::string_view_literals;
 
 constexpr int EXIT_USAGE = 2;
 constexpr std::size_t LARGEST_PAYLOAD = 0xffff;
+constexpr std::size_t LONGEST_NAME = 32;  // of a user, and password
+constexpr std::size_t LONGEST_SESSION = 31;
 
 // Items that are rows of texts.
 constexpr unsigned int ITEM_USERS = 0x0201003c;
@@ -42,7 +44,8 @@ constexpr char USAGE[] =
     "usage: boardctl COMMAND\n"
     "  login USER          open a session and print its ID; the password comes from the terminal,\n"
     "                      or from the first line of standard input\n"
-    "  check SID           is the session valid; language, refresh interval and rights\n"
+    "  check SID           is the session valid (it is not renewed); language, refresh\n"
+    "                      interval and rights\n"
     "  language            the board's own language\n"
     "  user SID            the session's user: language and rights\n"
     "  get SID ID          an information item as hexadecimal bytes; ID as 0x02010073\n"
@@ -119,6 +122,15 @@ private:
     bool m_terminal;
 };
 
+/// The requester would cut off the rest, and ask for something else.
+const std::string& requireShort(const std::string& text, std::size_t longest, const char* name) {
+    if (text.size() > longest || text.find('\0') != std::string::npos) {
+        std::cerr << "boardctl: a " << name << " has at most " << longest << " bytes, none zero\n";
+        throw UsageError();
+    }
+    return text;
+}
+
 std::string readPassword() {
     const EchoOff silence;
     if (silence.isTerminal()) {
@@ -132,14 +144,15 @@ std::string readPassword() {
     if (silence.isTerminal()) {
         std::cerr << '\n';
     }
-    return password;
+    return requireShort(password, LONGEST_NAME, "password");
 }
 
 unsigned int itemId(const std::string& text) {
     char* end = nullptr;
     errno = 0;
     const unsigned long long id = std::strtoull(text.c_str(), &end, 0);
-    if (text.empty() || text[0] == '-' || *end != '\0' || errno != 0 || id > 0xffffffffU) {
+    if (text.empty() || text[0] == '-' || *end != '\0' || errno != 0 || id > 0xffffffffU ||
+        (id & (ORVLib::Gui::ITEM_WRITE | ORVLib::Gui::ITEM_EXCHANGE)) != 0) {
         std::cerr << "boardctl: " << text << " is no item ID: give one such as 0x02010073\n";
         throw UsageError();
     }
@@ -224,14 +237,15 @@ public:
 private:
     /// The requester, in the session that the command names.
     CGIRequester& session() {
-        m_requester.setSessionId(m_words[1].c_str());
+        m_requester.setSessionId(requireShort(m_words[1], LONGEST_SESSION, "session").c_str());
         return m_requester;
     }
 
     bool login() {
         int language = 0;
         std::string sessionId;
-        if (m_requester.login(m_words[1], readPassword(), "boardctl", language, sessionId) == 0) {
+        const std::string& user = requireShort(m_words[1], LONGEST_NAME, "user");
+        if (m_requester.login(user, readPassword(), "boardctl", language, sessionId) == 0) {
             return false;
         }
         std::cout << sessionId << '\n';
@@ -242,7 +256,8 @@ private:
         int language = 0;
         unsigned int interval = 0;
         CGIAuthority authority;
-        if (session().checkSession(language, interval, &authority, false) == 0) {
+        const bool renews = false;  // who only looks keeps nobody logged in
+        if (session().checkSession(language, interval, &authority, !renews) == 0) {
             return false;
         }
         std::cout << "refresh: " << interval << " s\n";

@@ -165,10 +165,12 @@ class Flows(BrowserCase):
         self.site.boardctl("set", session, "0x020100d1", packet[:-2] + f"{permission:02x}")
 
     def test_events_are_searched_and_explained(self):
-        self.client.login("<i>%s%n")
+        self.client.login("admin")
+        image = self.image(100, "<i>%s%n").read_bytes()
+        self.site.boardctl("set", self.client.session, "0x02010064", (bytes(4) + image).hex())
         self.browser.login("guest")
         self.browser.open("/system/sel_filtering.cgi")
-        self.browser.fill({"severity": "warning", "source": "security"})
+        self.browser.fill({"severity": "info", "source": "firmware"})
         self.browser.press("search")
         self.assertIn("<i>%s%n", self.browser.text())
         self.assertEqual(self.browser.all("td i"), [])

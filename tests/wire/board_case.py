@@ -3,10 +3,12 @@
 ORVBOARDD names the program, EMULATOR the words before it when it is for another machine.
 """
 
+import contextlib
 import os
 import resource
 import signal
 import socket
+import sqlite3
 import struct
 import subprocess
 import tempfile
@@ -102,6 +104,12 @@ class BoardCase(unittest.TestCase):
             self.daemon.send_signal(signal_number)
         output, errors = self.daemon.communicate(timeout=LIMIT)
         return self.daemon.returncode, output, errors
+
+    def edit(self, *statements):
+        """Changes the state of a daemon that has ended."""
+        with contextlib.closing(sqlite3.connect(self.state)) as database, database:
+            for statement in statements:
+                database.execute(statement)
 
     def connect(self, data=b""):
         connection = socket.socket(socket.AF_UNIX)

@@ -1,5 +1,6 @@
 """The daemon over its socket: sessions, messages, faults, the state and the command line."""
 
+import contextlib
 import os
 import re
 import signal
@@ -12,7 +13,8 @@ from board_case import (
     BAD_REQUEST, BOARD_FAILURE, BROKEN, CHECK_SESSION, ERROR, EXCHANGE, GET_LANGUAGE,
     GET_USER_INFO, HTTPS_PORT, LOGIN, LOGOUT, MAINTENANCE_MODE, NOT_AUTHORISED, NO_ITEM,
     NO_SESSION, OWN_LANGUAGE, OWN_PASSWORD, OWN_REFRESH_INTERVAL, PERMISSION, REFUSED,
-    SOME_ITEM, WRITE, BoardCase, BoardError, login_record, message, number, telegram)
+    SOME_ITEM, USER_EDIT, WRITE, BoardCase, BoardError, login_record, message, number, record,
+    telegram)
 
 
 class BoardTest(BoardCase):
@@ -41,9 +43,20 @@ class BoardTest(BoardCase):
         self.assertRefused(REFUSED, self.login, b"x\nadmin logged in", b"", b"a\x1b[2J")
         self.assertEqual(self.events(self.login().session, 4), [
             ("info", "security", "101", "admin", "192.0.2.7"),
-            ("warning", "security", "102", "x?admin logged in", "a?[2J"),
-            ("warning", "security", "102", "nobody", "192.0.2.7"),
+            ("warning", "security", "102", "", "a?[2J"),  # no name that is no user's: it may be
+            ("warning", "security", "102", "", "192.0.2.7"),  # a password
             ("warning", "security", "102", "admin", "192.0.2.7")])
+
+    def test_an_unknown_users_login_takes_as_long(self):
+        self.start()
+
+        def take(name):
+            begin = time.monotonic()
+            self.assertRefused(REFUSED, self.login, name, b"guess")
+            return time.monotonic() - begin
+
+        known, unknown = (min(take(name) for _ in range(5)) for name in (b"admin", b"nobody"))
+        self.assertGreater(unknown, known / 2)
 
     def test_only_a_living_session_is_served(self):
         self.start()
@@ -80,6 +93,9 @@ class BoardTest(BoardCase):
         sessions = [self.login().session for _ in range(65)]
         self.assertEqual(len(set(sessions)), 65)
         self.assertRefused(NO_SESSION, self.check, sessions[0])
+        self.end(signal.SIGKILL)
+        self.start()
+        self.assertRefused(NO_SESSION, self.check, sessions[0])
         for session in (sessions[1], sessions[64], other):
             self.check(session)
 
@@ -93,14 +109,16 @@ class BoardTest(BoardCase):
                 (MAINTENANCE_MODE, bytes(34), bytes(range(34)), bytes(33), bytes(35)),
                 (PERMISSION, struct.pack(">4I", 1, 1, 4, 0), struct.pack(">3Ii", 1, 1, 4, -2),
                  struct.pack(">4I", 1, 2, 4, 0)),
-                (OWN_LANGUAGE, number(1), number(0), number(256)),
+                (OWN_LANGUAGE, number(1), number(0), number(2)),
                 (OWN_REFRESH_INTERVAL, number(60), number(5), number(86401))):
             with self.subTest(hex(item)):
                 self.assertEqual(self.get(item, admin), first)
                 for content in unfit:
                     self.assertRefused(BAD_REQUEST, self.put, item, admin, content)
-                self.put(item, admin, another)
+                answer = self.ask(item | EXCHANGE, admin, another)
+                self.assertEqual(answer.payload, another)
                 self.assertEqual(self.get(item, admin), another)
+                self.assertEqual(answer.language, self.check(admin).language)
         check = self.check(admin)
         self.assertEqual((check.language, check.payload), (0, number(5)))
         # Pages build addresses, and choose a language, before anybody is logged in.
@@ -154,6 +172,15 @@ class BoardTest(BoardCase):
             time.sleep(0.001)
         self.assertTrue(connection.recv(65536).endswith(message(CHECK_SESSION, number(60))))
 
+    def test_a_payload_has_its_time_from_the_telegram(self):
+        self.start("--client-timeout", "1000")
+        connection = self.connect()
+        time.sleep(0.7)
+        connection.sendall(message(LOGIN, telegram()))
+        time.sleep(0.1)
+        connection.sendall(message(LOGIN, login_record(b"admin", b"admin-pass")))
+        self.assertEqual(connection.recv(65536)[:4], number(LOGIN))
+
     def test_silent_clients_cost_only_themselves(self):
         self.start("--client-timeout", "1000")
         session = self.login().session
@@ -179,6 +206,9 @@ class BoardTest(BoardCase):
         for connection in waiting:
             connection.close()
         self.assertRefused(REFUSED, self.login, b"admin", b"guess")
+        for _ in range(40):  # more than wait at a time
+            self.connect(message(LOGIN, telegram()) + login).close()
+        self.login()
 
     def test_a_fault_is_that_of_its_procedure(self):
         self.start("--fault", "0x020100B4:error", "--fault", "20100d1:wrong-type")
@@ -218,6 +248,29 @@ class BoardTest(BoardCase):
         self.check(admin)
         self.assertRefused(NO_SESSION, self.check, other)
 
+    def test_a_password_that_waits_behind_its_change_is_refused(self):
+        self.start()
+        guest, admin = self.login(b"guest").session, self.login().session
+
+        def write(item, session, content):
+            return message(item | WRITE, telegram(session)) + message(item | WRITE, content)
+
+        def change(new):
+            return write(OWN_PASSWORD, guest, struct.pack("36s36s", b"guest-pass", new))
+
+        login = message(LOGIN, telegram()) + message(LOGIN, login_record(b"guest", b"guest-pass"))
+        reset = record("guest", "by-the-admin", "guest", "0" * 16, 1)
+        for first, waiting in ((change(b"first"), change(b"second")), (change(b"first"), login),
+                               (write(USER_EDIT, admin, reset), login)):
+            with self.subTest(first=first[:4], waiting=waiting[:4]):
+                changing, late = self.connect(first), self.connect(waiting)
+                self.assertNotEqual(changing.recv(65536)[:4], number(ERROR))
+                answer = late.recv(65536)
+                self.assertEqual(answer[:4], number(ERROR))
+                self.assertEqual(BoardError(answer[8:]).detail, REFUSED)
+            if reset not in first:
+                self.put(OWN_PASSWORD, guest, struct.pack("36s36s", b"first", b"guest-pass"))
+
     def test_secrets_are_for_nobody_else(self):
         self.start()
         self.assertEqual(self.state.stat().st_mode & 0o077, 0)
@@ -227,6 +280,9 @@ class BoardTest(BoardCase):
             hashes = {row[0] for row in database.execute("SELECT password FROM users")}
         database.close()
         self.assertEqual([text[:3] for text in hashes], ["$y$"] * 5)
+        self.state.chmod(0o644)
+        self.start()
+        self.assertEqual(self.state.stat().st_mode & 0o777, 0o600)
 
     def test_a_setting_that_cannot_be_stored_is_an_error(self):
         self.start(limit=200 * 1024)
@@ -243,10 +299,65 @@ class BoardTest(BoardCase):
         self.start()
         self.assertEqual(self.get(SOME_ITEM, session), b"before")
 
+    def test_a_full_disk_keeps_nobody_logged_in(self):
+        self.start()
+        session = self.login().session
+        self.end()
+        self.start(limit=1)
+        self.check(session)
+        for operation, *arguments in ((self.login,), (self.ask, LOGOUT, session)):
+            self.assertRefused(BOARD_FAILURE, operation, *arguments)
+        self.assertRefused(NO_SESSION, self.check, session)
+
+    def test_damage_is_found_and_left_to_be_mended(self):
+        self.start()
+        self.put(SOME_ITEM, self.login().session, bytes(4000))
+        self.end(signal.SIGKILL)
+        log = self.state.with_name("board.db-wal")
+        last = log.read_bytes()
+        good = self.state.read_bytes()
+        damaged = good[:4096] + b"\xa5" * (len(good) - 4096)
+        self.state.write_bytes(damaged)
+        self.assertRefusesToStart("damaged")
+        self.assertEqual((self.state.read_bytes(), log.read_bytes()), (damaged, last))
+        for statement in ("DROP TABLE events", "ALTER TABLE users DROP COLUMN event_filter",
+                          "UPDATE users SET name = 'x' || char(0) WHERE name = 'guest'",
+                          "INSERT INTO sessions VALUES ('x', 'nobody', '', 0, 0)"):
+            with self.subTest(statement):
+                self.state.unlink()
+                self.start()
+                self.end()
+                self.edit(statement)
+                self.assertRefusesToStart(re.escape(str(self.state)) + " is damaged")
+
+    def test_an_index_without_its_row_is_damage(self):
+        self.start()
+        self.end()
+        with contextlib.closing(sqlite3.connect(self.state)) as database:
+            root, = database.execute("SELECT rootpage FROM sqlite_schema"
+                                     " WHERE name = 'sqlite_autoindex_users_1'").fetchone()
+        content = self.state.read_bytes()
+        at = content.index(b"guest", (root - 1) * 4096)
+        self.state.write_bytes(content[:at] + b"guesu" + content[at + 5:])
+        self.assertRefusesToStart("damaged")
+
+    def test_a_new_state_takes_nothing_of_one_that_was_removed(self):
+        self.start()
+        session = self.login().session
+        self.end(signal.SIGKILL)
+        self.state.unlink()
+        draft = self.state.with_name("board.db.new")
+        draft.touch()  # its making was interrupted, too
+        self.start()
+        self.assertRefused(NO_SESSION, self.check, session)
+        self.assertFalse(draft.exists())
+
     def test_a_state_that_cannot_be_used_is_kept(self):
         self.start()
         self.end()
         good = self.state.read_bytes()
+        self.state.write_bytes(b"")
+        self.assertRefusesToStart("is empty")
         for content in (b"not a database" * 100, good[:len(good) // 2],
                         good[:4096] + b"\xa5" * 4096 + good[8192:]):
             with self.subTest(content[:20]):
@@ -262,7 +373,7 @@ class BoardTest(BoardCase):
         holder.close()
         self.assertRefusesToStart("another program")
         for self.state, text in ((self.folder / "missing" / "board.db", "cannot be opened"),
-                                 ("/proc/version", "cannot be opened for writing")):
+                                 (self.folder, "cannot be opened for writing")):
             self.assertRefusesToStart(text)
 
     # The socket and the command line
@@ -289,7 +400,8 @@ class BoardTest(BoardCase):
                 ("--session-timeout", "--session-timeout", "99999999999"),
                 ("--client-timeout", "--client-timeout", "1s"),
                 ("PROCEDURE:KIND", "--fault", "login"), ("odd", "--fault", "login:odd"),
-                ("0xzz", "--fault", "0xzz:error"), ("--state", "--state", "")):
+                ("0xzz", "--fault", "0xzz:error"), ("--state", "--state", ""),
+                ("takes a file", "--state", ":memory:")):
             with self.subTest(arguments):
                 self.assertRefusesToStart(text, *arguments, status=2)
         self.assertEqual(list(self.folder.iterdir()), [])

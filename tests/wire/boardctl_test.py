@@ -77,8 +77,11 @@ class Boardctl(unittest.TestCase):
         self.assertIn("error 1281", self.boardctl("login", "admin", typed="wrong\n", status=1))
         self.assertIn("error 1283", self.boardctl("get", self.login(), ITEM, status=1))
         for words in ((), ("fly",), ("check",), ("get", "s", "12x"), ("get", "s", "0x100000000"),
-                      ("set", "s", "1", "0"), ("set", "s", "1", "0g"), ("logout", "s", "t")):
+                      ("set", "s", "1", "0"), ("set", "s", "1", "0g"), ("logout", "s", "t"),
+                      ("get", "s", "0x0201800b"), ("set", "s", "0x0201400b", "00"),
+                      ("check", "s" * 32), ("login", "u" * 33)):
             self.assertIn("usage: boardctl", self.boardctl(*words, status=2))
+        self.boardctl("login", "admin", typed="p" * 33 + "\n", status=2)
         self.stop(self.daemon)
         self.assertIn("error 1025", self.boardctl("language", status=1))
 

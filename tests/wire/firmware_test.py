@@ -9,7 +9,7 @@ import unittest
 from pathlib import Path
 
 from board_case import (
-    BAD_REQUEST, BOARD_FAILURE, BUSY, DAMAGED, DROP, NO_ITEM, PRODUCT, PROGRESS, STAGE, STAGED,
+    BAD_REQUEST, BOARD_FAILURE, BUSY, DAMAGED, DROP, LOGOUT, NO_ITEM, PRODUCT, PROGRESS, STAGE, STAGED,
     START, WRITE, BoardCase, BoardError, number, record)
 
 
@@ -64,6 +64,10 @@ class FirmwareTest(BoardCase):
         self.assertFalse(file.exists())
         self.stage(admin, content)
         self.end()
+        self.assertFalse(file.exists())
+        self.start()
+        self.stage(admin, content)
+        self.ask(LOGOUT, admin)
         self.assertFalse(file.exists())
 
     def test_damaged_images_are_not_installed(self):
@@ -126,8 +130,11 @@ class FirmwareTest(BoardCase):
         install(b"1.9.broken")
         self.assertEqual(self.get_progress(admin)[::2], ("running", "1.9.broken"))
         self.end(signal.SIGKILL)
+        for limit in (1, None):  # with a full disk, too
+            self.start(limit=limit)
+            self.assertEqual(self.get_progress(admin), ("failed", "0", "1.9.broken"))
+            self.end()
         self.start()
-        self.assertEqual(self.get_progress(admin), ("failed", "0", "1.9.broken"))
         self.assertEqual(self.events(admin, 1), [("error", "firmware", "503", "", "1.9.broken")])
 
         install(b"x" * 20)

@@ -1,15 +1,17 @@
 """What the board answers for its items: rights, contents, events, users, clock and backup."""
 
 import calendar
+import contextlib
 import hashlib
 import re
 import signal
+import sqlite3
 import struct
 import time
 import unittest
 
 from board_case import (
-    ACL, ACL_ADD, ACL_REMOVE, ADDRESSES, BACKUP, BAD_REQUEST, BOOT, CLOCK, DAMAGED, DROP,
+    ACL, ACL_ADD, ACL_REMOVE, ADDRESSES, BACKUP, BAD_REQUEST, BOARD_FAILURE, BOOT, CLOCK, DAMAGED, DROP,
     EVENTS, EXCHANGE, EXISTS, FULL, HTTPS_PORT, LAST_ADMINISTRATOR, LED, MAIL, MAINTENANCE_MODE,
     NOT_AUTHORISED, NOT_FOUND, NO_ITEM, NO_SESSION, OWN_FILTER, OWN_LANGUAGE, PARTITIONS,
     PERMISSION, POWER, PRODUCT, PROGRESS, REFUSED, SCHEDULE, SERVICES, SESSIONS, SOME_ITEM,
@@ -239,6 +241,8 @@ class ItemsTest(BoardCase):
         admin = self.login().session
         for item, content, *events in (
                 (LED, record("blink"), ("info", "hardware", "406", "admin", "blink")),
+                (LED, record("blink")),  # changes nothing, as the next two
+                (OWN_LANGUAGE, number(1)), (HTTPS_PORT, number(443)),
                 (SYSTEM_NAMES, record("x", "", "", ""),
                  ("info", "settings", "201", "admin", "system names")),
                 (BOOT + 2, record("disk", "dvd", "none", 0, 0),
@@ -270,6 +274,41 @@ class ItemsTest(BoardCase):
         self.assertEqual(self.get(OWN_FILTER, guest), record("warning", "hardware", 200))
         self.assertEqual(self.get(OWN_FILTER, admin), record("info", "", 50))
 
+    def test_each_source_keeps_its_newest_2000_events(self):
+        self.start()
+        admin = self.login().session
+        before = self.events(admin, 200, source="power")
+        self.end()
+        self.edit("WITH RECURSIVE n(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM n WHERE n < 2100)"
+                  " INSERT INTO events (time, severity, code, user, detail)"
+                  " SELECT n, 0, 406, 'x', n FROM n")
+        self.start()
+        self.put(LED, admin, record("on"))
+        self.assertEqual(self.events(admin, 200, source="power"), before)
+        self.end()
+        with contextlib.closing(sqlite3.connect(self.state)) as database:
+            rows = database.execute("SELECT count(*), min(detail + 0) FROM events WHERE"
+                                    " code / 100 = 4 AND detail <> 'on'").fetchall()
+        self.assertEqual(rows, [(1999, 102)])
+
+    def test_what_is_damaged_or_lost_is_an_error_until_it_is_mended(self):
+        self.start()
+        admin = self.login().session
+        self.end()
+        self.edit(f"UPDATE items SET content = x'41' WHERE id IN ({POWER + 1}, {ACL}, {LED})",
+                  f"DELETE FROM items WHERE id = {SYSTEM_NAMES}",
+                  "UPDATE events SET detail = 'a' || char(10) WHERE number = 1")
+        self.start()
+        for item in (POWER + 1, SYSTEM_POWER, STATUS, ACL, LED, SYSTEM_NAMES, BACKUP):
+            self.assertRefused(BOARD_FAILURE, self.get, item, admin)
+        self.assertRefused(BOARD_FAILURE, self.put, ACL_ADD, admin, record("192.0.2.1", 32))
+        self.assertRefused(BOARD_FAILURE, self.events, admin, 200)
+        self.assertRefused(BAD_REQUEST, self.put, POWER + 1, admin, record("reset"))
+        for item, content in ((POWER + 1, record("off")), (LED, record("on")),
+                              (SYSTEM_NAMES, record("x", "", "", ""))):
+            self.put(item, admin, content)
+            self.assertEqual(self.get(item, admin), content)
+
     # Users
 
     NOBODY, PARTITIONS_0_AND_2 = "0" * 16, "101" + "0" * 13
@@ -289,6 +328,7 @@ class ItemsTest(BoardCase):
                 ("x", "password", "guest", self.NOBODY[1:], 1),
                 ("x", "password", "guest", self.PARTITIONS_0_AND_2, 1),
                 ("x", "password", "partition", self.NOBODY, 1),
+                ("x", "password", "partition", "00001" + self.NOBODY[5:], 1),
                 ("x", "password", "guest", self.NOBODY, 2)):
             with self.subTest(name=name, password=password, role=role):
                 self.assertRefused(BAD_REQUEST, self.put, USER_ADD, admin,
@@ -368,6 +408,19 @@ class ItemsTest(BoardCase):
         self.assertEqual([row[:4] for row in self.rows(SESSIONS, part, 5)],
                          [row[:4] for row in rows])
 
+    def test_as_many_sessions_are_listed_as_a_payload_holds(self):
+        self.start()
+        self.end()
+        self.edit("WITH RECURSIVE n(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM n WHERE n < 1000)"
+                  " INSERT INTO sessions SELECT n, 'guest', printf('%.131c', 'a'),"
+                  f" {int(time.time())}, {int(time.time())} FROM n")
+        self.start()
+        time.sleep(1)
+        listed = self.get(SESSIONS, self.login().session)
+        self.assertEqual(listed[:6], b"admin\0")
+        row = len(record("guest", "guest", "a" * 131, int(time.time()), int(time.time())))
+        self.assertTrue(65535 - row < len(listed) <= 65535, len(listed))
+
     # Clock
 
     def test_the_clock_runs_from_where_it_was_set(self):
@@ -393,6 +446,11 @@ class ItemsTest(BoardCase):
         self.assertAlmostEqual(int(event[1]), local + 19800, delta=20)
         self.put(CLOCK, admin, record("", "now", "+14:00", "servers", "192.0.2.1", ""))
         self.assertAlmostEqual(shown()[0], time.time() + 50400, delta=2)
+        self.put(CLOCK, admin, record("2037-12-31", "23:59:59", "-14:00", "manual", "", ""))
+        time.sleep(1.1)
+        self.put(CLOCK, admin, self.get(CLOCK, admin))  # it stops there
+        self.put(CLOCK, admin, record("1970-01-01", "00:00:00", "+00:00", "manual", "", ""))
+        self.assertIn(("0", "0"), [row[3:] for row in self.rows(SESSIONS, admin, 5)])
         for texts in (("2037-12-32", "00:00:00", "+00:00", "manual", "", ""),
                       ("2026-01-01", "24:00:00", "+00:00", "manual", "", ""),
                       ("2026-01-01", "00:00:60", "+00:00", "manual", "", ""),
@@ -445,6 +503,23 @@ class ItemsTest(BoardCase):
         self.assertEqual(self.rows(ACL, admin, 2), [("192.0.2.0", "24")])
         day, _, zone, *_ = self.rows(CLOCK, admin, 6)[0]
         self.assertEqual((day, zone), ("2030-01-01", "+09:00"))  # set before, and kept
+        self.put(CLOCK, admin, record("", "", "+00:00", "servers", "192.0.2.1", ""))
+        with_servers = self.get(BACKUP, admin)
+        self.put(CLOCK, admin, record("1970-01-01", "00:00:00", "+00:00", "manual", "", ""))
+        west = self.signed(self.get(BACKUP, admin).replace(
+            record("+00:00", "manual").hex().encode(), record("-05:30", "manual").hex().encode()))
+        self.put(BACKUP, staff, west)
+        self.assertEqual(self.rows(CLOCK, admin, 6)[0][0], "1970-01-01")
+        time.sleep(1.1)
+        self.assertNotEqual(self.rows(CLOCK, admin, 6)[0][1], "00:00:00")  # it does not stand
+        self.put(BACKUP, staff, with_servers)
+        self.assertEqual(self.rows(CLOCK, admin, 6)[0][0],
+                         time.strftime("%Y-%m-%d", time.gmtime()))
+
+    @staticmethod
+    def signed(backup):
+        body = backup[:backup.rindex(b"sha256")]
+        return body + b"sha256 " + hashlib.sha256(body).hexdigest().encode() + b"\n"
 
     def test_damaged_backups_change_nothing(self):
         self.start()
