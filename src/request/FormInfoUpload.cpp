@@ -20,6 +20,10 @@ namespace {
 
 constexpr char TEMPORARY_FILE_PREFIX[] = "/var/tmp/tmp_";
 
+// A file is written in blocks of this size, at their multiples: the page cache keeps such a block
+// in one piece, and a write that ends inside one costs much more.
+constexpr unsigned int FILE_BLOCK_SIZE = 0x8000;
+
 constexpr std::string_view LINE_END = "\r\n";
 constexpr std::string_view DASHES = "--";
 constexpr std::string_view LAST_PART_END = "--\r\n";
@@ -33,6 +37,14 @@ char* findBytes(char* from, char* to, std::string_view pattern) {
 bool startsWith(const char* from, const char* to, std::string_view pattern) {
     return static_cast<std::size_t>(to - from) >= pattern.size() &&
            std::memcmp(from, pattern.data(), pattern.size()) == 0;
+}
+
+/// Where the last whole block of the file ends in [from, to), which begins at `offset` of the file;
+/// `to` when none does.
+char* lastBlockEnd(char* from, char* to, unsigned int offset) {
+    const std::ptrdiff_t begun =
+        (static_cast<std::ptrdiff_t>(offset) + (to - from)) % FILE_BLOCK_SIZE;
+    return begun < to - from ? to - begun : to;
 }
 
 void putLog(Log::Level level, const char* text) {
@@ -167,18 +179,22 @@ char* FormInfo::receiveField(char* from, char* to, const std::string& fieldName)
     return end;
 }
 
+/// Writes a file's part as it comes, in whole blocks. Returns where its end lies.
 char* FormInfo::receiveFile(char* from, char*& to) {
     FileDescriptor file = createTemporaryFile();
     if (!file.isOpen()) {
         return nullptr;
     }
-    char* end = from;
+    char* end = from;  // up to here no marker begins, and from `from` on nothing is written yet
     bool found = false;
     do {
-        topUpBuffer(end, to);
-        from = end;
-        found = getBlockEnd(from, to, &end);
-        writeFile(file, from, static_cast<unsigned int>(end - from));
+        const std::ptrdiff_t searched = end - from;
+        topUpBuffer(from, to);
+        found = getBlockEnd(from + searched, to, &end);
+        const bool complete = found || isBodyRead();
+        char* const written = complete ? end : lastBlockEnd(from, end, m_bytesWritten);
+        writeFile(file, from, static_cast<unsigned int>(written - from));
+        from = written;
     } while (!found && !isBodyRead());
     if (!found) {
         putLog(Log::ERROR_LEVEL, "FormInfo::setUploadedFileInfo() Nomore data");
