@@ -18,7 +18,8 @@ int main() {
     file->writeToStream(out);
     out.close();
     const char* const kept = std::getenv("BENCH_KEEP");
-    if (!out || (kept != nullptr ? std::rename(path.c_str(), kept) : std::remove(path.c_str())) != 0) {
+    if (!out ||
+        (kept != nullptr ? std::rename(path.c_str(), kept) : std::remove(path.c_str())) != 0) {
         return 1;
     }
     std::cout << "Content-Type: text/plain\n\n"

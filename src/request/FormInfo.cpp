@@ -24,7 +24,7 @@ namespace ORVLib::Gui {
 
 namespace {
 
-constexpr std::size_t ESCAPE_LENGTH = 3;
+constexpr std::ptrdiff_t ESCAPE_LENGTH = 3;
 
 // How a failed read of the body is reported.
 constexpr int READ_ACTION_CODE = 1;
@@ -233,6 +233,7 @@ void FormInfo::readUrlEncoded(unsigned int length, unsigned int buffered) {
 void FormInfo::tokenize(const char* text, std::size_t length) {
     std::string_view rest(text, length);
     std::string_view pair;
+    FieldMap::iterator near = m_fields.end();
     while (takeToken(rest, '&', pair)) {
         std::string_view nameToken;
         std::string_view valueToken;
@@ -244,30 +245,27 @@ void FormInfo::tokenize(const char* text, std::size_t length) {
         std::string value(valueToken);
         decode(name);
         decode(value);
-        m_fields[std::move(name)] = std::move(value);
+        // Fields of a form mostly follow each other in the order of their names too.
+        const auto hint = near == m_fields.end() ? near : std::next(near);
+        near = m_fields.insert_or_assign(hint, std::move(name), std::move(value));
     }
 }
 
 void FormInfo::decode(std::string& text) {
-    std::replace(text.begin(), text.end(), '+', ' ');
-    std::size_t escape = text.find('%');
-    if (escape == std::string::npos) {
-        return;
-    }
-    std::string result;
-    result.reserve(text.size());
-    std::size_t copied = 0;
-    while (escape != std::string::npos) {
-        if (text.size() - escape < ESCAPE_LENGTH) {
+    char* out = text.data();
+    const char* const end = out + text.size();
+    for (const char* in = out; in != end; ++in) {
+        if (*in != '%') {
+            *out++ = *in == '+' ? ' ' : *in;
+            continue;
+        }
+        if (end - in < ESCAPE_LENGTH) {
             throw std::out_of_range("FormInfo::decode: text ends inside an escape");
         }
-        result.append(text, copied, escape - copied);
-        result += unescaped(text[escape + 1], text[escape + 2]);
-        copied = escape + ESCAPE_LENGTH;
-        escape = text.find('%', copied);
+        *out++ = unescaped(in[1], in[2]);
+        in += ESCAPE_LENGTH - 1;
     }
-    result.append(text, copied, std::string::npos);
-    text = std::move(result);
+    text.resize(static_cast<std::size_t>(out - text.data()));
 }
 
 }  // namespace ORVLib::Gui
