@@ -61,8 +61,11 @@ class Work:
     def form(self, count):
         """The same for a URL-encoded form of `count` fields, 100,000 of which make 2 MiB."""
         body = self.folder / f"form{count}"
-        body.write_text("".join(f"f{i:06d}=a+%42{i % 10000:04d}{'' if i >= 97152 else 'x'}yz&"
-                                for i in range(count)), encoding="ascii")
+        pairs = []
+        for i in range(count):  # rows of a table, four inputs each
+            pair = f"r{i // 4}_{('name', 'size', 'mode', 'note')[i % 4]}=a+%42"
+            pairs.append(f"{pair:x<{20 if i < 97152 else 19}}&")
+        body.write_text("".join(pairs), encoding="ascii")
         return {"REQUEST_METHOD": "POST", "CONTENT_LENGTH": body.stat().st_size,
                 "CONTENT_TYPE": "application/x-www-form-urlencoded"}, body
 

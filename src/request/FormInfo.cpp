@@ -66,6 +66,23 @@ char unescaped(char first, char second) {
     return static_cast<char>(std::strtoul(digits, nullptr, 16) & 0xff);
 }
 
+/// Where `name` belongs when that is within a few fields of `place`; otherwise some other place.
+FormInfo::FieldMap::iterator searchNear(FormInfo::FieldMap& fields,
+                                        FormInfo::FieldMap::iterator place,
+                                        const std::string& name) {
+    constexpr int STEPS = 4;
+    for (int step = 0; step < STEPS; ++step) {
+        if (place != fields.end() && place->first < name) {
+            ++place;
+        } else if (place != fields.begin() && name < std::prev(place)->first) {
+            --place;
+        } else {
+            break;
+        }
+    }
+    return place;
+}
+
 }  // namespace
 
 FormInfo* FormInfo::myInstance = nullptr;
@@ -245,9 +262,9 @@ void FormInfo::tokenize(const char* text, std::size_t length) {
         std::string value(valueToken);
         decode(name);
         decode(value);
-        // Fields of a form mostly follow each other in the order of their names too.
-        const auto hint = near == m_fields.end() ? near : std::next(near);
-        near = m_fields.insert_or_assign(hint, std::move(name), std::move(value));
+        // Fields of a form mostly stand near each other in the order of their names too.
+        const auto place = searchNear(m_fields, near, name);
+        near = m_fields.insert_or_assign(place, std::move(name), std::move(value));
     }
 }
 
