@@ -183,8 +183,8 @@ std::string FormInfo::getURLInfo(CGIRequester& requester) {
 
 void FormInfo::readPostData(int length) {
     try {
-        m_readBuffer.reset(new char[READ_BUFFER_SIZE]);
-        const unsigned int buffered = readToBuffer(nullptr, nullptr);
+        m_readBuffer.reset(new char[std::size_t{2} * READ_BUFFER_SIZE]);
+        const unsigned int buffered = readToBuffer(nullptr, nullptr, READ_BUFFER_SIZE);
         if (buffered == 0) {
             return;
         }
@@ -202,15 +202,15 @@ void FormInfo::readPostData(int length) {
     }
 }
 
-/// Moves the bytes [from, to) to the start of the read buffer and fills the rest of it from the
-/// body. Returns the number of valid bytes.
-unsigned int FormInfo::readToBuffer(const char* from, const char* to) {
+/// Moves the bytes [from, to) to the start of the read buffer and adds bytes of the body until
+/// it holds `limit`. Returns the number of valid bytes.
+unsigned int FormInfo::readToBuffer(const char* from, const char* to, unsigned int limit) {
     const auto kept = static_cast<unsigned int>(to - from);
     if (kept > 0) {
         std::memmove(m_readBuffer.get(), from, kept);
     }
     const unsigned int unread = static_cast<unsigned int>(m_contentLength) - m_bytesRead;
-    const unsigned int wanted = std::min(READ_BUFFER_SIZE - kept, unread);
+    const unsigned int wanted = std::min(limit - kept, unread);
     unsigned int received = 0;
     while (received < wanted) {
         const ssize_t result =

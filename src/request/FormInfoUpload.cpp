@@ -22,7 +22,8 @@ constexpr char TEMPORARY_FILE_PREFIX[] = "/var/tmp/tmp_";
 
 // A file is written in blocks of this size, at their multiples: the page cache keeps such a block
 // in one piece, and a write that ends inside one costs much more.
-constexpr unsigned int FILE_BLOCK_SIZE = 0x8000;
+constexpr unsigned int FILE_BLOCK_SIZE = 0x10000;
+constexpr unsigned int SLACK = 4096;
 
 constexpr std::string_view LINE_END = "\r\n";
 constexpr std::string_view DASHES = "--";
@@ -37,14 +38,6 @@ char* findBytes(char* from, char* to, std::string_view pattern) {
 bool startsWith(const char* from, const char* to, std::string_view pattern) {
     return static_cast<std::size_t>(to - from) >= pattern.size() &&
            std::memcmp(from, pattern.data(), pattern.size()) == 0;
-}
-
-/// Where the last whole block of the file ends in [from, to), which begins at `offset` of the file;
-/// `to` when none does.
-char* lastBlockEnd(char* from, char* to, unsigned int offset) {
-    const std::ptrdiff_t begun =
-        (static_cast<std::ptrdiff_t>(offset) + (to - from)) % FILE_BLOCK_SIZE;
-    return begun < to - from ? to - begun : to;
 }
 
 void putLog(Log::Level level, const char* text) {
@@ -187,14 +180,19 @@ char* FormInfo::receiveFile(char* from, char*& to) {
     }
     char* end = from;  // up to here no marker begins, and from `from` on nothing is written yet
     bool found = false;
+    // Enough for a block, what may belong to a marker behind it, and a piece of the next block.
+    const auto enough = static_cast<unsigned int>(FILE_BLOCK_SIZE + m_boundary.size() + SLACK);
     do {
-        const std::ptrdiff_t searched = end - from;
-        topUpBuffer(from, to);
+        const auto searched = static_cast<unsigned int>(end - from);
+        topUpBuffer(from, to, std::min(searched + READ_BUFFER_SIZE, enough));
         found = getBlockEnd(from + searched, to, &end);
-        const bool complete = found || isBodyRead();
-        char* const written = complete ? end : lastBlockEnd(from, end, m_bytesWritten);
-        writeFile(file, from, static_cast<unsigned int>(written - from));
-        from = written;
+        const auto unwritten = static_cast<unsigned int>(end - from);
+        if (unwritten >= FILE_BLOCK_SIZE || found || isBodyRead()) {
+            const bool more = !found && !isBodyRead();
+            const unsigned int length = more ? FILE_BLOCK_SIZE : unwritten;
+            writeFile(file, from, length);
+            from += length;
+        }
     } while (!found && !isBodyRead());
     if (!found) {
         putLog(Log::ERROR_LEVEL, "FormInfo::setUploadedFileInfo() Nomore data");
@@ -203,10 +201,10 @@ char* FormInfo::receiveFile(char* from, char*& to) {
     return end;
 }
 
-/// While body is unread: moves [from, to) to the start of the buffer and fills it up.
-void FormInfo::topUpBuffer(char*& from, char*& to) {
+/// While body is unread: moves [from, to) to the start of the buffer and fills it up to `limit`.
+void FormInfo::topUpBuffer(char*& from, char*& to, unsigned int limit) {
     if (!isBodyRead()) {
-        const unsigned int length = readToBuffer(from, to);
+        const unsigned int length = readToBuffer(from, to, limit);
         from = m_readBuffer.get();
         to = from + length;
     }
