@@ -1,6 +1,7 @@
 // The upload page with GNU cgicc, which holds the body in memory.
 
 #include <cgicc/Cgicc.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -13,7 +14,7 @@ int main() {
     if (file == cgi.getFiles().end()) {
         return 1;
     }
-    const std::string path = "/var/tmp/cgicc_" + std::to_string(std::rand());
+    const std::string path = "/var/tmp/cgicc_" + std::to_string(getpid());
     std::ofstream out(path, std::ios::binary);
     file->writeToStream(out);
     out.close();
