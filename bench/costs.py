@@ -90,9 +90,13 @@ class Meter:
             costs[int(number)].append(Cost(float(wall), float(cpu), int(resident), int(printed)))
         return [each[1:] for each in costs]
 
+    def instructions(self, program, before_main=False):
+        """Instructions that the program executes, counted by callgrind: the least of a few counts,
+        because how often a page asks for the daemon's answer depends on when that comes."""
+        return min(self._instructions(program, before_main) for _ in range(3))
+
     @staticmethod
-    def instructions(program, before_main=False):
-        """Instructions that the program executes, counted by callgrind."""
+    def _instructions(program, before_main):
         with tempfile.TemporaryDirectory() as folder:
             out = os.path.join(folder, "out")
             option = ["--dump-before=main"] if before_main else []

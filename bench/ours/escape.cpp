@@ -24,13 +24,15 @@ const std::map<std::string, Operation> OPERATIONS = {
     {"str", {[](std::string& text) { MessageMgr::convertStr(text, "\"", "&quot;"); }, '"'}},
 };
 
-/// Lines of what forms hold, without a character that any operation changes.
+/// Lines of letters, which no operation changes.
 std::string plainText(std::size_t size) {
+    const std::string line = "the-quick-brown-fox-jumps-over-the-lazy-dog,and-then-once-more.\n";
     std::string text;
     text.reserve(size);
-    for (std::size_t i = 0; i < size; ++i) {
-        text += i % 64 == 63 ? '\n' : static_cast<char>('a' + i * 7 % 26);
+    while (text.size() + line.size() <= size) {
+        text += line;
     }
+    text.resize(size, 'x');
     return text;
 }
 

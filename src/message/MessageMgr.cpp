@@ -34,6 +34,33 @@ unsigned int sizeOf(std::ifstream& file) {
     return size > UINT32_MAX ? UINT32_MAX : static_cast<unsigned int>(size);
 }
 
+/// A catalogue: a file whose bytes are read once, in one piece, so that looking for its strings
+/// costs no further system calls.
+class CatalogueFile : public std::ifstream {
+public:
+    explicit CatalogueFile(const char* path) : std::ifstream(path, std::ios::binary) {
+        if (good()) {
+            m_bytes.str(readAll());
+            std::ios::rdbuf(&m_bytes);
+        }
+    }
+
+private:
+    std::string readAll() {
+        constexpr std::size_t BLOCK_SIZE = 16384;
+        std::string bytes;
+        while (good()) {
+            const std::size_t length = bytes.size();
+            bytes.resize(length + BLOCK_SIZE);
+            read(&bytes[length], BLOCK_SIZE);
+            bytes.resize(length + static_cast<std::size_t>(gcount()));
+        }
+        return bytes;
+    }
+
+    std::stringbuf m_bytes{std::ios::in};
+};
+
 bool readWords(std::ifstream& file, unsigned int* words, unsigned int count) {
     std::vector<unsigned char> bytes(std::size_t{count} * WORD_SIZE);
     file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
@@ -52,8 +79,7 @@ std::string codeSuffix(int code) {
 }  // namespace
 
 MessageMgr::MessageMgr(int language)
-    : m_language(language),
-      m_stream(std::make_unique<std::ifstream>(cataloguePath(language), std::ios::binary)) {
+    : m_language(language), m_stream(std::make_unique<CatalogueFile>(cataloguePath(language))) {
     if (!m_stream->good() || !readOffsets(sizeOf(*m_stream))) {
         trace::OrvTrace trace = Log::writer(Log::MESSAGE_MGR);
         Log::putText(trace, Log::ERROR_LEVEL, Log::CANNOT_OPEN, "MessageMgr::MessageMgr(int)",
