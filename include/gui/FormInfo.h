@@ -97,11 +97,12 @@ public:
     void terminate();
 
 private:
+    // What is looked at in one piece. The buffer has room for as much that waits to be written.
     static constexpr unsigned int READ_BUFFER_SIZE = 0x10000;
 
     void setURLInfo();
     void readPostData(int length);
-    unsigned int readToBuffer(const char* from, const char* to);
+    unsigned int readToBuffer(const char* from, const char* to, unsigned int limit);
     void readUrlEncoded(unsigned int length, unsigned int buffered);
     void tokenize(std::string_view rest);
     static void decode(std::string& text);
@@ -116,7 +117,7 @@ private:
     static char* skipHeaders(char* line, char* to);
     char* receiveField(char* from, char* to, const std::string& fieldName);
     char* receiveFile(char* from, char*& to);
-    void topUpBuffer(char*& from, char*& to);
+    void topUpBuffer(char*& from, char*& to, unsigned int limit = READ_BUFFER_SIZE);
 
     FileDescriptor createTemporaryFile();
     void writeFile(FileDescriptor& file, const char* data, unsigned int length);

@@ -34,6 +34,42 @@ unsigned int sizeOf(std::ifstream& file) {
     return size > UINT32_MAX ? UINT32_MAX : static_cast<unsigned int>(size);
 }
 
+/// A catalogue: a file whose bytes are read once, in one piece, so that looking for its strings
+/// costs no further system calls. One that is far larger than any catalogue stays a file.
+class CatalogueFile : public std::ifstream {
+public:
+    explicit CatalogueFile(const char* path) : std::ifstream(path, std::ios::binary) {
+        if (!good()) {
+            return;
+        }
+        std::string bytes = readBytes();
+        clear();
+        if (bytes.size() < LARGEST_IN_MEMORY) {
+            m_bytes.str(std::move(bytes));
+            std::ios::rdbuf(&m_bytes);
+        } else {
+            seekg(0);
+        }
+    }
+
+private:
+    static constexpr std::size_t LARGEST_IN_MEMORY = 1U << 20;
+
+    std::string readBytes() {
+        constexpr std::size_t BLOCK_SIZE = 16384;
+        std::string bytes;
+        while (good() && bytes.size() < LARGEST_IN_MEMORY) {
+            const std::size_t length = bytes.size();
+            bytes.resize(length + BLOCK_SIZE);
+            read(&bytes[length], BLOCK_SIZE);
+            bytes.resize(length + static_cast<std::size_t>(gcount()));
+        }
+        return bytes;
+    }
+
+    std::stringbuf m_bytes{std::ios::in};
+};
+
 bool readWords(std::ifstream& file, unsigned int* words, unsigned int count) {
     std::vector<unsigned char> bytes(std::size_t{count} * WORD_SIZE);
     file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
@@ -52,8 +88,7 @@ std::string codeSuffix(int code) {
 }  // namespace
 
 MessageMgr::MessageMgr(int language)
-    : m_language(language),
-      m_stream(std::make_unique<std::ifstream>(cataloguePath(language), std::ios::binary)) {
+    : m_language(language), m_stream(std::make_unique<CatalogueFile>(cataloguePath(language))) {
     if (!m_stream->good() || !readOffsets(sizeOf(*m_stream))) {
         trace::OrvTrace trace = Log::writer(Log::MESSAGE_MGR);
         Log::putText(trace, Log::ERROR_LEVEL, Log::CANNOT_OPEN, "MessageMgr::MessageMgr(int)",

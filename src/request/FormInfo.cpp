@@ -24,7 +24,7 @@ namespace ORVLib::Gui {
 
 namespace {
 
-constexpr std::size_t ESCAPE_LENGTH = 3;
+constexpr std::ptrdiff_t ESCAPE_LENGTH = 3;
 
 // How a failed read of the body is reported.
 constexpr int READ_ACTION_CODE = 1;
@@ -64,6 +64,23 @@ char unescaped(char first, char second) {
     }
     const char digits[] = {first, second, '\0'};
     return static_cast<char>(std::strtoul(digits, nullptr, 16) & 0xff);
+}
+
+/// Where `name` belongs when that is within a few fields of `place`; otherwise some other place.
+FormInfo::FieldMap::iterator searchNear(FormInfo::FieldMap& fields,
+                                        FormInfo::FieldMap::iterator place,
+                                        const std::string& name) {
+    constexpr int STEPS = 4;
+    for (int step = 0; step < STEPS; ++step) {
+        if (place != fields.end() && place->first < name) {
+            ++place;
+        } else if (place != fields.begin() && name < std::prev(place)->first) {
+            --place;
+        } else {
+            break;
+        }
+    }
+    return place;
 }
 
 }  // namespace
@@ -166,8 +183,8 @@ std::string FormInfo::getURLInfo(CGIRequester& requester) {
 
 void FormInfo::readPostData(int length) {
     try {
-        m_readBuffer.reset(new char[READ_BUFFER_SIZE]);
-        const unsigned int buffered = readToBuffer(nullptr, nullptr);
+        m_readBuffer.reset(new char[std::size_t{2} * READ_BUFFER_SIZE]);
+        const unsigned int buffered = readToBuffer(nullptr, nullptr, READ_BUFFER_SIZE);
         if (buffered == 0) {
             return;
         }
@@ -185,15 +202,15 @@ void FormInfo::readPostData(int length) {
     }
 }
 
-/// Moves the bytes [from, to) to the start of the read buffer and fills the rest of it from the
-/// body. Returns the number of valid bytes.
-unsigned int FormInfo::readToBuffer(const char* from, const char* to) {
+/// Moves the bytes [from, to) to the start of the read buffer and adds bytes of the body until
+/// it holds `limit`. Returns the number of valid bytes.
+unsigned int FormInfo::readToBuffer(const char* from, const char* to, unsigned int limit) {
     const auto kept = static_cast<unsigned int>(to - from);
     if (kept > 0) {
         std::memmove(m_readBuffer.get(), from, kept);
     }
     const unsigned int unread = static_cast<unsigned int>(m_contentLength) - m_bytesRead;
-    const unsigned int wanted = std::min(READ_BUFFER_SIZE - kept, unread);
+    const unsigned int wanted = std::min(limit - kept, unread);
     unsigned int received = 0;
     while (received < wanted) {
         const ssize_t result =
@@ -232,6 +249,7 @@ void FormInfo::readUrlEncoded(unsigned int length, unsigned int buffered) {
 
 void FormInfo::tokenize(std::string_view rest) {
     std::string_view pair;
+    FieldMap::iterator near = m_fields.end();
     while (takeToken(rest, '&', pair)) {
         std::string_view nameToken;
         std::string_view valueToken;
@@ -243,30 +261,27 @@ void FormInfo::tokenize(std::string_view rest) {
         std::string value(valueToken);
         decode(name);
         decode(value);
-        m_fields[std::move(name)] = std::move(value);
+        // Fields of a form mostly stand near each other in the order of their names too.
+        const auto place = searchNear(m_fields, near, name);
+        near = m_fields.insert_or_assign(place, std::move(name), std::move(value));
     }
 }
 
 void FormInfo::decode(std::string& text) {
-    std::replace(text.begin(), text.end(), '+', ' ');
-    std::size_t escape = text.find('%');
-    if (escape == std::string::npos) {
-        return;
-    }
-    std::string result;
-    result.reserve(text.size());
-    std::size_t copied = 0;
-    while (escape != std::string::npos) {
-        if (text.size() - escape < ESCAPE_LENGTH) {
+    char* out = text.data();
+    const char* const end = out + text.size();
+    for (const char* in = out; in != end; ++in) {
+        if (*in != '%') {
+            *out++ = *in == '+' ? ' ' : *in;
+            continue;
+        }
+        if (end - in < ESCAPE_LENGTH) {
             throw std::out_of_range("FormInfo::decode: text ends inside an escape");
         }
-        result.append(text, copied, escape - copied);
-        result += unescaped(text[escape + 1], text[escape + 2]);
-        copied = escape + ESCAPE_LENGTH;
-        escape = text.find('%', copied);
+        *out++ = unescaped(in[1], in[2]);
+        in += ESCAPE_LENGTH - 1;
     }
-    result.append(text, copied, std::string::npos);
-    text = std::move(result);
+    text.resize(static_cast<std::size_t>(out - text.data()));
 }
 
 }  // namespace ORVLib::Gui
