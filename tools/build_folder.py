@@ -9,7 +9,7 @@ class BuildFolder:
     def __init__(self, folder):
         self.folder = pathlib.Path(folder).resolve()
         self.settings = json.loads((self.folder / "build_tools.json").read_text(encoding="utf-8"))
-        self.library = self.folder / "src/liborvgui.so.1"
+        self.shared_object = self.folder / "src/liborvgui.so.1"
 
     def tool(self, name, *words):
         """What the tool `name` prints for `words`."""

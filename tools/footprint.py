@@ -47,23 +47,23 @@ Made by `docs/make_footprint`; a test holds the budgets.
 def stripped_size(build):
     with tempfile.TemporaryDirectory() as work:
         stripped = pathlib.Path(work) / "stripped"
-        build.tool("strip", "-o", stripped, build.library)
+        build.tool("strip", "-o", stripped, build.shared_object)
         return stripped.stat().st_size
 
 
 def needed(build):
-    return re.findall(r"\(NEEDED\).*\[(.*)\]", build.tool("readelf", "-dW", build.library))
+    return re.findall(r"\(NEEDED\).*\[(.*)\]", build.tool("readelf", "-dW", build.shared_object))
 
 
 def relocations(build):
-    counts = re.findall(r"contains (\d+) entr", build.tool("readelf", "-rW", build.library))
+    counts = re.findall(r"contains (\d+) entr", build.tool("readelf", "-rW", build.shared_object))
     return sum(map(int, counts))
 
 
 def static_constructors(build):
-    bits = int(re.search(r"Class: +ELF(\d+)", build.tool("readelf", "-hW", build.library))[1])
+    bits = int(re.search(r"Class: +ELF(\d+)", build.tool("readelf", "-hW", build.shared_object))[1])
     size = re.search(r" \.init_array +\w+ +\w+ +\w+ +(\w+)",
-                     build.tool("readelf", "-SW", build.library))
+                     build.tool("readelf", "-SW", build.shared_object))
     return int(size[1], 16) * 8 // bits if size else 0
 
 

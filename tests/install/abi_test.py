@@ -26,7 +26,7 @@ BUILD = BuildFolder(os.environ["CONSOLE_BUILD"])
 
 def dynamic_symbols(which):
     """Kind and name of every symbol, each once."""
-    lines = BUILD.tool("nm", "-D", "-C", which, BUILD.library).splitlines()
+    lines = BUILD.tool("nm", "-D", "-C", which, BUILD.shared_object).splitlines()
     symbols = [re.match(r"[0-9a-f]* *(\w) (.*)", line).groups() for line in lines]
     return sorted({(kind, dwarf.plain(name)) for kind, name in symbols})
 
