@@ -243,7 +243,7 @@ def machine():
                               check=True).stdout.split("\n")[0]
     load = os.getloadavg()[0]
     return (f"{model.group(1) if model else platform.machine()}, {os.cpu_count()} processors, "
-            f"Linux {platform.release()}, {' '.join(platform.libc_ver())}, {compiler}, "
+            f"Linux {platform.release().partition("-")[0]}, {' '.join(platform.libc_ver())}, {compiler}, "
             f"load {load:.1f} at the start, {datetime.date.today()}")
 
 
