@@ -45,7 +45,7 @@ public:
         std::string bytes = readBytes();
         clear();
         if (bytes.size() < LARGEST_IN_MEMORY) {
-            m_bytes.str(std::move(bytes));
+            m_bytes.str(bytes);
             std::ios::rdbuf(&m_bytes);
         } else {
             seekg(0);
