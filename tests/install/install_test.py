@@ -101,7 +101,8 @@ class Install(unittest.TestCase):
         (self.outside / "CMakeLists.txt").write_text(CMAKE_PROJECT)
         built = self.work / "built"
         toolchain = BUILD.settings["toolchain"]
-        run("cmake", "-S", self.outside, "-B", built, f"-Dorvgui_DIR={self.stage}{LIBDIR}/cmake/orvgui",
+        run("cmake", "-G", "Ninja", "-S", self.outside, "-B", built,
+            f"-Dorvgui_DIR={self.stage}{LIBDIR}/cmake/orvgui",
             f"-DCMAKE_CXX_COMPILER={BUILD.settings['cxx']}",
             *([f"-DCMAKE_TOOLCHAIN_FILE={toolchain}"] if toolchain else []))
         run("cmake", "--build", built)
