@@ -243,8 +243,8 @@ def machine():
                               check=True).stdout.split("\n")[0]
     load = os.getloadavg()[0]
     return (f"{model.group(1) if model else platform.machine()}, {os.cpu_count()} processors, "
-            f"Linux {platform.release().partition("-")[0]}, {' '.join(platform.libc_ver())}, {compiler}, "
-            f"load {load:.1f} at the start, {datetime.date.today()}")
+            f"Linux {platform.release().partition('-')[0]}, {' '.join(platform.libc_ver())}, "
+            f"{compiler}, load {load:.1f} at the start, {datetime.date.today()}")
 
 
 def print_table(lines, where):
