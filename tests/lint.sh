@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Layout and static checks over every C++ source of the project: lint.sh BUILD_FOLDER
+# Layout and static checks over every source of the project: lint.sh BUILD_FOLDER
 set -u
 cd "$(dirname "$0")/.." || exit 1
 build=$1
@@ -9,6 +9,7 @@ sources() {
 }
 
 status=0
+find bench docs tests tools -name "*.py" -print0 | xargs -0 pyflakes3 || status=1
 sources '*.h' | cat - <(sources '*.cpp') | xargs clang-format --dry-run -Werror || status=1
 # The compiler's own warnings are its business; clang does not know all of their names.
 sources '*.cpp' | grep -v OperatorTextsJapanese |
