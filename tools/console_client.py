@@ -4,8 +4,10 @@ import dataclasses
 import html
 import http.client
 import re
+import ssl
 import urllib.parse
 
+LOGIN, LOGOUT = "/common/login.cgi", "/common/logout.cgi"
 TIME_LIMIT_SECONDS = 60
 BOUNDARY = "----console-client-d41d8cd98f00b204"
 ROW = re.compile(rb'<tr><th scope="row">(.*?)</th><td><code>(.*?)</code></td></tr>', re.DOTALL)
@@ -47,17 +49,19 @@ def multipart(fields, file_name, content, boundary=BOUNDARY):
 
 
 class ConsoleClient:
-    """Keeps the session cookie as a browser does."""
+    """Keeps the session cookie as a browser does. `certificate` is a file, for HTTPS."""
 
-    def __init__(self, url):
+    def __init__(self, url, certificate=None):
         self.server = urllib.parse.urlsplit(url).netloc
+        self.context = certificate and ssl.create_default_context(cafile=certificate)
         self.session = None
+        self._tokens = {}
 
     def request(self, method, path, body=None, headers=None):
         headers = dict(headers or {})
         if self.session is not None:
             headers["Cookie"] = "sid=" + self.session
-        connection = http.client.HTTPConnection(self.server, timeout=TIME_LIMIT_SECONDS)
+        connection = self._connect()
         try:
             connection.request(method, path, body, headers)
             response = connection.getresponse()
@@ -68,6 +72,12 @@ class ConsoleClient:
         self._keep_cookie(answer.headers.get("set-cookie", ""))
         return answer
 
+    def _connect(self):
+        if self.context:
+            return http.client.HTTPSConnection(self.server, timeout=TIME_LIMIT_SECONDS,
+                                               context=self.context)
+        return http.client.HTTPConnection(self.server, timeout=TIME_LIMIT_SECONDS)
+
     def _keep_cookie(self, line):
         if line.startswith("sid="):
             value, *attributes = line[len("sid="):].split("; ")
@@ -75,7 +85,7 @@ class ConsoleClient:
             self.session = None if expired else value
 
     def login(self, user, password=None):
-        return self.post("/common/login.cgi", {"user": user, "password": password or user + "-pass"})
+        return self.post(LOGIN, {"user": user, "password": password or user + "-pass"})
 
     def get(self, path):
         return self.request("GET", path)
@@ -85,9 +95,20 @@ class ConsoleClient:
         return self.request("POST", path, urllib.parse.urlencode(fields),
                             {"Content-Type": "application/x-www-form-urlencoded"})
 
+    def token(self):
+        """What ends every form of the session, from the form that every user finds."""
+        session = self.session
+        if session not in self._tokens:
+            self._tokens[session] = self.get(LOGOUT).field("form_end") or ""
+            self.session = session
+        return self._tokens[session]
+
     def submit(self, path, fields):
-        """Posts fields with the one that ends every form of settings."""
-        return self.post(path, {**fields, "form_end": "1"})
+        """Posts fields as a form of the session does."""
+        return self.post(path, {**fields, "form_end": self.token()})
+
+    def logout(self):
+        return self.submit(LOGOUT, {})
 
     def upload(self, path, fields, file_name, content):
         return self.request("POST", path, multipart(fields, file_name, content),

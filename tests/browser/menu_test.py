@@ -107,7 +107,7 @@ class Menu(BrowserCase):
         self.browser.login("admin")
         self.browser.show(75)
         self.client.session = self.browser.driver.get_cookie("sid")["value"]
-        self.client.post("/common/logout.cgi", {})
+        self.client.logout()
         self.browser.driver.find_element("name", "submit").click()
         self.browser.driver.switch_to.default_content()
         self.browser.wait(lambda driver: driver.current_url.endswith("/common/timeout.cgi"))

@@ -48,9 +48,8 @@ class Console(SiteCase):
             self.assertIn("The user name or the password is wrong.", answer.text())
             self.assertNotIn("set-cookie", answer.headers)
         log = self.trace_log()
-        self.assertIn("login of admin from 127.0.0.1 failed: error 1281", log)
-        self.assertIn("login of <nobody>\\x0a from", log)
-        self.assertNotIn("wrong-secret", log)
+        self.assertIn("login from 127.0.0.1 failed: error 1281", log)
+        self.assertNotRegex(log, "nobody|wrong-secret")
         self.site.stop_board()
         self.assertIn("cannot be reached", self.client.login("admin").text())
         self.site.start_board()
@@ -175,7 +174,7 @@ class Console(SiteCase):
         session = self.client.session
         self.assertIn("Do you want to log out?", self.client.get(LOGOUT).text())
         self.assertEqual(self.client.session, session)
-        self.assertIn("You are logged out.", self.client.post(LOGOUT, {}).text())
+        self.assertIn("You are logged out.", self.client.logout().text())
         self.assertIsNone(self.client.session)
         self.client.session = session
         self.assertTimeout(self.client.get(REFRESH))
