@@ -2,6 +2,7 @@
 
 import dataclasses
 import html
+import html.parser
 import http.client
 import re
 import ssl
@@ -10,6 +11,7 @@ import urllib.parse
 LOGIN, LOGOUT = "/common/login.cgi", "/common/logout.cgi"
 TIME_LIMIT_SECONDS = 60
 BOUNDARY = "----console-client-d41d8cd98f00b204"
+NOT_SENT = ("submit", "button", "reset", "file")  # inputs that no form sends by itself
 ROW = re.compile(rb'<tr><th scope="row">(.*?)</th><td><code>(.*?)</code></td></tr>', re.DOTALL)
 
 
@@ -28,9 +30,33 @@ class Answer:
         found = re.search(rb'name="%s" value="([^"]*)"' % name.encode(), self.body)
         return plain(found.group(1)).decode("latin-1") if found else None
 
+    def form(self):
+        """The fields that the page's form would send as it is."""
+        reader = FormReader()
+        reader.feed(self.body.decode("latin-1"))
+        return reader.fields
+
     def rows(self):
         """The two-column tables of the page: texts by the text in front of them."""
         return {plain(head): plain(text) for head, text in ROW.findall(self.body)}
+
+
+class FormReader(html.parser.HTMLParser):
+    def __init__(self):
+        super().__init__()
+        self.fields = {}
+        self._menu = None
+
+    def handle_starttag(self, tag, attrs):
+        attributes = dict(attrs)
+        name, value = attributes.get("name"), attributes.get("value", "")
+        if tag == "select":
+            self._menu = name
+        elif tag == "option" and ("selected" in attributes or self._menu not in self.fields):
+            self.fields[self._menu] = value
+        elif tag == "input" and name and attributes.get("type") not in NOT_SENT:
+            if attributes.get("type") not in ("radio", "checkbox") or "checked" in attributes:
+                self.fields[name] = value
 
 
 def plain(markup):
@@ -90,10 +116,10 @@ class ConsoleClient:
     def get(self, path):
         return self.request("GET", path)
 
-    def post(self, path, fields):
+    def post(self, path, fields, headers=None):
         """Posts fields as a form does. Names and values are text or bytes."""
         return self.request("POST", path, urllib.parse.urlencode(fields),
-                            {"Content-Type": "application/x-www-form-urlencoded"})
+                            {"Content-Type": "application/x-www-form-urlencoded", **(headers or {})})
 
     def token(self):
         """What ends every form of the session, from the form that every user finds."""
