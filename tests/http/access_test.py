@@ -40,6 +40,7 @@ OTHERS = (LOGIN, LOGOUT, BACKUP + "?download=1", FIRMWARE, "/", "/default.css", 
               "timeout", "frame", "menu", "information", "gallery", "request")))
 FOREIGN = ({"Origin": "http://evil.example"}, {"Origin": "null"}, {"Origin": "http://127.0.0.1:1"},
            {"Sec-Fetch-Site": "cross-site"}, {"Sec-Fetch-Site": "same-site"})
+FORGED_STATES = ("", "0", "1", "2", "3", "5", "-2", "4x", "04", "4294967298")
 
 
 class WatchedClient(ConsoleClient):
@@ -120,7 +121,7 @@ class Access(SiteCase):
             yield owner, {**fields, "form_end": token}, {}
         bare = {name: value for name, value in fields.items() if name != "form_end"}
         for unfit in (bare, {**bare, "back": "1"},
-                      *({**fields, "page_state": state} for state in ("", "2", "3", "04"))):
+                      *({**fields, "page_state": state} for state in FORGED_STATES)):
             yield owner, unfit, {}
         for headers in FOREIGN:
             yield owner, fields, headers
