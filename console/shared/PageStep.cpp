@@ -6,7 +6,6 @@
 #include "gui/HTMLPage.h"
 #include "gui/HiddenField.h"
 #include "orv/OrvTrace.h"
-#include "shared/Form.h"
 #include "shared/FormToken.h"
 
 using namespace ORVLib::Gui;
