@@ -118,8 +118,8 @@ class ConsoleClient:
 
     def post(self, path, fields, headers=None):
         """Posts fields as a form does. Names and values are text or bytes."""
-        return self.request("POST", path, urllib.parse.urlencode(fields),
-                            {"Content-Type": "application/x-www-form-urlencoded", **(headers or {})})
+        headers = {"Content-Type": "application/x-www-form-urlencoded", **(headers or {})}
+        return self.request("POST", path, urllib.parse.urlencode(fields), headers)
 
     def token(self):
         """What ends every form of the session, from the form that every user finds."""

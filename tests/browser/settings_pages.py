@@ -1,4 +1,4 @@
-"""Who may use which functions, and the pages of settings: what can be set, and what is wrong there."""
+"""Who may use which functions, and each page of settings: what can be set, what is wrong there."""
 
 import dataclasses
 

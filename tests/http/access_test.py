@@ -75,8 +75,9 @@ class Access(SiteCase):
         copies = [shutil.copy(self.site.run / f"board.db{log}", f"{self.run_folder}/copy.db{log}")
                   for log in ("", "-wal")]
         with contextlib.closing(sqlite3.connect(copies[0])) as database:
-            return ([database.execute("SELECT * FROM " + table).fetchall()
-                     for table in ("users", "items")], (self.site.run / "board.db.firmware").exists())
+            kept = [database.execute("SELECT * FROM " + table).fetchall()
+                    for table in ("users", "items")]
+        return kept, (self.site.run / "board.db.firmware").exists()
 
     def test_only_the_sessions_own_form_changes_anything(self):
         for form in FORMS:
@@ -129,7 +130,7 @@ class Access(SiteCase):
             may = form.function in FUNCTIONS[user] and (user, form.path[-1]) != ("part", "1")
             self.assertEqual("(00:0502)" in client.get(form.path).text(), not may, user)
             if user != form.user:
-                yield client, {**fields, "form_end": fields["form_end"] if may else client.token()}, {}
+                yield client, fields if may else {**fields, "form_end": client.token()}, {}
 
     def test_logging_in_and_out_is_for_the_user_alone(self):
         client = self.clients["admin"]

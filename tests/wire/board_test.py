@@ -67,13 +67,13 @@ class BoardTest(BoardCase):
             operation(*arguments)
             return time.monotonic() - begin
 
-        change = struct.pack("36s36s", b"guess", b"new one")
         for name in (b"guest", b"nobody"):
             for _ in range(5):
                 self.assertRefused(REFUSED, self.login, name, b"guess")
             with self.subTest(name):
                 self.assertLess(0.5, take(self.assertRefused, REFUSED, self.login, name, b"guess"))
-        self.assertLess(1, take(self.assertRefused, REFUSED, self.put, OWN_PASSWORD, session, change))
+        change = (OWN_PASSWORD, session, struct.pack("36s36s", b"guess", b"new one"))
+        self.assertLess(1, take(self.assertRefused, REFUSED, self.put, *change))
         self.assertLess(2, take(self.login, b"guest"))  # late, but not refused
         self.login()
 
