@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "Digest.h"
+#include "Telegram.h"
 
 namespace ORVLib::Board {
 
@@ -36,10 +37,7 @@ std::size_t PasswordDelays::placeOf(const std::string& name) const {
     Digest digest;
     digest.add(m_key);
     digest.add(name);
-    const std::string bytes = digest.get();
-    const unsigned int number =
-        static_cast<unsigned char>(bytes[0]) << 8U | static_cast<unsigned char>(bytes[1]);
-    return number % m_places.size();
+    return readNumber(digest.get(), 0) % m_places.size();
 }
 
 std::size_t PasswordDelays::failuresOf(const Place& place, Clock::time_point now) {
