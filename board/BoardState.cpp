@@ -254,8 +254,7 @@ void BoardState::storeUser(const User& user, const Event& event) {
     transaction.commit();
 }
 
-void BoardState::changePassword(const User& user, const std::string& keptSession,
-                                const Event& event) {
+void BoardState::resetUser(const User& user, const std::string& keptSession, const Event& event) {
     Transaction transaction(m_database);
     replaceUser(user);
     deleteSessions(user.name, keptSession);

@@ -52,7 +52,7 @@ public:
     /// Adds the user, or replaces what is known of the one with this name.
     void storeUser(const User& user, const Event& event);
     /// As storeUser(), and ends all of the user's sessions but `keptSession`.
-    void changePassword(const User& user, const std::string& keptSession, const Event& event);
+    void resetUser(const User& user, const std::string& keptSession, const Event& event);
     /// Ends the user's sessions too.
     void removeUser(const std::string& name, const Event& event);
 

@@ -67,6 +67,7 @@ void Daemon::run() {
         waitAndServe();
         expireClients();
         removeClosed();
+        startPasswordCheck();
         finishInstallation();
         if (Clock::now() >= m_nextStore) {
             storeSessions();
@@ -80,6 +81,9 @@ int Daemon::getWaitMs() const {
     Clock::time_point next = std::min(m_nextStore, m_installation.getDeadline());
     if (m_nextAccept > Clock::now()) {
         next = std::min(next, m_nextAccept);
+    }
+    if (m_passwords.isIdle()) {
+        next = std::min(next, m_waiting.getDue());
     }
     for (const Client& client : m_clients) {
         next = std::min(next, client.getDeadline());
@@ -112,7 +116,7 @@ void Daemon::waitAndServe() {
         }
     }
     if (entries[PASSWORDS].revents != 0) {
-        finishPasswordChecks();
+        finishPasswordCheck();
     }
     if (entries[SERVER].revents != 0) {
         acceptClients();
@@ -174,7 +178,7 @@ void Daemon::carryOut(Client& client) {
         client.answer(Reply::error(boardError(ERROR_BOARD_FAILURE, "a fault was asked for",
                                               request.type, ACTION_INJECTED)));
     } else if (Requests::isPasswordChecked(request.type)) {
-        startPasswordCheck(client);
+        awaitPasswordCheck(client);
     } else {
         client.answer(m_requests.handle(request), fault);
     }
@@ -184,32 +188,62 @@ FaultKind Daemon::getDamage(const Client& client) const {
     return m_faults.find(client.getRequest().type);
 }
 
-void Daemon::startPasswordCheck(Client& client) {
+void Daemon::awaitPasswordCheck(Client& client) {
+    const std::uint64_t ticket = client.getTicket();
     try {
         Requests::PasswordCheck check = m_requests.beginPasswordCheck(client.getRequest());
-        if (!m_passwords.submit(
-                {client.getTicket(), check.password, check.hash, check.newPassword})) {
-            throw boardError(ERROR_BUSY, "too many passwords to check at a time");
+        const bool isDelayed = check.delay > check.delay.zero();
+        const auto ousted = m_waiting.add({{ticket, check.password, check.hash, check.newPassword},
+                                           check.user,
+                                           check.source,
+                                           Clock::now() + check.delay},
+                                          isDelayed);
+        m_passwordChecks[ticket] = std::move(check);
+        if (ousted) {
+            refuseAsBusy(*ousted);
         }
-        m_passwordChecks[client.getTicket()] = std::move(check);
     } catch (const PException& refusal) {
         client.answer(Reply::error(refusal), getDamage(client));
     }
 }
 
-void Daemon::finishPasswordChecks() {
-    for (const PasswordWorker::Result& result : m_passwords.takeResults()) {
-        const auto check = m_passwordChecks.extract(result.ticket);
-        const auto client =
-            std::find_if(m_clients.begin(), m_clients.end(), [&result](const Client& candidate) {
-                return candidate.getTicket() == result.ticket && candidate.isWorkedOn();
-            });
-        if (client != m_clients.end()) {
-            client->answer(m_requests.endPasswordCheck(client->getRequest(), check.mapped(),
-                                                       result.matches, result.newHash),
-                           getDamage(*client));
-        }
+void Daemon::refuseAsBusy(std::uint64_t ticket) {
+    m_passwordChecks.erase(ticket);
+    if (Client* const client = findWorkedOn(ticket)) {
+        client->answer(
+            Reply::error(boardError(ERROR_BUSY, "too many passwords to check at a time")),
+            getDamage(*client));
     }
+}
+
+void Daemon::startPasswordCheck() {
+    if (!m_passwords.isIdle()) {
+        return;
+    }
+    if (auto job = m_waiting.take(Clock::now())) {
+        m_passwords.start(std::move(*job));
+    }
+}
+
+void Daemon::finishPasswordCheck() {
+    const auto result = m_passwords.takeResult();
+    if (!result) {
+        return;
+    }
+    const auto check = m_passwordChecks.extract(result->ticket);
+    if (Client* const client = findWorkedOn(result->ticket)) {
+        client->answer(m_requests.endPasswordCheck(client->getRequest(), check.mapped(),
+                                                   result->matches, result->newHash),
+                       getDamage(*client));
+    }
+}
+
+Client* Daemon::findWorkedOn(std::uint64_t ticket) {
+    const auto found =
+        std::find_if(m_clients.begin(), m_clients.end(), [ticket](const Client& candidate) {
+            return candidate.getTicket() == ticket && candidate.isWorkedOn();
+        });
+    return found != m_clients.end() ? &*found : nullptr;
 }
 
 void Daemon::expireClients() {
@@ -227,7 +261,7 @@ void Daemon::removeClosed() {
             return false;
         }
         if (m_passwordChecks.erase(client.getTicket()) != 0) {
-            m_passwords.cancel(client.getTicket());  // others wait for a place
+            m_waiting.cancel(client.getTicket());  // others wait for a place
         }
         return true;
     });

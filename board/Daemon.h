@@ -11,6 +11,7 @@
 #include "Installation.h"
 #include "IpcServer.h"
 #include "Options.h"
+#include "PasswordQueue.h"
 #include "PasswordWorker.h"
 #include "Requests.h"
 #include "Sessions.h"
@@ -40,8 +41,11 @@ private:
     void dropOldest();
     void serve(Client& client);
     void carryOut(Client& client);
-    void startPasswordCheck(Client& client);
-    void finishPasswordChecks();
+    void awaitPasswordCheck(Client& client);
+    void startPasswordCheck();
+    void finishPasswordCheck();
+    void refuseAsBusy(std::uint64_t ticket);
+    Client* findWorkedOn(std::uint64_t ticket);
     void expireClients();
     void removeClosed();
     void noteInterruption();
@@ -60,6 +64,7 @@ private:
     FirmwareStage m_stage;
     Installation m_installation;
     Requests m_requests;
+    PasswordQueue m_waiting;
     PasswordWorker m_passwords;
     Clients m_clients;
     std::map<std::uint64_t, Requests::PasswordCheck> m_passwordChecks;  ///< by client

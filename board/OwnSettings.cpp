@@ -35,8 +35,8 @@ void writeInterval(const Call& call) {
 void writePassword(const Call& call) {
     User user = call.getUser();
     user.passwordHash = call.passwordHash;
-    call.sessions.changePassword(user, call.caller->sessionId,
-                                 call.makeEvent(EventCode::OWN_PASSWORD_CHANGED, ""));
+    call.sessions.resetUser(user, call.caller->sessionId,
+                            call.makeEvent(EventCode::OWN_PASSWORD_CHANGED, ""));
 }
 
 }  // namespace ORVLib::Board::OwnSettings

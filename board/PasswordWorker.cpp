@@ -3,10 +3,10 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 
 #include "Password.h"
 #include "orv/OrvTrace.h"
@@ -14,8 +14,6 @@
 namespace ORVLib::Board {
 
 namespace {
-
-constexpr std::size_t MAX_WAITING = 32;
 
 PasswordWorker::Result carryOut(const PasswordWorker::Job& job) {
     const bool matches = !job.hash || matchesPassword(job.password, *job.hash);
@@ -48,47 +46,35 @@ PasswordWorker::~PasswordWorker() {
     m_thread.join();
 }
 
-bool PasswordWorker::submit(Job job) {
+void PasswordWorker::start(Job job) {
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        if (m_jobs.size() >= MAX_WAITING) {
-            return false;
-        }
-        m_jobs.push_back(std::move(job));
+        m_job = std::move(job);
     }
+    m_idle = false;
     m_changed.notify_one();
-    return true;
 }
 
-void PasswordWorker::cancel(std::uint64_t ticket) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    const auto found = std::find_if(m_jobs.begin(), m_jobs.end(),
-                                    [ticket](const Job& job) { return job.ticket == ticket; });
-    if (found != m_jobs.end()) {
-        m_jobs.erase(found);
-    }
-}
-
-std::vector<PasswordWorker::Result> PasswordWorker::takeResults() {
+std::optional<PasswordWorker::Result> PasswordWorker::takeResult() {
     eventfd_t count = 0;
     ::eventfd_read(m_wake.get(), &count);
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return std::exchange(m_results, {});
+    m_idle = m_idle || m_result.has_value();
+    return std::exchange(m_result, std::nullopt);
 }
 
 void PasswordWorker::work() {
     std::unique_lock<std::mutex> lock(m_mutex);
     while (true) {
-        m_changed.wait(lock, [this] { return m_ending || !m_jobs.empty(); });
+        m_changed.wait(lock, [this] { return m_ending || m_job; });
         if (m_ending) {
             return;
         }
-        const Job job = std::move(m_jobs.front());
-        m_jobs.pop_front();
+        const Job job = *std::exchange(m_job, std::nullopt);
         lock.unlock();
-        const Result result = carryOut(job);
+        Result result = carryOut(job);
         lock.lock();
-        m_results.push_back(result);
+        m_result = std::move(result);
         ::eventfd_write(m_wake.get(), 1);
     }
 }

@@ -2,19 +2,17 @@
 
 #include <condition_variable>
 #include <cstdint>
-#include <deque>
 #include <mutex>
 #include <optional>
 #include <string>
 #include <thread>
-#include <vector>
 
 #include "common/FileDescriptor.h"
 
 namespace ORVLib::Board {
 
-/// Checks and hashes passwords beside the daemon's loop: a hash is slow on purpose, and somebody
-/// who tries passwords must not hold up pages.
+/// Checks and hashes passwords beside the daemon's loop, one at a time: a hash is slow on purpose,
+/// and somebody who tries passwords must not hold up pages.
 class PasswordWorker {
 public:
     struct Job {
@@ -36,16 +34,17 @@ public:
     PasswordWorker(const PasswordWorker&) = delete;
     PasswordWorker& operator=(const PasswordWorker&) = delete;
 
-    /// Returns false when too many wait already.
-    bool submit(Job job);
+    /// True when start() may be called.
+    bool isIdle() const { return m_idle; }
 
-    /// Forgets a job that still waits.
-    void cancel(std::uint64_t ticket);
+    /// Begins with a job. REQUIRES: isIdle().
+    void start(Job job);
 
-    /// Readable when there are results.
+    /// Readable when there is a result.
     int getDescriptor() const { return m_wake.get(); }
 
-    std::vector<Result> takeResults();
+    /// The verdict on the job, once it is there; the worker is idle then.
+    std::optional<Result> takeResult();
 
 private:
     void work();
@@ -53,9 +52,10 @@ private:
     FileDescriptor m_wake;
     std::mutex m_mutex;
     std::condition_variable m_changed;
-    std::deque<Job> m_jobs;
-    std::vector<Result> m_results;
+    std::optional<Job> m_job;        ///< to be begun
+    std::optional<Result> m_result;  ///< to be taken
     bool m_ending = false;
+    bool m_idle = true;  ///< of the daemon's loop alone
     std::thread m_thread;
 };
 

@@ -89,7 +89,8 @@ Requests::Requests(const Parts& parts)
     : m_state(parts.state),
       m_sessions(parts.sessions),
       m_items(parts),
-      m_nobodysHash(hashPassword("nobody")) {}
+      m_nobodysHash(hashPassword("nobody")),
+      m_delays(m_nobodysHash) {}  // its salt is random
 
 bool Requests::hasPayload(std::uint32_t type) {
     switch (type) {
@@ -127,7 +128,12 @@ bool Requests::isPasswordChecked(std::uint32_t type) {
 
 Requests::PasswordCheck Requests::beginPasswordCheck(const Request& request) {
     try {
-        return request.type == PROCEDURE_LOGIN ? beginLogin(request) : beginItemWrite(request);
+        PasswordCheck check =
+            request.type == PROCEDURE_LOGIN ? beginLogin(request) : beginItemWrite(request);
+        if (check.hash) {
+            check.delay = m_delays.find(check.user, PasswordDelays::Clock::now());
+        }
+        return check;
     } catch (const std::exception& error) {
         throw failure(error);
     }
@@ -148,6 +154,7 @@ Requests::PasswordCheck Requests::beginLogin(const Request& request) {
     login.user = readText(request.payload, USER_OFFSET, NAME_SIZE);
     login.password = readText(request.payload, PASSWORD_OFFSET, NAME_SIZE);
     login.address = readText(request.payload, ADDRESS_OFFSET, ADDRESS_SIZE);
+    login.source = "address " + login.address;
     // An unknown user costs a hash too: the time must not tell who exists.
     const auto user = m_state.findUser(login.user);
     login.hash = user ? user->passwordHash : m_nobodysHash;
@@ -158,10 +165,12 @@ Requests::PasswordCheck Requests::beginItemWrite(const Request& request) {
     const Caller caller = requireCaller(request);
     m_items.checkWrite(request.type & ~ACCESS_MASK, request.payload, caller);
     PasswordCheck change;
+    change.source = "user " + caller.user.name;
     if (request.type != (ITEM_OWN_PASSWORD | ACCESS_WRITE)) {
         change.newPassword = Users::getPassword(request.payload);
         return change;
     }
+    change.user = caller.user.name;
     change.hash = caller.user.passwordHash;
     change.password = readText(request.payload, PasswordChange::OLD_OFFSET, NAME_SIZE);
     change.newPassword = readText(request.payload, PasswordChange::NEW_OFFSET, NAME_SIZE);
@@ -175,6 +184,7 @@ Reply Requests::openSession(const Request& request, const PasswordCheck& login, 
     const auto user = m_state.findUser(login.user);
     const std::string address = printable(login.address);
     if (!user || !isPasswordOf(*user, login, matches)) {
+        m_delays.noteFailure(login.user, PasswordDelays::Clock::now());
         // Some type their password where the name belongs: only names of users are noted.
         m_state.logEvent({EventCode::LOGIN_REFUSED, user ? user->name : "", address});
         throw boardError(ERROR_LOGIN_REFUSED, "wrong user name or password");
@@ -242,6 +252,7 @@ Reply Requests::writeWithPassword(const Request& request, const PasswordCheck& c
                                   const std::string& newHash) {
     Caller caller = requireCaller(request);  // the session may have ended meanwhile
     if (!isPasswordOf(caller.user, check, matches)) {
+        m_delays.noteFailure(caller.user.name, PasswordDelays::Clock::now());
         m_state.logEvent({EventCode::PASSWORD_CHANGE_REFUSED, caller.user.name, ""});
         throw boardError(ERROR_LOGIN_REFUSED, "wrong password");
     }

@@ -7,6 +7,7 @@
 
 #include "BoardState.h"
 #include "Items.h"
+#include "PasswordDelays.h"
 #include "Reply.h"
 #include "Sessions.h"
 #include "Telegram.h"
@@ -27,11 +28,13 @@ struct Request {
 class Requests {
 public:
     struct PasswordCheck {
-        std::string user;
+        std::string user;  ///< whose password is compared; empty when none is
         std::string password;
-        std::optional<std::string> hash;  ///< what the password must match, if anything
-        std::string address;              ///< where a login comes from
-        std::string newPassword;          ///< what a password is changed to
+        std::optional<std::string> hash;     ///< what the password must match, if anything
+        std::string address;                 ///< where a login comes from
+        std::string newPassword;             ///< what a password is changed to
+        std::string source;                  ///< who asks, for sharing out the places to wait
+        std::chrono::milliseconds delay{0};  ///< how long the check is to wait
     };
 
     /// The parts must outlive this.
@@ -74,6 +77,7 @@ private:
     Sessions& m_sessions;
     Items m_items;
     std::string m_nobodysHash;
+    PasswordDelays m_delays;
 };
 
 }  // namespace ORVLib::Board

@@ -101,8 +101,8 @@ void Sessions::close(const std::string& id, const Event& event) {
     }
 }
 
-void Sessions::changePassword(const User& user, const std::string& keptId, const Event& event) {
-    m_state.changePassword(user, keptId, event);
+void Sessions::resetUser(const User& user, const std::string& keptId, const Event& event) {
+    m_state.resetUser(user, keptId, event);
     forget(user.name, keptId);
 }
 

@@ -31,9 +31,9 @@ public:
     /// The session is over even when that cannot be stored, which store() tries again then.
     void close(const std::string& id, const Event& event);
 
-    /// Stores a user with a new password hash and ends all of the user's sessions but `keptId`:
-    /// whoever knew the old password is out.
-    void changePassword(const User& user, const std::string& keptId, const Event& event);
+    /// Stores a user with a new password or other rights, and ends all of the user's sessions but
+    /// `keptId`: whoever knew the old password, or had the old rights, is out.
+    void resetUser(const User& user, const std::string& keptId, const Event& event);
 
     /// Removes a user and ends the user's sessions.
     void removeUser(const std::string& name, const Event& event);

@@ -107,6 +107,10 @@ void requireAnotherAdministrator(const Call& call, const std::string& name) {
     }
 }
 
+bool isSame(const Authority& left, const Authority& right) {
+    return left.roles == right.roles && left.partitions == right.partitions;
+}
+
 void take(User& user, const Record& fields) {
     user.authority = {parseRole(fields[USER_ROLE]), parsePartitions(fields[USER_PARTITION_FLAGS])};
     user.language = fields[USER_LANGUAGE] == "1" ? 1 : 0;
@@ -154,18 +158,21 @@ void add(const Call& call) {
 void edit(const Call& call) {
     const Record fields = *parseTexts(call.content);
     User user = requireUser(call, fields[USER_NAME]);
+    const Authority before = user.authority;
     take(user, fields);
     if (!isAdministrator(user)) {
         requireAnotherAdministrator(call, user.name);
     }
     const Event event = call.makeEvent(EventCode::USER_CHANGED, user.name);
-    if (call.passwordHash.empty()) {
+    if (call.passwordHash.empty() && isSame(user.authority, before)) {
         call.state.storeUser(user, event);
         return;
     }
-    user.passwordHash = call.passwordHash;
+    if (!call.passwordHash.empty()) {
+        user.passwordHash = call.passwordHash;
+    }
     const bool isOwn = user.name == call.getUser().name;
-    call.sessions.changePassword(user, isOwn ? call.caller->sessionId : "", event);
+    call.sessions.resetUser(user, isOwn ? call.caller->sessionId : "", event);
 }
 
 void remove(const Call& call) {

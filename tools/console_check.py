@@ -110,7 +110,7 @@ def check_end(client):
     print("Stale session: sent to the time-out page")
 
     client.session = living
-    client.post("/common/logout.cgi", {})
+    client.logout()
     expect(client.session is None, "logging out does not delete the cookie")
     client.session = living
     expect(b"/common/timeout.cgi" in client.get(REFRESH).body, "the session lives after log-out")

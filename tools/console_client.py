@@ -2,12 +2,16 @@
 
 import dataclasses
 import html
+import html.parser
 import http.client
 import re
+import ssl
 import urllib.parse
 
+LOGIN, LOGOUT = "/common/login.cgi", "/common/logout.cgi"
 TIME_LIMIT_SECONDS = 60
 BOUNDARY = "----console-client-d41d8cd98f00b204"
+NOT_SENT = ("submit", "button", "reset", "file")  # inputs that no form sends by itself
 ROW = re.compile(rb'<tr><th scope="row">(.*?)</th><td><code>(.*?)</code></td></tr>', re.DOTALL)
 
 
@@ -26,9 +30,33 @@ class Answer:
         found = re.search(rb'name="%s" value="([^"]*)"' % name.encode(), self.body)
         return plain(found.group(1)).decode("latin-1") if found else None
 
+    def form(self):
+        """The fields that the page's form would send as it is."""
+        reader = FormReader()
+        reader.feed(self.body.decode("latin-1"))
+        return reader.fields
+
     def rows(self):
         """The two-column tables of the page: texts by the text in front of them."""
         return {plain(head): plain(text) for head, text in ROW.findall(self.body)}
+
+
+class FormReader(html.parser.HTMLParser):
+    def __init__(self):
+        super().__init__()
+        self.fields = {}
+        self._menu = None
+
+    def handle_starttag(self, tag, attrs):
+        attributes = dict(attrs)
+        name, value = attributes.get("name"), attributes.get("value", "")
+        if tag == "select":
+            self._menu = name
+        elif tag == "option" and ("selected" in attributes or self._menu not in self.fields):
+            self.fields[self._menu] = value
+        elif tag == "input" and name and attributes.get("type") not in NOT_SENT:
+            if attributes.get("type") not in ("radio", "checkbox") or "checked" in attributes:
+                self.fields[name] = value
 
 
 def plain(markup):
@@ -47,17 +75,19 @@ def multipart(fields, file_name, content, boundary=BOUNDARY):
 
 
 class ConsoleClient:
-    """Keeps the session cookie as a browser does."""
+    """Keeps the session cookie as a browser does. `certificate` is a file, for HTTPS."""
 
-    def __init__(self, url):
+    def __init__(self, url, certificate=None):
         self.server = urllib.parse.urlsplit(url).netloc
+        self.context = certificate and ssl.create_default_context(cafile=certificate)
         self.session = None
+        self._tokens = {}
 
     def request(self, method, path, body=None, headers=None):
         headers = dict(headers or {})
         if self.session is not None:
             headers["Cookie"] = "sid=" + self.session
-        connection = http.client.HTTPConnection(self.server, timeout=TIME_LIMIT_SECONDS)
+        connection = self._connect()
         try:
             connection.request(method, path, body, headers)
             response = connection.getresponse()
@@ -68,6 +98,12 @@ class ConsoleClient:
         self._keep_cookie(answer.headers.get("set-cookie", ""))
         return answer
 
+    def _connect(self):
+        if self.context:
+            return http.client.HTTPSConnection(self.server, timeout=TIME_LIMIT_SECONDS,
+                                               context=self.context)
+        return http.client.HTTPConnection(self.server, timeout=TIME_LIMIT_SECONDS)
+
     def _keep_cookie(self, line):
         if line.startswith("sid="):
             value, *attributes = line[len("sid="):].split("; ")
@@ -75,19 +111,30 @@ class ConsoleClient:
             self.session = None if expired else value
 
     def login(self, user, password=None):
-        return self.post("/common/login.cgi", {"user": user, "password": password or user + "-pass"})
+        return self.post(LOGIN, {"user": user, "password": password or user + "-pass"})
 
     def get(self, path):
         return self.request("GET", path)
 
-    def post(self, path, fields):
+    def post(self, path, fields, headers=None):
         """Posts fields as a form does. Names and values are text or bytes."""
-        return self.request("POST", path, urllib.parse.urlencode(fields),
-                            {"Content-Type": "application/x-www-form-urlencoded"})
+        headers = {"Content-Type": "application/x-www-form-urlencoded", **(headers or {})}
+        return self.request("POST", path, urllib.parse.urlencode(fields), headers)
+
+    def token(self):
+        """What ends every form of the session, from the form that every user finds."""
+        session = self.session
+        if session not in self._tokens:
+            self._tokens[session] = self.get(LOGOUT).field("form_end") or ""
+            self.session = session
+        return self._tokens[session]
 
     def submit(self, path, fields):
-        """Posts fields with the one that ends every form of settings."""
-        return self.post(path, {**fields, "form_end": "1"})
+        """Posts fields as a form of the session does."""
+        return self.post(path, {**fields, "form_end": self.token()})
+
+    def logout(self):
+        return self.submit(LOGOUT, {})
 
     def upload(self, path, fields, file_name, content):
         return self.request("POST", path, multipart(fields, file_name, content),

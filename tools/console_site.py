@@ -12,11 +12,21 @@ from console_client import ConsoleClient
 
 PROJECT = pathlib.Path(__file__).resolve().parent.parent
 START_LIMIT_SECONDS = 10
+PRIVATE = 0o077  # file mode mask: state, keys and logs are for whoever starts the servers
 COMMAND_WORD = 3  # where a server's own command begins, behind setpriv's words
 
 
 class SiteError(Exception):
     """Why the console cannot be served, in one line that says what to do."""
+
+
+TLS = """
+$SERVER["socket"] == "127.0.0.1:%d" {
+    ssl.engine = "enable"
+    ssl.pemfile = "%s"
+}
+"""
+CERTIFICATE_DAYS = 3650
 
 
 def free_port():
@@ -32,7 +42,21 @@ def require_port(port):
             probe.bind(("127.0.0.1", port))
         except OSError as error:
             raise SiteError(f"port {port} cannot be used ({error.strerror}):"
-                            " choose another one with --port") from None
+                            " choose another one with --port or --tls-port") from None
+
+
+def make_certificate(path):
+    """Makes a key and a certificate signed with it, for this machine alone."""
+    draft = path.with_suffix(".new")
+    command = ("openssl", "req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:P-256",
+               "-noenc", "-days", str(CERTIFICATE_DAYS), "-subj", "/CN=127.0.0.1", "-addext",
+               "subjectAltName=IP:127.0.0.1,DNS:localhost", "-keyout", draft, "-out", "-")
+    made = subprocess.run(command, umask=PRIVATE, capture_output=True, check=False)
+    if made.returncode != 0:
+        raise SiteError("openssl made no certificate: " + made.stderr.decode().strip())
+    with draft.open("ab") as file:
+        file.write(made.stdout)
+    draft.rename(path)
 
 
 class ConsoleSite(contextlib.AbstractContextManager):
@@ -40,10 +64,10 @@ class ConsoleSite(contextlib.AbstractContextManager):
 
     `build` is a build folder; `run` is where the board's state, its socket, logs and the generated
     configuration go. `environment` is added to that of the pages, `board_options` to the words on
-    the board's command line.
+    the board's command line. With `tls_port`, where 0 is a free one, there is HTTPS too.
     """
 
-    def __init__(self, build, run, port=0, environment=None, board_options=()):
+    def __init__(self, build, run, port=0, environment=None, board_options=(), tls_port=None):
         self.build = pathlib.Path(build).resolve()
         self.run = pathlib.Path(run).resolve()
         self.socket = self.run / "board.sock"
@@ -52,6 +76,9 @@ class ConsoleSite(contextlib.AbstractContextManager):
                             **(environment or {})}
         self.port = port or free_port()
         self.url = f"http://127.0.0.1:{self.port}"
+        self.tls_port = free_port() if tls_port == 0 else tls_port
+        self.tls_url = f"https://127.0.0.1:{self.tls_port}"
+        self.certificate = self.run / "tls.pem"
         self.trace_log = self.run / "trace.log"
         self.board_options = board_options
         self._processes = []
@@ -61,6 +88,11 @@ class ConsoleSite(contextlib.AbstractContextManager):
         require_port(self.port)
         try:
             self.run.mkdir(parents=True, exist_ok=True)
+            self.run.chmod(0o777 & ~PRIVATE)
+            if self.tls_port is not None:
+                require_port(self.tls_port)
+                if not self.certificate.exists():
+                    make_certificate(self.certificate)
             self.start_board(*self.board_options)
             self._start_web_server()
         except OSError as error:
@@ -121,7 +153,7 @@ class ConsoleSite(contextlib.AbstractContextManager):
     def _start(self, *command, **options):
         # A server goes with whoever started it, even when that one is killed.
         process = subprocess.Popen(["setpriv", "--pdeathsig", "TERM", *command],
-                                   stdin=subprocess.DEVNULL, **options)
+                                   stdin=subprocess.DEVNULL, umask=PRIVATE, **options)
         self._processes.append(process)
         return process
 
@@ -143,7 +175,8 @@ class ConsoleSite(contextlib.AbstractContextManager):
         environment = ", ".join(f'"{name}" => "{value}"'
                                 for name, value in self.environment.items())
         values = {"PORT": self.port, "SITE": self.build / "site", "RUN": self.run,
-                  "ENVIRONMENT": environment}
+                  "ENVIRONMENT": environment,
+                  "TLS": TLS % (self.tls_port, self.certificate) if self.tls_port else ""}
         for name, value in values.items():
             text = text.replace(f"@{name}@", str(value))
         return text

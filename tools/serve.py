@@ -11,6 +11,7 @@ from console_check import run_checks
 from console_site import ConsoleSite, SiteError
 
 DEFAULT_PORT = 8080
+DEFAULT_TLS_PORT = 8443
 CHECK_TIME_LIMIT_MS = 1000  # how long pages wait for a board that is told to be silent
 
 
@@ -24,6 +25,8 @@ def parse_arguments():
     parser = argparse.ArgumentParser(prog="./run", description=__doc__)
     parser.add_argument("--port", type=port_number,
                         help=f"port on loopback (default {DEFAULT_PORT}; with --check a free one)")
+    parser.add_argument("--tls-port", type=port_number, default=DEFAULT_TLS_PORT,
+                        help=f"port of HTTPS on loopback (default {DEFAULT_TLS_PORT})")
     parser.add_argument("--check", action="store_true",
                         help="fetch the main pages, print what came, stop, exit 0 or 1")
     parser.add_argument("--fault", action="append", default=[], metavar="PROCEDURE:KIND",
@@ -34,7 +37,7 @@ def parse_arguments():
 
 
 def serve(site):
-    print(f"The console is at {site.url}/")
+    print(f"The console is at {site.url}/ and, with a certificate of its own, at {site.tls_url}/")
     print("The board's users: admin, operator (Japanese), staff, guest, part;")
     print("each one's password is the name and -pass, such as admin-pass.")
     print(f"Look at the board: ORV_IPC_SOCKET={site.socket} {site.build}/tools/boardctl --help")
@@ -77,7 +80,7 @@ def main():
             return check(arguments.build, arguments.port or 0, faults)
         run = pathlib.Path(arguments.build) / "run"
         with ConsoleSite(arguments.build, run, arguments.port or DEFAULT_PORT,
-                         board_options=faults) as site:
+                         board_options=faults, tls_port=arguments.tls_port) as site:
             serve(site)
     except SiteError as problem:
         print(f"run: {problem}", file=sys.stderr)

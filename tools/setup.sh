@@ -1,7 +1,7 @@
 # What ./run, ./test and bench/run share; sourced by them. Installs packages and builds a preset.
 
-BUILD_PACKAGES="cmake g++ libc-bin libcrypt-dev libsqlite3-dev lighttpd ninja-build nettle-dev
-    python3 util-linux"
+BUILD_PACKAGES="cmake g++ libc-bin libcrypt-dev libsqlite3-dev lighttpd lighttpd-mod-openssl
+    ninja-build nettle-dev openssl python3 util-linux"
 TEST_PACKAGES="binutils clang-format clang-tidy doxygen libgtest-dev pkg-config pyflakes3"
 BOARD_PACKAGES="autoconf automake dpkg-dev g++-powerpc-linux-gnu googletest libtool m4 make
     pkg-config qemu-user-static tcl"

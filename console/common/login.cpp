@@ -62,8 +62,8 @@ private:
             return;
         }
         const unsigned int error = requester.getErrorDetail();
-        m_trace.putLog(0, "login of " + m_user + " from " + client + " failed: error " +
-                              std::to_string(error));
+        // Not the name: some type their password there. The board notes the names of its users.
+        m_trace.putLog(0, "login from " + client + " failed: error " + std::to_string(error));
         askLanguage();
         m_problem = problemFor(error);
     }

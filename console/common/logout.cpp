@@ -4,8 +4,10 @@
 #include "gui/CGIRequester.h"
 #include "gui/SubmitButton.h"
 #include "shared/Board.h"
+#include "shared/Components.h"
 #include "shared/OuterPage.h"
 #include "shared/PageMain.h"
+#include "shared/PageStep.h"
 #include "shared/Program.h"
 #include "shared/SkeletonPart.h"
 #include "shared/Texts.h"
@@ -24,32 +26,39 @@ protected:
     int execMain() override {
         getCookie();
         guiCheckSession(true);
-        // A link from elsewhere must not be able to end a session: it takes a POST.
-        const bool ends = m_formInfo->isPostMethod();
+        CGIRequester requester(m_sessionId.c_str());
+        // Nobody elsewhere must be able to end a session: it takes a form of its own.
+        const bool isSent = m_formInfo->isPostMethod();
+        const bool ends = isSent && Console::isOwnForm(*m_formInfo, requester, MODULE);
         if (ends) {
-            endSession();
+            endSession(requester);
         }
         beginPage(Console::TEXT_LOGOUT);
         if (ends) {
             Console::putExpiredCookie(*m_page);
         }
-        printPage(ends ? makeFarewell() : makeQuestion());
+        printPage(ends ? makeFarewell() : makeQuestion(requester, isSent));
         return 0;
     }
 
 private:
-    void endSession() {
-        CGIRequester requester(m_sessionId.c_str());
+    static void endSession(CGIRequester& requester) {
         if (requester.logout() == 0 && requester.getErrorDetail() != ERROR_SESSION_INVALID) {
             Console::failWith(requester);
         }
     }
 
-    std::unique_ptr<HTMLComponent> makeQuestion() {
+    std::unique_ptr<HTMLComponent> makeQuestion(const CGIRequester& requester, bool isRefused) {
         auto question = std::make_unique<Console::SkeletonPart>("skeleton_logout.txt");
         question->putText("question", m_messages->getString(Console::TEXT_ASK_LOGOUT));
         question->put("submit", std::make_unique<SubmitButton>(
                                     "logout", m_messages->getString(Console::TEXT_LOGOUT)));
+        question->put(Console::END_FIELD, Console::makeFormEnd(requester));
+        if (isRefused) {
+            question->put("error",
+                          Console::makeSentence(m_messages->getString(Console::TEXT_FORM_CUT_OFF),
+                                                TextString::ERROR_COLOUR));
+        }
         return question;
     }
 

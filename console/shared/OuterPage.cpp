@@ -1,5 +1,7 @@
 #include "shared/OuterPage.h"
 
+#include <cstdlib>
+
 #include "gui/Cookie.h"
 #include "gui/MessageMgr.h"
 #include "shared/Components.h"
@@ -7,6 +9,16 @@
 using namespace ORVLib::Gui;
 
 namespace Console {
+
+namespace {
+
+/// True when the page is asked for over HTTPS.
+bool isEncrypted() {
+    const char* const https = std::getenv("HTTPS");
+    return https != nullptr && std::string(https) == "on";
+}
+
+}  // namespace
 
 void putText(ComponentMap& map, const std::string& marker, const std::string& text) {
     HTMLMapUtil::insertIntoMap(map, marker, makeText(text));
@@ -28,7 +40,8 @@ void dressPage(HTMLPage& page, const std::string& title) {
 
 void putSessionCookie(HTMLPage& page, const std::string& sessionId) {
     auto cookie = std::make_unique<Cookie>();
-    cookie->setSessionId(sessionId + "; path=/; HttpOnly; SameSite=Strict");
+    cookie->setSessionId(sessionId + "; path=/; HttpOnly; SameSite=Strict" +
+                         (isEncrypted() ? "; Secure" : ""));
     HTMLMapUtil::insertIntoMap(page.getMap(), HTMLPage::KEY_COOKIE, std::move(cookie));
 }
 

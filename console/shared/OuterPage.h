@@ -23,7 +23,8 @@ std::string inputValue(std::string text);
 void dressPage(ORVLib::Gui::HTMLPage& page, const std::string& title);
 
 /// Lets the browser carry a session for the whole console, out of reach of scripts and of other
-/// sites. REQUIRES: `sessionId` comes from the board.
+/// sites; one that came over HTTPS never goes over HTTP. REQUIRES: `sessionId` comes from the
+/// board.
 void putSessionCookie(ORVLib::Gui::HTMLPage& page, const std::string& sessionId);
 
 /// Lets the browser forget its session.

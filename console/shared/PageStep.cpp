@@ -5,22 +5,14 @@
 #include "gui/CommonDefaultPage.h"
 #include "gui/HTMLPage.h"
 #include "gui/HiddenField.h"
+#include "orv/OrvTrace.h"
+#include "shared/FormToken.h"
 
 using namespace ORVLib::Gui;
 
 namespace Console {
 
 namespace {
-
-constexpr char END_FIELD[] = "form_end";
-
-/// True for a form with its last field. Behind a file that could not be kept nothing is read; such
-/// a form changes nothing, and its page says that the file was lost.
-bool isWhole(const FormInfo& form) {
-    const bool isFileLost =
-        !form.getUploadedFileName().empty() && form.getTemporaryFilePath().empty();
-    return form.getFields().count(END_FIELD) != 0 || isFileLost;
-}
 
 Step wantedStep(const FormInfo& form) {
     std::string carried;
@@ -39,13 +31,25 @@ Step wantedStep(const FormInfo& form) {
 
 }  // namespace
 
-void putFormEnd(ComponentMap& map) {
-    HTMLMapUtil::insertIntoMap(map, END_FIELD, std::make_unique<HiddenField>(END_FIELD, "1"));
+std::unique_ptr<HTMLComponent> makeFormEnd(const CGIRequester& requester) {
+    return std::make_unique<HiddenField>(END_FIELD, formToken(requester.getSessionId()));
 }
 
-Step stepOf(const FormInfo& form) {
-    const Step step = wantedStep(form);
-    return step == Step::SHOW || isWhole(form) ? step : Step::CUT_OFF;
+bool isOwnForm(const FormInfo& form, const CGIRequester& requester, int module) {
+    std::string token;
+    const bool isWhole = form.getFormData(END_FIELD, token);
+    if (isWhole && isFormToken(token, requester.getSessionId())) {
+        return true;
+    }
+    ORVLib::trace::OrvTrace(1, 2, module)
+        .putLog(0, isWhole ? "form refused: not of this session" : "form refused: not whole");
+    return false;
+}
+
+Step stepOf(const PageContext& context, int module) {
+    const Step step = wantedStep(context.form);
+    const bool isTaken = step == Step::SHOW || isOwnForm(context.form, context.requester, module);
+    return isTaken ? step : Step::CUT_OFF;
 }
 
 int stateOf(Step step) {

@@ -5,15 +5,23 @@
 
 #include "gui/FormInfo.h"
 #include "orv/PException.h"
+#include "shared/Origin.h"
 
 namespace Console {
 
 /// Answers a request that could not even be read. Returns the program's exit status.
 int refuseRequest(const std::string& reason);
 
-/// A page program's main(): reads the request and runs a main object on it.
+/// Answers a request that another site made a browser send. Returns the program's exit status.
+int refuseForeignPost();
+
+/// A page program's main(): reads the request, unless another site made it, and runs a main object
+/// on it.
 template <typename Main>
 int runProgram() {
+    if (isForeignPost()) {
+        return refuseForeignPost();
+    }
     std::unique_ptr<ORVLib::Gui::FormInfo> form;
     try {
         form = std::make_unique<ORVLib::Gui::FormInfo>();

@@ -28,7 +28,7 @@ SettingsPage::SettingsPage(const PageContext& context, Function function, Text p
       m_purpose(purpose),
       m_returnPath(ORVGUIUtil::getCGIPath(function)),
       m_completion(SETTINGS_CHANGED),
-      m_step(stepOf(context.form)),
+      m_step(stepOf(context, function)),
       m_state(stateOf(m_step)),
       m_shown(std::make_unique<Facts>()),
       m_carried(std::make_unique<Sequence>()) {
@@ -139,7 +139,7 @@ void SettingsPage::putButton(const std::string& marker, Text label) {
 
 void SettingsPage::beginForm(const int* state) {
     addNextPageItem(state, false);
-    putFormEnd(getMap());
+    HTMLMapUtil::insertIntoMap(getMap(), END_FIELD, makeFormEnd(getRequester()));
     putTexts();
 }
 

@@ -25,8 +25,8 @@ namespace Console {
 ///     4                valid input: applied, then the completion page
 ///                      otherwise the form again, as above
 ///
-/// A form that did not arrive whole counts as none, and the page says so. The form of a page
-/// without confirmation carries 4 wherever 3 stands here.
+/// A form that did not arrive whole, or is not of this session, counts as none, and the page says
+/// so. The form of a page without confirmation carries 4 wherever 3 stands here.
 ///
 /// A page adds its inputs in its constructor and says how they are read and applied.
 class SettingsPage : public ORVLib::Gui::CommonDefaultPage {

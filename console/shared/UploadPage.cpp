@@ -18,6 +18,11 @@ constexpr int FILE_FIELD_SIZE = 48;
 
 constexpr int SENT = CommonDefaultPage::STATE_CONFIGURE;  // leads to the state that is confirmed
 
+/// True when a file came that could not be kept. Nothing is read behind it.
+bool isFileLost(const FormInfo& form) {
+    return !form.getUploadedFileName().empty() && form.getTemporaryFilePath().empty();
+}
+
 }  // namespace
 
 UploadPage::UploadPage(const PageContext& context, Function function, Text purpose)
@@ -25,7 +30,7 @@ UploadPage::UploadPage(const PageContext& context, Function function, Text purpo
       m_context(context),
       m_function(function),
       m_purpose(purpose),
-      m_step(stepOf(context.form)),
+      m_step(stepOf(context, function)),
       m_state(stateOf(m_step)),
       m_facts(std::make_unique<Facts>()),
       m_carried(std::make_unique<Sequence>()),
@@ -78,7 +83,7 @@ void UploadPage::makeDispPage() {
         showForm(text(TEXT_FILE_DROPPED));
     } else {
         if (m_step == Step::CUT_OFF) {
-            refuse(TEXT_FORM_CUT_OFF);
+            refuse(isFileLost(m_context.form) ? TEXT_FILE_LOST : TEXT_FORM_CUT_OFF);
         }
         showForm("");
     }
@@ -99,7 +104,7 @@ void UploadPage::receiveFile() {
     const FormInfo& form = m_context.form;
     if (form.getUploadedFileName().empty()) {
         refuse(TEXT_CHOOSE_FILE);
-    } else if (form.getTemporaryFilePath().empty()) {
+    } else if (isFileLost(form)) {
         refuse(TEXT_FILE_LOST);
     } else {
         receive(form.getTemporaryFilePath());
@@ -136,7 +141,7 @@ void UploadPage::showConfirmation() {
 
 void UploadPage::beginForm(const int* state) {
     addNextPageItem(state, false);
-    putFormEnd(getMap());
+    HTMLMapUtil::insertIntoMap(getMap(), END_FIELD, makeFormEnd(getRequester()));
     putTexts();
 }
 

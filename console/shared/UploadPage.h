@@ -21,7 +21,8 @@ namespace Console {
 ///                      otherwise the form again, with the reason; carries 3
 ///     4                done, then the completion page; otherwise the form, with the reason
 ///
-/// A form that did not arrive whole counts as none, and the page says so.
+/// A form that did not arrive whole, or is not of this session, counts as none, and the page says
+/// so.
 ///
 /// The uploaded file itself ends with the request that brings it. receive() hands it to the board,
 /// or carries it on.

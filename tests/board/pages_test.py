@@ -1,8 +1,8 @@
 """The same requests to pages on the board and on this machine: same output, same telegrams.
 
 Each machine runs its own build's pages and orvboardd. Only what is made anew each time is made
-equal before the comparison: the session ID, the process ID in a telegram's first four bytes, and
-time and process ID at the begin of a line of the log.
+equal before the comparison: the session ID and its forms' token, the process ID in a telegram's
+first four bytes, and time and process ID at the begin of a line of the log.
 """
 
 import hashlib
@@ -22,7 +22,8 @@ INSPECTOR, REFRESH = "/common/request.cgi", "/network/orv_refresh_set.cgi"
 CONTENT = random.Random(6).randbytes(200_000)
 FORM, MULTIPART = "application/x-www-form-urlencoded", "multipart/form-data; boundary=" + BOUNDARY
 LOG_LINE_BEGIN = re.compile(rb"^[\d-]{10} [\d:.]{15} \[\d+\] ", re.MULTILINE)
-ANY_SESSION, ANY_PROCESS = b"s" * 31, bytes(4)
+ANY_SESSION, ANY_TOKEN, ANY_PROCESS = b"s" * 31, b"t" * 32, bytes(4)
+TOKEN = re.compile(rb'name="form_end" value="([0-9a-f]{32})"')
 
 
 def form(**fields):
@@ -37,9 +38,11 @@ REQUESTS = (
     ("frameset", FRAME, None, b"<frame name="),
     ("menu", MENU + "?load=1&tid=0&mid=3", None, b"/common/frame.cgi?fid="),
     ("setting", REFRESH, None, b'value="60"'),
-    ("wrong input", REFRESH, form(page_state=3, interval="3601", form_end=1), b"from 0 to 3600"),
-    ("confirmation", REFRESH, form(page_state=3, interval="45", form_end=1), b'value="45"'),
-    ("change", REFRESH, form(page_state=4, interval="45", form_end=1), b"have been changed"),
+    ("wrong input", REFRESH, form(page_state=3, interval="3601", form_end=ANY_TOKEN),
+     b"from 0 to 3600"),
+    ("confirmation", REFRESH, form(page_state=3, interval="45", form_end=ANY_TOKEN), b'value="45"'),
+    ("change", REFRESH, form(page_state=4, interval="45", form_end=ANY_TOKEN),
+     b"have been changed"),
     ("changed setting", REFRESH, None, b'value="45"'),
     ("upload", INSPECTOR, (MULTIPART, multipart({b"comment": b"firmware"}, b"image.bin", CONTENT)),
      hashlib.sha256(CONTENT).hexdigest().encode()),
@@ -69,15 +72,18 @@ class Visit:
     """A user's way through the pages of a machine."""
 
     def __init__(self, machine):
-        self.machine, self.session = machine, ""
+        self.machine, self.session, self.token = machine, "", ANY_TOKEN
 
     def ask(self, target, body):
         """The answer, what the page logged and the exchanges, with what is made anew made equal."""
+        content = body[1].replace(ANY_TOKEN, self.token) if body else b""
         process, output, log, exchanges = self.machine.run_page(
-            target.partition("?")[0], self._environment(target, body), body[1] if body else b"")
+            target.partition("?")[0], self._environment(target, body), content)
         opened = re.search(rb"^Set-Cookie: sid=([\w-]{31});", output, re.MULTILINE)
         if opened:
             self.session = opened[1].decode()
+        if found := TOKEN.search(output):
+            self.token = found[1]
         return (self._settled(output), LOG_LINE_BEGIN.sub(b"", self._settled(log)),
                 [tuple(self._settled(settle_process(side, process)) for side in exchange)
                  for exchange in exchanges])
@@ -92,6 +98,7 @@ class Visit:
                 "HTTP_COOKIE": "sid=" + self.session, "ORV_TRACE_LEVEL": "200"}
 
     def _settled(self, data):
+        data = data.replace(self.token, ANY_TOKEN)
         return data.replace(self.session.encode() or ANY_SESSION, ANY_SESSION)
 
 

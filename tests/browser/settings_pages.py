@@ -1,10 +1,24 @@
-"""Every page that changes a setting: what can be set on it, and what is wrong there."""
+"""Who may use which functions, and each page of settings: what can be set, what is wrong there."""
 
 import dataclasses
 
 
+READ_ONLY = {3, 64}
+EVERYBODY = {7, 11, 63, 75, 95, 153, 154} | READ_ONLY
+PARTITIONS = {30, 31, 45}
+MAINTENANCE = {100, 104, 108}
+FUNCTIONS = {
+    "admin": {8, 10, 60, 70, 72, 74, 77, 88, 92} | EVERYBODY | PARTITIONS | MAINTENANCE,
+    "operator": EVERYBODY | PARTITIONS,
+    "part": EVERYBODY | PARTITIONS,
+    "staff": EVERYBODY | MAINTENANCE,
+    "guest": EVERYBODY,
+}
+
+
 @dataclasses.dataclass(frozen=True)
 class SettingsPage:
+    function: int
     path: str
     valid: dict          # fields and values, other than a new board's
     wrong: tuple = ()    # (field, value) pairs that are refused beside the valid values
@@ -12,46 +26,46 @@ class SettingsPage:
 
 
 PAGES = (
-    SettingsPage("/system/sys_info.cgi",
+    SettingsPage(8, "/system/sys_info.cgi",
                  {"system_name": "server 2", "asset_tag": "AT-2002", "location": "\"Room\" <3>",
                   "contact": "Operations &amp; more"},
                  (("system_name", ""), ("location", "東京"), ("contact", "caf\xe9"))),
-    SettingsPage("/system/led_config.cgi", {"led": "blink"}, user="guest"),
-    SettingsPage("/system/pel_filter.cgi",
+    SettingsPage(11, "/system/led_config.cgi", {"led": "blink"}, user="guest"),
+    SettingsPage(154, "/system/pel_filter.cgi",
                  {"severity": "warning", "source": "power", "count": "20"},
                  (("count", "0"), ("count", "201"), ("count", "2x")), user="staff"),
-    SettingsPage("/partition/schedule_set.cgi?partition=3",
+    SettingsPage(31, "/partition/schedule_set.cgi?partition=3",
                  {"enabled0": True, "first_day0": "2027", "first_day1": "01", "first_day2": "02",
                   "last_day0": "2028", "last_day1": "02", "last_day2": "29", "weekday6": True,
                   "on_time0": "06", "on_time1": "05", "on_time2": "00", "off_time0": "",
                   "off_time1": "", "off_time2": ""},
                  (("first_day1", "13"), ("last_day0", "2027"), ("last_day0", "2038"),
                   ("last_day1", "\"1"), ("on_time0", "24"), ("on_time2", "-1")), user="part"),
-    SettingsPage("/partition/boot_control.cgi?partition=1",
+    SettingsPage(45, "/partition/boot_control.cgi?partition=1",
                  {"device1": "network", "device2": "none", "device3": "disk", "retries": "9",
                   "halt0": True},
                  (("device2", "network"), ("retries", "x")), user="operator"),
-    SettingsPage("/network/orv_time_set.cgi",
+    SettingsPage(70, "/network/orv_time_set.cgi",
                  {"source": "manual", "date0": "2030", "date1": "02", "date2": "28",
                   "time0": "23", "zone": "+09:00"},
                  (("date2", "30"), ("date0", "2038"), ("time0", "24"), ("time2", ""),
                   ("source", "servers"))),
-    SettingsPage("/network/orv_ip_set.cgi",
+    SettingsPage(72, "/network/orv_ip_set.cgi",
                  {"host": "board-2.example.com", "address3": "20", "address4": "16",
                   "gateway3": "2", "first_dns3": "54", "second_dns0": "192", "second_dns1": "0",
                   "second_dns2": "2", "second_dns3": "55"},
                  (("host", ""), ("host", "a b"), ("host", "h..x"), ("address0", "256"), ("address0", "127"), ("address4", "33"),
                   ("gateway3", ""), ("gateway0", "224"), ("first_dns0", "0"), ("second_dns0", "\"<"))),
-    SettingsPage("/network/orv_protocol_set.cgi",
+    SettingsPage(74, "/network/orv_protocol_set.cgi",
                  {"https_port": "8443", "ssh0": False, "ssh_port": "2222", "telnet0": True},
                  (("ssh_port", "8443"), ("http_port", "0"), ("http_port", "65536"),
                   ("telnet_port", "+23"))),
-    SettingsPage("/network/orv_snmptrap_set.cgi",
+    SettingsPage(77, "/network/orv_snmptrap_set.cgi",
                  {"enabled2_0": True, "address2_0": "192", "address2_1": "0", "address2_2": "2",
                   "address2_3": "162", "community2": "a<b>\"&amp;'"},
                  (("community2", ""), ("community2", "a b"), ("address2_3", ""),
                   ("enabled3_0", True))),
-    SettingsPage("/network/orv_smtp_set.cgi",
+    SettingsPage(92, "/network/orv_smtp_set.cgi",
                  {"enabled0": True, "server": "mail.example.com", "port": "587",
                   "sender": "board@example.com", "recipient1": "admin@example.com",
                   "recipient2": "a&amp;<b>\"'@example.com"},
@@ -59,7 +73,7 @@ PAGES = (
                    ("sender", "a@@example.com"), ("server", "192.0.2.256"),
                    ("server", "mail..example.com"), ("sender", ""),
                   ("sender", "caf\xe9@example.com"), ("port", "0"))),
-    SettingsPage("/network/orv_refresh_set.cgi", {"interval": "1234"},
+    SettingsPage(75, "/network/orv_refresh_set.cgi", {"interval": "1234"},
                  (("interval", "3601"), ("interval", ""))),
-    SettingsPage("/maintenance/maintenance_mode.cgi", {"mode18_0": True, "permission0": True}),
+    SettingsPage(108, "/maintenance/maintenance_mode.cgi", {"mode18_0": True, "permission0": True}),
 )

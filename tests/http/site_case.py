@@ -12,12 +12,14 @@ SANITIZER_REPORTS = ("AddressSanitizer", "LeakSanitizer", "runtime error:")
 
 class SiteCase(unittest.TestCase):
     environment = {}  # of the pages
+    tls_port = None
 
     @classmethod
     def setUpClass(cls):
         cls.run_folder = cls.enterClassContext(tempfile.TemporaryDirectory())
         cls.site = cls.enterClassContext(ConsoleSite(os.environ["CONSOLE_BUILD"], cls.run_folder,
-                                                     environment=cls.environment))
+                                                     environment=cls.environment,
+                                                     tls_port=cls.tls_port))
         cls.client = ConsoleClient(cls.site.url)
 
     def tearDown(self):

@@ -350,10 +350,14 @@ class ItemsTest(BoardCase):
         self.assertRefused(NOT_AUTHORISED, self.put, POWER + 1, session, record("off"))
         self.put(POWER + 2, session, record("off"))
 
-        # A role counts at once; without a new password the sessions stay.
-        self.put(USER_EDIT, admin, record("u-1._", "", "operator", self.NOBODY, 1))
-        self.put(POWER + 1, session, record("off"))
+        # Whoever has other rights, or another password, logs in again; another language is no more
+        # than that.
+        self.put(USER_EDIT, admin, record(new[0], "", *new[2:4], 1))
         self.assertEqual(self.check(session).language, 1)
+        self.put(USER_EDIT, admin, record("u-1._", "", "operator", self.NOBODY, 1))
+        self.assertRefused(NO_SESSION, self.check, other)
+        session, other = (self.login(b"u-1._", b"password").session for _ in range(2))
+        self.put(POWER + 1, session, record("off"))
         self.put(USER_EDIT, admin, record("u-1._", "another-one", "administrator", self.NOBODY, 1))
         for ended in (session, other):
             self.assertRefused(NO_SESSION, self.check, ended)

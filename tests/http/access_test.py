@@ -1,0 +1,170 @@
+"""Who gets in: whatever changes something, sent by all who must not, in all the ways they have."""
+
+import contextlib
+import hashlib
+import shutil
+import sqlite3
+import subprocess
+import sys
+import unittest
+import urllib.parse
+from pathlib import Path
+
+from console_client import LOGIN, LOGOUT, ConsoleClient
+from console_site import PROJECT
+from settings_pages import FUNCTIONS, PAGES, SettingsPage
+from site_case import SiteCase
+
+USERS, ACCESS_LIST = "/user/list.cgi", "/network/orv_acl_set.cgi"
+BACKUP, FIRMWARE = "/maintenance/orv_backup_restore.cgi", "/maintenance/orv_firmup.cgi"
+SECRETS = {"new-secret", *(user + "-pass" for user in FUNCTIONS)}
+LOCAL_NET = {f"address{n}": byte for n, byte in enumerate("10 0 0 0 24".split())}
+FORMS = (
+    SettingsPage(10, "/system/power_control.cgi", {"operation": "off"}),
+    SettingsPage(30, "/partition/power_control.cgi?partition=1", {"operation": "on"},
+                 user="operator"),
+    *PAGES,
+    SettingsPage(88, ACCESS_LIST + "?operation=add", LOCAL_NET),
+    SettingsPage(88, ACCESS_LIST + "?operation=remove&row=10.0.0.0/24", {}),
+    SettingsPage(60, USERS + "?action=add", {"name": "new", "role": "guest",
+                                             "password": "new-secret", "repeated": "new-secret"}),
+    SettingsPage(60, USERS + "?action=edit&name=new", {"role": "operator"}),
+    SettingsPage(60, USERS + "?action=remove&name=new", {}),
+    SettingsPage(63, "/user/ch_passwd.cgi", dict.fromkeys(("present", "wanted", "repeated"),
+                                                          "guest-pass"), user="guest"),
+)
+READ_ONLY = {3: "/system/sys_status.cgi", 7: "/system/sel_filtering.cgi", 64: "/user/who.cgi",
+             95: "/common/progress.cgi", 153: "/system/pel.cgi"}
+OTHERS = (LOGIN, LOGOUT, BACKUP + "?download=1", FIRMWARE, "/", "/default.css", "/console.js",
+          "/no", "/no/", "/common/", "/no.cgi", *(f"/common/{name}.cgi" for name in (
+              "timeout", "frame", "menu", "information", "gallery", "request")))
+FOREIGN = ({"Origin": "http://evil.example"}, {"Origin": "null"}, {"Origin": "http://127.0.0.1:1"},
+           {"Sec-Fetch-Site": "cross-site"}, {"Sec-Fetch-Site": "same-site"})
+FORGED_STATES = ("", "1", "2", "3", "04", "4294967298")
+
+
+class WatchedClient(ConsoleClient):
+    pages = []
+
+    def request(self, *arguments):
+        answer = super().request(*arguments)
+        self.pages.append(str(answer.body))
+        SECRETS.update({self.session} - {None})
+        return answer
+
+
+class Access(SiteCase):
+    tls_port = 0
+
+    def setUp(self):
+        self.clients = {user: WatchedClient(self.site.url) for user in FUNCTIONS}
+        for user, client in self.clients.items():
+            client.login(user)
+
+    def tearDown(self):
+        super().tearDown()
+        # The log notes failed exchanges with their session, and is therefore not for everybody.
+        self.assertEqual(self.site.trace_log.stat().st_mode & 0o077, 0)
+        log = [line for line in self.trace_log().splitlines() if " CGIRequester::" not in line]
+        server = (self.site.run / "server.log").read_text(encoding="latin-1")
+        written = "\n".join((*log, server, *WatchedClient.pages))
+        self.assertEqual([secret for secret in SECRETS if secret in written], [])
+
+    def state(self):
+        """All that the board keeps, but sessions and events; and whether an image is staged."""
+        copies = [shutil.copy(self.site.run / f"board.db{log}", f"{self.run_folder}/copy.db{log}")
+                  for log in ("", "-wal")]
+        with contextlib.closing(sqlite3.connect(copies[0])) as database:
+            kept = [database.execute("SELECT * FROM " + table).fetchall()
+                    for table in ("users", "items")]
+        return kept, (self.site.run / "board.db.firmware").exists()
+
+    def test_only_the_sessions_own_form_changes_anything(self):
+        for form in FORMS:
+            with self.subTest(form=form.path):
+                self.assertOnlyItsFormChanges(form, {
+                    name: "1" if value is True else value
+                    for name, value in form.valid.items() if value is not False})
+        self.assertEqual(FUNCTIONS["admin"],
+                         {form.function for form in FORMS} | set(READ_ONLY) | {100, 104})
+
+    def test_only_the_sessions_own_form_takes_a_file(self):
+        content = self.clients["admin"].get(BACKUP + "?download=1").body
+        session = self.clients["admin"].session
+        self.site.boardctl("set", session, "0x0201000b", b"on\0".hex())
+        path = Path(self.run_folder) / "image.bin"
+        subprocess.run([sys.executable, PROJECT / "tools/make_firmware.py", "99", "2.0", path],
+                       check=True)
+        image = path.read_bytes()
+        self.site.boardctl("set", session, "0x02010064", (bytes(4) + image).hex())
+        for form, sent in ((SettingsPage(104, BACKUP, {}), {"content": content}),
+                           (SettingsPage(100, FIRMWARE, {}), {})):
+            digest = hashlib.sha256(sent.get("content", image)).hexdigest()
+            self.assertOnlyItsFormChanges(form, {**sent, "digest": digest})
+
+    def assertOnlyItsFormChanges(self, form, sent):
+        owner, path = self.clients[form.user], form.path.partition("?")[0]
+        fields = {**owner.get(form.path).form(), **sent, "page_state": "4"}
+        before = self.state()
+        for client, wrong, headers in self.attempts(form, fields):
+            self.assertEqual(client.post(path, wrong, headers).status, 403 if headers else 200)
+        owner.get(path + "?" + urllib.parse.urlencode(fields))
+        self.assertEqual(self.state(), before)
+        self.assertIn(b'role="status"', owner.post(path, fields).body)
+        self.assertNotEqual(self.state(), before)
+
+    def attempts(self, form, fields):
+        """Who sends what, with which headers, of what must not change anything."""
+        owner, other = self.clients[form.user], WatchedClient(self.site.url)
+        yield other, fields, {}
+        other.login(form.user)
+        for token in ("", "1", fields["form_end"][:-1], "0" * 32, other.token()):
+            yield owner, {**fields, "form_end": token}, {}
+        bare = {name: value for name, value in fields.items() if name != "form_end"}
+        for unfit in (bare, {**bare, "back": "1"},
+                      *({**fields, "page_state": state} for state in FORGED_STATES)):
+            yield owner, unfit, {}
+        for headers in FOREIGN:
+            yield owner, fields, headers
+        for user, client in self.clients.items():
+            may = form.function in FUNCTIONS[user] and (user, form.path[-1]) != ("part", "1")
+            self.assertEqual("(00:0502)" in client.get(form.path).text(), not may, user)
+            if user != form.user:
+                yield client, fields if may else {**fields, "form_end": client.token()}, {}
+
+    def test_logging_in_and_out_is_for_the_user_alone(self):
+        client = self.clients["admin"]
+        for headers in FOREIGN:
+            for path, fields in ((LOGIN, {"user": "guest", "password": "guest-pass"}),
+                                 (LOGOUT, {"form_end": client.token()})):
+                answer = client.post(path, fields, headers)
+                self.assertEqual((answer.status, answer.headers.get("set-cookie")), (403, None))
+        for wrong in ({}, {"form_end": self.clients["guest"].token()}):
+            self.assertIn("not opened in this session", client.post(LOGOUT, wrong).text())
+        self.assertIn("admin", client.get(USERS).text())
+        for brought in (client.session, "A" * 31):
+            client.session = brought
+            client.login("admin")
+            self.assertNotEqual(client.session, brought)
+
+    def test_a_session_of_https_stays_there(self):
+        client = WatchedClient(self.site.tls_url, self.site.certificate)
+        self.assertTrue(client.login("guest").headers["set-cookie"].endswith("; Secure"))
+        self.assertIn("logged out", client.logout().text())
+        self.assertEqual(self.site.certificate.stat().st_mode & 0o777, 0o600)
+
+    def test_whatever_is_served_tells_browsers_to_be_careful(self):
+        for path in {form.path for form in FORMS} | {*READ_ONLY.values(), *OTHERS}:
+            for user in ("admin", "guest"):
+                headers = self.clients[user].get(path).headers
+                for name, value in (("x-content-type-options", "^nosniff$"),
+                                    ("referrer-policy", "^same-origin$"),
+                                    ("cache-control", "^no-(store|cache)$"),
+                                    ("content-type", "^text/.*; charset=|^application/"),
+                                    ("content-security-policy", "frame-ancestors")):
+                    if (name, path) != ("content-security-policy", "/no.cgi"):
+                        self.assertRegex(headers.get(name, ""), value, (path, name))
+
+
+if __name__ == "__main__":
+    unittest.main()
