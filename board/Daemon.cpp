@@ -205,11 +205,19 @@ void Daemon::finishPasswordChecks() {
                 return candidate.getTicket() == result.ticket && candidate.isWorkedOn();
             });
         if (client != m_clients.end()) {
-            client->answer(m_requests.endPasswordCheck(client->getRequest(), check.mapped(),
-                                                       result.matches, result.newHash),
+            client->answer(endPasswordCheck(client->getRequest(), check.mapped(), result),
                            getDamage(*client));
         }
     }
+}
+
+Reply Daemon::endPasswordCheck(const Request& request, const Requests::PasswordCheck& check,
+                               const PasswordWorker::Result& result) {
+    if (result.failed) {
+        return Reply::error(
+            boardError(ERROR_BOARD_FAILURE, "cannot hash a password", request.type, ACTION_STATE));
+    }
+    return m_requests.endPasswordCheck(request, check, result.matches, result.newHash);
 }
 
 void Daemon::expireClients() {

@@ -42,6 +42,8 @@ private:
     void carryOut(Client& client);
     void startPasswordCheck(Client& client);
     void finishPasswordChecks();
+    Reply endPasswordCheck(const Request& request, const Requests::PasswordCheck& check,
+                           const PasswordWorker::Result& result);
     void expireClients();
     void removeClosed();
     void noteInterruption();
