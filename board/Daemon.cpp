@@ -170,6 +170,8 @@ void Daemon::carryOut(Client& client) {
     const FaultKind fault = m_faults.find(request.type);
     if (fault == FaultKind::SILENCE) {
         client.ignore();
+    } else if (fault == FaultKind::CRASH_BEFORE) {
+        std::raise(SIGKILL);
     } else if (fault == FaultKind::ERROR) {
         client.answer(Reply::error(boardError(ERROR_BOARD_FAILURE, "a fault was asked for",
                                               request.type, ACTION_INJECTED)));
