@@ -11,9 +11,14 @@ namespace Console {
 /// Answers a request that could not even be read. Returns the program's exit status.
 int refuseRequest(const std::string& reason);
 
-/// A page program's main(): reads the request and runs a main object on it.
+/// Lets a log or a page that cannot be written be a failed write, not the end of the program.
+void ignoreOutputSignals();
+
+/// Ends a program that cannot even refuse its request. Returns its exit status.
+int giveUp() noexcept;
+
 template <typename Main>
-int runProgram() {
+int readAndRun() {
     std::unique_ptr<ORVLib::Gui::FormInfo> form;
     try {
         form = std::make_unique<ORVLib::Gui::FormInfo>();
@@ -24,6 +29,17 @@ int runProgram() {
     }
     ORVLib::Gui::FormInfo::myInstance = form.get();
     return Main(*form).exec();
+}
+
+/// A page program's main(): reads the request and runs a main object on it.
+template <typename Main>
+int runProgram() {
+    ignoreOutputSignals();
+    try {
+        return readAndRun<Main>();
+    } catch (...) {
+        return giveUp();
+    }
 }
 
 }  // namespace Console
