@@ -128,9 +128,10 @@ class Limits(FaultCase):
                 page = self.page(INSPECTOR, {"a": "b"}, missing=1, **streams)
                 self.assertError(page, "could not be read")
 
+    @unittest.skipIf(SANITIZED, "a sanitizer needs descriptors of its own")
     def test_few_descriptors(self):
         kind = resource.RLIMIT_NOFILE
-        limits = range(12 if SANITIZED else 1, 24)  # a sanitizer needs some for itself
+        limits = range(1, 24)
         self.firstGood(limits, self.tryDaemon, kind)
         self.start("--client-timeout", "500", limit=12, kind=kind)
         silent = [self.connect() for _ in range(9)]
@@ -193,7 +194,7 @@ class Peers(FaultCase):
         self.lie(*(b"%c" % byte for byte in CHECK), pause=TIME_LIMIT / 20)
         begin = time.monotonic()
         self.assertError(self.page(NAMES), LATE)
-        self.assertLess(time.monotonic() - begin, TIME_LIMIT + 1)
+        self.assertLess(time.monotonic() - begin, TIME_LIMIT + 3)
 
     def test_a_daemon_that_dies_or_hangs_leaves_a_change_done_or_not(self):
         self.start()

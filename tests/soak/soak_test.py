@@ -22,8 +22,8 @@ from console_site import ConsoleSite
 from fault_case import BUILD, SANITIZED, take_small_disk, uploads
 from site_case import SANITIZER_REPORTS
 
-REQUESTS = int(os.environ.get("SOAK_REQUESTS", "1500" if SANITIZED else "10000"))
-CONNECTIONS, LIFE_SECONDS, GROWTH_KIB = 8, 2, 2048
+REQUESTS = int(os.environ.get("SOAK_REQUESTS", "1000" if SANITIZED else "10000"))
+CONNECTIONS, LIFE_SECONDS, GROWTH_KIB = 8, 2, 8192 if SANITIZED else 2048
 AWAY = re.compile(r"\(00:040[12]\)|board cannot be reached")
 INSPECTOR, REFRESH = "/common/request.cgi", "/network/orv_refresh_set.cgi"
 PAGES = (("/system/sys_status.cgi", "31 C"), ("/user/who.cgi", "soak"),
