@@ -113,7 +113,8 @@ std::string explain(const DatabaseError& error) {
         case SQLITE_READONLY:
         case SQLITE_CANTOPEN:
         case SQLITE_PERM:
-            return "cannot be opened for writing; check the rights of the file and its folder";
+            return std::string("cannot be opened for writing (") + error.what() +
+                   "); check the rights of the file and its folder";
         case SQLITE_EMPTY:
             return "is empty; restore it, or remove it to begin with the sample board";
         case SQLITE_MISMATCH:

@@ -2,6 +2,7 @@
 
 #include <poll.h>
 
+#include <csignal>
 #include <cstdio>
 
 #include "Protocol.h"
@@ -20,6 +21,11 @@ std::string describeExcess(std::uint32_t type) {
     char text[96];
     std::snprintf(text, sizeof text, "what came behind request 0x%08x was ignored", type);
     return text;
+}
+
+bool isCutShort(FaultKind fault) {
+    return fault == FaultKind::EARLY_CLOSE || fault == FaultKind::STALL ||
+           fault == FaultKind::CRASH_MIDWAY;
 }
 
 }  // namespace
@@ -143,11 +149,14 @@ void Client::expire() {
 }
 
 void Client::answer(Reply reply, FaultKind fault) {
+    if (fault == FaultKind::CRASH_AFTER) {
+        std::raise(SIGKILL);
+    }
+    m_fault = fault;
     reply.damage(fault, m_request.type);
     std::string bytes = reply.frame();
-    if (fault == FaultKind::EARLY_CLOSE) {
+    if (isCutShort(fault)) {
         bytes.resize(bytes.size() / 2);
-        m_closeAfterSending = true;
     }
     enter(Phase::SENDING);
     m_stream.queue(bytes);
@@ -162,10 +171,19 @@ void Client::send() {
     if (!m_stream.send()) {
         return;
     }
-    if (m_closeAfterSending) {
-        close();
-    } else {
-        enter(Phase::ENDING);
+    switch (m_fault) {
+        case FaultKind::EARLY_CLOSE:
+            close();
+            break;
+        case FaultKind::STALL:
+            ignore();
+            break;
+        case FaultKind::CRASH_MIDWAY:
+        case FaultKind::CRASH_LATE:
+            std::raise(SIGKILL);
+            break;
+        default:
+            enter(Phase::ENDING);
     }
 }
 

@@ -67,7 +67,7 @@ private:
     Phase m_phase = Phase::RECEIVING;
     Clock::time_point m_since = Clock::now();
     bool m_hasTelegram = false;
-    bool m_closeAfterSending = false;
+    FaultKind m_fault = FaultKind::NONE;  ///< shows when the answer is sent
     bool m_hasLoggedExcess = false;
     Request m_request;
 };

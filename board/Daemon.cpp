@@ -174,6 +174,8 @@ void Daemon::carryOut(Client& client) {
     const FaultKind fault = m_faults.find(request.type);
     if (fault == FaultKind::SILENCE) {
         client.ignore();
+    } else if (fault == FaultKind::CRASH_BEFORE) {
+        std::raise(SIGKILL);
     } else if (fault == FaultKind::ERROR) {
         client.answer(Reply::error(boardError(ERROR_BOARD_FAILURE, "a fault was asked for",
                                               request.type, ACTION_INJECTED)));
@@ -232,10 +234,18 @@ void Daemon::finishPasswordCheck() {
     }
     const auto check = m_passwordChecks.extract(result->ticket);
     if (Client* const client = findWorkedOn(result->ticket)) {
-        client->answer(m_requests.endPasswordCheck(client->getRequest(), check.mapped(),
-                                                   result->matches, result->newHash),
+        client->answer(endPasswordCheck(client->getRequest(), check.mapped(), *result),
                        getDamage(*client));
     }
+}
+
+Reply Daemon::endPasswordCheck(const Request& request, const Requests::PasswordCheck& check,
+                               const PasswordWorker::Result& result) {
+    if (result.failed) {
+        return Reply::error(
+            boardError(ERROR_BOARD_FAILURE, "cannot hash a password", request.type, ACTION_STATE));
+    }
+    return m_requests.endPasswordCheck(request, check, result.matches, result.newHash);
 }
 
 Client* Daemon::findWorkedOn(std::uint64_t ticket) {

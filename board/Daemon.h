@@ -44,6 +44,8 @@ private:
     void awaitPasswordCheck(Client& client);
     void startPasswordCheck();
     void finishPasswordCheck();
+    Reply endPasswordCheck(const Request& request, const Requests::PasswordCheck& check,
+                           const PasswordWorker::Result& result);
     void refuseAsBusy(std::uint64_t ticket);
     Client* findWorkedOn(std::uint64_t ticket);
     void expireClients();

@@ -2,6 +2,8 @@
 
 #include <sys/stat.h>
 
+#include <system_error>
+
 namespace ORVLib::Board {
 
 Query::~Query() {
@@ -51,6 +53,13 @@ void Query::check(int code) const {
     }
 }
 
+// SQLite's words, and the system's for what it could not do.
+static std::string describe(sqlite3* handle) {
+    const int error = sqlite3_system_errno(handle);
+    return sqlite3_errmsg(handle) +
+           (error != 0 ? ": " + std::generic_category().message(error) : std::string());
+}
+
 Database::Database(const std::string& path) {
     const mode_t before = ::umask(S_IRWXG | S_IRWXO);
     sqlite3* handle = nullptr;
@@ -59,7 +68,7 @@ Database::Database(const std::string& path) {
     ::umask(before);
     m_handle.reset(handle);
     if (code != SQLITE_OK) {
-        throw DatabaseError(handle != nullptr ? sqlite3_errmsg(handle) : "out of memory", code);
+        throw DatabaseError(handle != nullptr ? describe(handle) : "out of memory", code);
     }
     if (sqlite3_db_readonly(handle, "main") != 0) {
         throw DatabaseError("attempt to write a readonly database", SQLITE_READONLY);
@@ -91,7 +100,7 @@ Query Database::query(const char* sql) {
 }
 
 void Database::fail() const {
-    throw DatabaseError(sqlite3_errmsg(m_handle.get()), sqlite3_errcode(m_handle.get()) & 0xff);
+    throw DatabaseError(describe(m_handle.get()), sqlite3_errcode(m_handle.get()) & 0xff);
 }
 
 Transaction::Transaction(Database& database) : m_database(database) {

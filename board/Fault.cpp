@@ -22,6 +22,11 @@ constexpr KindName KINDS[] = {
     {"oversized-payload", FaultKind::OVERSIZED_PAYLOAD},
     {"silence", FaultKind::SILENCE},
     {"early-close", FaultKind::EARLY_CLOSE},
+    {"stall", FaultKind::STALL},
+    {"crash-before", FaultKind::CRASH_BEFORE},
+    {"crash-after", FaultKind::CRASH_AFTER},
+    {"crash-midway", FaultKind::CRASH_MIDWAY},
+    {"crash-late", FaultKind::CRASH_LATE},
 };
 
 struct ProcedureName {

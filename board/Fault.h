@@ -15,7 +15,12 @@ enum class FaultKind {
     SHORT_PAYLOAD,      ///< the payload lacks its last byte
     OVERSIZED_PAYLOAD,  ///< the payload has 4096 bytes too many
     SILENCE,            ///< never answered, not carried out
-    EARLY_CLOSE         ///< cut off in the middle of the answer
+    EARLY_CLOSE,        ///< cut off in the middle of the answer
+    STALL,              ///< half of the answer, and no more
+    CRASH_BEFORE,       ///< the daemon ends, as if killed, before it carries the operation out
+    CRASH_AFTER,        ///< the same, carried out but not answered
+    CRASH_MIDWAY,       ///< the same, in the middle of the answer
+    CRASH_LATE          ///< the same, behind the answer
 };
 
 /// The faults the daemon was started with.

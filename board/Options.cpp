@@ -76,7 +76,8 @@ const char* const Options::HELP_TEXT =
     "      PROCEDURE  getLanguage, login, logout, checkSession, getUserInfo,\n"
     "                 an item's ID in hexadecimal, or any\n"
     "      KIND       error, wrong-type, short-header, short-payload, oversized-payload,\n"
-    "                 silence, early-close\n"
+    "                 silence, early-close, stall, crash-before, crash-after,\n"
+    "                 crash-midway, crash-late\n"
     "  --help                       print this and end\n";
 
 Options Options::parse(int argc, char** argv) {

@@ -13,12 +13,15 @@ namespace {
 constexpr const char* YESCRYPT = "$y$";
 constexpr unsigned long DEFAULT_COST = 0;
 
-// Empty when crypt() does not know the setting.
+// crypt() does not say why it fails: it lacks memory, or the setting is damaged.
 std::string crypted(const std::string& password, const std::string& setting) {
     const auto work = std::make_unique<crypt_data>();
     const char* const hash = ::crypt_rn(password.c_str(), setting.c_str(), work.get(),
                                         static_cast<int>(sizeof(crypt_data)));
-    return hash != nullptr ? hash : "";
+    if (hash == nullptr) {
+        throw std::runtime_error("the system cannot hash a password with its yescrypt setting");
+    }
+    return hash;
 }
 
 }  // namespace
@@ -29,11 +32,7 @@ std::string hashPassword(const std::string& password) {
                            static_cast<int>(salt.size())) == nullptr) {
         throw std::runtime_error("the system cannot make a password salt");
     }
-    std::string hash = crypted(password, salt.data());
-    if (hash.empty()) {
-        throw std::runtime_error("the system cannot hash passwords with yescrypt");
-    }
-    return hash;
+    return crypted(password, salt.data());
 }
 
 bool matchesPassword(const std::string& password, const std::string& hash) {

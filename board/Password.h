@@ -8,7 +8,8 @@ namespace ORVLib::Board {
 /// Throws std::runtime_error when the system cannot.
 std::string hashPassword(const std::string& password);
 
-/// Takes some tens of milliseconds whatever the password is.
+/// Takes some tens of milliseconds whatever the password is, and 16 MiB of memory. Throws
+/// std::runtime_error when the system cannot hash it, which is no verdict.
 bool matchesPassword(const std::string& password, const std::string& hash);
 
 }  // namespace ORVLib::Board

@@ -16,14 +16,15 @@ namespace ORVLib::Board {
 namespace {
 
 PasswordWorker::Result carryOut(const PasswordWorker::Job& job) {
-    const bool matches = !job.hash || matchesPassword(job.password, *job.hash);
-    PasswordWorker::Result result{job.ticket, matches, ""};
-    if (result.matches && !job.newPassword.empty()) {
-        try {
+    PasswordWorker::Result result{job.ticket, false, false, ""};
+    try {
+        result.matches = !job.hash || matchesPassword(job.password, *job.hash);
+        if (result.matches && !job.newPassword.empty()) {
             result.newHash = hashPassword(job.newPassword);
-        } catch (const std::runtime_error& error) {
-            trace::OrvTrace(2, 1, 4).putLog(0, error.what());
         }
+    } catch (const std::exception& error) {
+        result.failed = true;
+        trace::OrvTrace(2, 1, 4).putLog(0, error.what());
     }
     return result;
 }

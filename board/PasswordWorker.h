@@ -24,8 +24,9 @@ public:
 
     struct Result {
         std::uint64_t ticket;
+        bool failed;  ///< the system could not hash
         bool matches;
-        std::string newHash;  ///< empty when there is none, or the system cannot make one
+        std::string newHash;
     };
 
     PasswordWorker();

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <exception>
 #include <stdexcept>
+#include <string>
 
 #include "Daemon.h"
 #include "Options.h"
@@ -26,12 +27,15 @@ void prepareSignals() {
     pthread_sigmask(SIG_BLOCK, &ending, nullptr);
 }
 
-void serve(const Options& options) {
-    Daemon daemon(options);
-    std::printf("orvboardd: ready on %s\n", options.socket.c_str());
-    if (std::fflush(stdout) != 0) {
+void print(const std::string& text) {
+    if (std::fputs(text.c_str(), stdout) < 0 || std::fflush(stdout) != 0) {
         throw std::runtime_error("cannot write to standard output");
     }
+}
+
+void serve(const Options& options) {
+    Daemon daemon(options);
+    print("orvboardd: ready on " + options.socket + "\n");
     daemon.run();
 }
 
@@ -41,9 +45,8 @@ int main(int argc, char** argv) {
     try {
         const Options options = Options::parse(argc, argv);
         if (options.help) {
-            return std::fputs(Options::HELP_TEXT, stdout) >= 0 && std::fflush(stdout) == 0
-                       ? EXIT_SUCCESS
-                       : EXIT_FAILURE;
+            print(Options::HELP_TEXT);
+            return EXIT_SUCCESS;
         }
         prepareSignals();
         serve(options);

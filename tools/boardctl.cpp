@@ -340,29 +340,30 @@ int report(const CGIRequester& requester) {
     return EXIT_FAILURE;
 }
 
+int finishOutput() {
+    if (!std::cout.flush()) {
+        std::cerr << "boardctl: cannot write to standard output\n";
+        return EXIT_FAILURE;
+    }
+    return EXIT_SUCCESS;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     const std::vector<std::string> words(argv + 1, argv + argc);
     if (words.size() == 1 && words[0] == "--help") {
         std::cout << USAGE;
-        return EXIT_SUCCESS;
+        return finishOutput();
     }
     try {
         if (words.empty()) {
             throw UsageError();
         }
         Command command(words);
-        if (!command.run()) {
-            return report(command.requester());
-        }
+        return command.run() ? finishOutput() : report(command.requester());
     } catch (const UsageError&) {
         std::cerr << USAGE;
         return EXIT_USAGE;
     }
-    if (!std::cout.flush()) {
-        std::cerr << "boardctl: cannot write to standard output\n";
-        return EXIT_FAILURE;
-    }
-    return EXIT_SUCCESS;
 }

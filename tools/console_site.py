@@ -82,7 +82,8 @@ class ConsoleSite(contextlib.AbstractContextManager):
         self.trace_log = self.run / "trace.log"
         self.board_options = board_options
         self._processes = []
-        self._board = None
+        self.board = None
+        self.server = None
 
     def __enter__(self):
         require_port(self.port)
@@ -131,14 +132,14 @@ class ConsoleSite(contextlib.AbstractContextManager):
 
     def start_board(self, *options):
         """Starts the simulated board with further words on its command line."""
-        self._board = self._start(self.build / "board" / "orvboardd",
+        self.board = self._start(self.build / "board" / "orvboardd",
                                   "--state", self.run / "board.db", "--socket", self.socket,
                                   *options, stdout=subprocess.PIPE)
-        if not self._board.stdout.readline().startswith(b"orvboardd: ready"):
+        if not self.board.stdout.readline().startswith(b"orvboardd: ready"):
             raise SiteError("orvboardd did not start: it says why above")
 
     def stop_board(self):
-        self._end(self._board)
+        self._end(self.board)
 
     def restart_board(self, *options):
         self.stop_board()
@@ -161,9 +162,11 @@ class ConsoleSite(contextlib.AbstractContextManager):
         program = shutil.which("lighttpd", path=os.environ["PATH"] + ":/usr/sbin")
         if program is None:
             raise SiteError("lighttpd is not installed: install the package lighttpd")
+        for left in self.run.glob("lighttpd-upload-*"):
+            left.unlink()  # by a web server that was killed, which keeps what it receives there
         configuration = self.run / "lighttpd.conf"
         configuration.write_text(self._configuration(), encoding="utf-8")
-        server = self._start(program, "-D", "-f", str(configuration))
+        server = self.server = self._start(program, "-D", "-f", str(configuration))
         deadline = time.monotonic() + START_LIMIT_SECONDS
         while not self._answers():
             if server.poll() is not None or time.monotonic() > deadline:

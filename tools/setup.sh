@@ -2,7 +2,7 @@
 
 BUILD_PACKAGES="cmake g++ libc-bin libcrypt-dev libsqlite3-dev lighttpd lighttpd-mod-openssl
     ninja-build nettle-dev openssl python3 util-linux"
-TEST_PACKAGES="binutils clang-format clang-tidy doxygen libgtest-dev pkg-config pyflakes3"
+TEST_PACKAGES="binutils clang-format clang-tidy doxygen libgtest-dev mount pkg-config pyflakes3"
 BOARD_PACKAGES="autoconf automake dpkg-dev g++-powerpc-linux-gnu googletest libtool m4 make
     pkg-config qemu-user-static tcl"
 BROWSER_PACKAGES="chromium chromium-driver fonts-dejavu-core fonts-ipafont-gothic python3-selenium"

@@ -45,6 +45,10 @@ protected:
         return !isSetByServers() || (&input != &m_date && &input != &m_time);
     }
 
+    bool isKept(const Console::Input& input) const override {
+        return &input != &m_date && &input != &m_time;
+    }
+
     void checkInputs() override {
         if (isSetByServers() && m_firstServer.isEmpty()) {
             mark(m_firstServer);

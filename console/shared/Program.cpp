@@ -1,5 +1,8 @@
 #include "shared/Program.h"
 
+#include <unistd.h>
+
+#include <csignal>
 #include <iostream>
 
 #include "gui/HTMLPage.h"
@@ -37,6 +40,18 @@ int refuseRequest(const std::string& reason) {
 
 int refuseForeignPost() {
     return refuse("another site made it", "403 Forbidden", TEXT_FORM_CUT_OFF);
+}
+
+void ignoreOutputSignals() {
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+}
+
+int giveUp() noexcept {
+    // Memory is what lacks here, so nothing that may take some.
+    constexpr char REASON[] = "page given up: no memory to refuse its request with\n";
+    static_cast<void>(!::write(STDERR_FILENO, REASON, sizeof REASON - 1));
+    return -1;
 }
 
 }  // namespace Console

@@ -15,10 +15,14 @@ int refuseRequest(const std::string& reason);
 /// Answers a request that another site made a browser send. Returns the program's exit status.
 int refuseForeignPost();
 
-/// A page program's main(): reads the request, unless another site made it, and runs a main object
-/// on it.
+/// Lets a log or a page that cannot be written be a failed write, not the end of the program.
+void ignoreOutputSignals();
+
+/// Ends a program that cannot even refuse its request. Returns its exit status.
+int giveUp() noexcept;
+
 template <typename Main>
-int runProgram() {
+int readAndRun() {
     if (isForeignPost()) {
         return refuseForeignPost();
     }
@@ -32,6 +36,17 @@ int runProgram() {
     }
     ORVLib::Gui::FormInfo::myInstance = form.get();
     return Main(*form).exec();
+}
+
+/// A page program's main(): reads the request and runs a main object on it.
+template <typename Main>
+int runProgram() {
+    ignoreOutputSignals();
+    try {
+        return readAndRun<Main>();
+    } catch (...) {
+        return giveUp();
+    }
 }
 
 }  // namespace Console

@@ -1,5 +1,7 @@
 #include "shared/SettingsPage.h"
 
+#include <cstdint>
+
 #include "gui/HiddenField.h"
 #include "gui/ORVGUIUtil.h"
 #include "gui/SubmitButton.h"
@@ -8,6 +10,7 @@
 #include "shared/Form.h"
 #include "shared/OuterPage.h"
 #include "shared/PartitionMain.h"
+#include "shared/Record.h"
 
 using namespace ORVLib::Gui;
 
@@ -16,6 +19,19 @@ namespace Console {
 namespace {
 
 constexpr int SETTINGS_CHANGED = 1;
+
+constexpr char SEEN_FIELD[] = "seen";
+
+/// What tells texts from others, in a few characters: their FNV-1a sum of 64 bits.
+std::string sumOf(const std::vector<std::string>& texts) {
+    std::uint64_t sum = 0xcbf29ce484222325;
+    for (const std::string& text : texts) {
+        for (const char* byte = text.c_str(); byte != text.c_str() + text.size() + 1; ++byte) {
+            sum = (sum ^ static_cast<unsigned char>(*byte)) * 0x100000001b3;
+        }
+    }
+    return std::to_string(sum);
+}
 
 }  // namespace
 
@@ -30,6 +46,7 @@ SettingsPage::SettingsPage(const PageContext& context, Function function, Text p
       m_completion(SETTINGS_CHANGED),
       m_step(stepOf(context, function)),
       m_state(stateOf(m_step)),
+      m_seen(fieldOf(context.form, SEEN_FIELD)),
       m_shown(std::make_unique<Facts>()),
       m_carried(std::make_unique<Sequence>()) {
     if (context.partition != JudgeAuthority::NO_PARTITION) {
@@ -74,7 +91,7 @@ void SettingsPage::makeDispPage() {
             showForm(true);
         }
     } else {
-        readCurrent();
+        readSeen();
         if (m_step == Step::CUT_OFF) {
             refuse(TEXT_FORM_CUT_OFF);
         }
@@ -83,6 +100,11 @@ void SettingsPage::makeDispPage() {
 }
 
 void SettingsPage::makeConfigPage() {
+    if (isOutdated()) {
+        refuse(TEXT_CHANGED_MEANWHILE);
+        showForm(true);
+        return;
+    }
     m_inputs.submit(m_context.form);
     if (areInputsValid()) {
         apply();
@@ -92,6 +114,28 @@ void SettingsPage::makeConfigPage() {
     } else {
         showCompletion();
     }
+}
+
+void SettingsPage::readSeen() {
+    readCurrent();
+    Record record;
+    for (const Input* const input : m_inputs.getInputs()) {
+        if (isKept(*input)) {
+            input->write(record);
+        }
+    }
+    m_seen = sumOf(record.getTexts());
+}
+
+/// True when somebody has changed the settings since the user saw them; the inputs then hold the
+/// present ones. A form that was not made here need not say what its user saw.
+bool SettingsPage::isOutdated() {
+    const std::string seen = m_seen;
+    if (seen.empty()) {
+        return false;
+    }
+    readSeen();
+    return m_seen != seen;
 }
 
 bool SettingsPage::areInputsValid() {
@@ -126,6 +170,7 @@ void SettingsPage::showCompletion() {
 }
 
 void SettingsPage::putEntries(bool editable) {
+    carry(SEEN_FIELD, m_seen);
     HTMLMapUtil::insertIntoMap(getMap(), "shown", std::move(m_shown));
     HTMLMapUtil::insertIntoMap(getMap(), "entries",
                                std::make_unique<InputListView>(m_inputs, getMessages(), editable));

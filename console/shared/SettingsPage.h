@@ -26,7 +26,9 @@ namespace Console {
 ///                      otherwise the form again, as above
 ///
 /// A form that did not arrive whole, or is not of this session, counts as none, and the page says
-/// so. The form of a page without confirmation carries 4 wherever 3 stands here.
+/// so. So does one with 4 whose settings somebody has changed since its user saw them: what the
+/// other one did is not undone unseen. The form of a page without confirmation carries 4 wherever 3
+/// stands here.
 ///
 /// A page adds its inputs in its constructor and says how they are read and applied.
 class SettingsPage : public ORVLib::Gui::CommonDefaultPage {
@@ -47,6 +49,9 @@ protected:
     /// False for an input that plays no part, given what the user sent in the others. It is neither
     /// checked nor shown to be confirmed; apply() takes it as empty.
     virtual bool isNeeded(const Input&) const { return true; }
+
+    /// False for an input whose present value changes by itself.
+    virtual bool isKept(const Input&) const { return true; }
 
     /// Marks inputs that are wrong in a way they cannot tell themselves.
     virtual void checkInputs() {}
@@ -111,6 +116,8 @@ private:
     void makeDispPage() final;
     void makeConfigPage() final;
 
+    void readSeen();
+    bool isOutdated();
     bool areInputsValid();
     void showForm(bool again);
     void showConfirmation();
@@ -131,6 +138,7 @@ private:
     bool m_refused = false;
     Step m_step;
     int m_state;
+    std::string m_seen;  ///< stands for the settings that the user sees, or saw
     std::unique_ptr<Facts> m_shown;
     InputList m_inputs;
     std::unique_ptr<Sequence> m_carried;

@@ -327,7 +327,8 @@ enum Text {
     TEXT_BACKUP_DAMAGED = 320,
     TEXT_BOARD_BUSY = 321,
     TEXT_CONFIRM_CLOCK = 322,
-    TEXT_FORM_CUT_OFF = 323
+    TEXT_FORM_CUT_OFF = 323,
+    TEXT_CHANGED_MEANWHILE = 324
 };
 
 }  // namespace Console

@@ -70,6 +70,15 @@ void put(HTMLPage& page, const std::string& marker, Arguments&&... arguments) {
                                std::make_unique<Component>(std::forward<Arguments>(arguments)...));
 }
 
+/// An entry takes memory, which may be what lacks.
+void logLastFailure(trace::OrvTrace& trace) noexcept {
+    try {
+        trace.putLog(Log::ERROR_LEVEL, "Aborted: the error page failed");
+    } catch (...) {
+        return;
+    }
+}
+
 }  // namespace
 
 AbstractMain::AbstractMain(FormInfo* formInfo, int module)
@@ -81,14 +90,15 @@ AbstractMain::~AbstractMain() {
 }
 
 int AbstractMain::exec() {
-    // A browser that went away is a failed write, not the end of the process: what the request
-    // left behind has to be cleared up.
+    // A browser that went away and a full log are failed writes, not the end of the process: what
+    // the request left behind has to be cleared up.
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
     try {
         return runPage();
     } catch (...) {
         // Nothing is left to show when even the error page fails.
-        m_trace.putLog(Log::ERROR_LEVEL, "Aborted: the error page failed");
+        logLastFailure(m_trace);
         return -1;
     }
 }

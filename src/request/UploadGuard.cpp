@@ -14,7 +14,7 @@ namespace {
 
 constexpr int NAME_ATTEMPTS = 100;
 constexpr mode_t OWNER_ONLY = 0600;
-constexpr int ENDING_SIGNALS[] = {SIGTERM, SIGHUP, SIGINT};
+constexpr int ENDING_SIGNALS[] = {SIGTERM, SIGHUP, SIGINT, SIGABRT};
 
 // What a signal handler may read: the guarded file's name, empty for none, and whose it is.
 char guardedPath[128];

@@ -2,9 +2,10 @@
 
 #include <string>
 
-/// Removes the process's upload when the process ends before its FormInfo does: by exit(), or by
-/// SIGTERM, SIGHUP or SIGINT, with which a web server ends a page whose browser has gone. The
-/// process still ends by the signal. A signal that the program handles itself is left to it.
+/// Removes the process's upload when the process ends before its FormInfo does: by exit(), by
+/// SIGTERM, SIGHUP or SIGINT, with which a web server ends a page whose browser has gone, or by
+/// abort(). The process still ends by the signal. A signal that the program handles itself is left
+/// to it.
 namespace ORVLib::Gui::UploadGuard {
 
 /// Makes a new file with the name that `nextName` gives, tried a few times, for its owner alone;

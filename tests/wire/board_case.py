@@ -81,9 +81,9 @@ class BoardCase(unittest.TestCase):
         self.folder = Path(self.enterContext(tempfile.TemporaryDirectory()))
         self.state, self.path = self.folder / "board.db", self.folder / "board.sock"
 
-    def launch(self, *options, limit=None):
+    def launch(self, *options, limit=None, kind=resource.RLIMIT_FSIZE):
         def restrict():
-            resource.setrlimit(resource.RLIMIT_FSIZE, (limit, limit))
+            resource.setrlimit(kind, (limit, limit))
 
         return subprocess.Popen(
             [*os.environ["EMULATOR"].split(), os.environ["ORVBOARDD"],
@@ -91,8 +91,8 @@ class BoardCase(unittest.TestCase):
             stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
             preexec_fn=restrict if limit else None)
 
-    def start(self, *options, limit=None):
-        self.daemon = self.launch(*options, limit=limit)
+    def start(self, *options, **limits):
+        self.daemon = self.launch(*options, **limits)
         self.addCleanup(self.end, signal.SIGKILL)
         ready = self.daemon.stdout.readline()
         self.assertEqual(ready, f"orvboardd: ready on {self.path}\n",

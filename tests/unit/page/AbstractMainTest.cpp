@@ -1,6 +1,5 @@
 #include "gui/AbstractMain.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -283,19 +282,6 @@ TEST_F(Main, RefreshesAtTheUsersInterval) {
     main.setAutoRefresh(page);
     EXPECT_EQ(printed(*page.getMap().at("meta_refresh")),
               "<meta http-equiv=\"Refresh\" content=\"4294967295\">");
-}
-
-TEST_F(Main, SaysWhenThePageCannotBeWritten) {
-    const ChildResult child = inChild([] {
-        FormInfo form;
-        TestMain main(form, [](TestMain&) {
-            dup2(open("/dev/full", O_WRONLY), STDOUT_FILENO);
-            std::cout << "page";
-            return 0;
-        });
-        return main.exec();
-    });
-    EXPECT_TRUE(has(child.trace, "level=0 1/2/99 the page could not be written to its end"));
 }
 
 }  // namespace

@@ -1,0 +1,321 @@
+"""What lacks, goes, hangs, lies or is damaged: each leaves the right page or the right error."""
+
+import contextlib
+import errno
+import fcntl
+import hashlib
+import http.client
+import os
+import random
+import resource
+import signal
+import socket
+import sqlite3
+import subprocess
+import tempfile
+import threading
+import time
+import unittest
+from pathlib import Path
+
+from board_case import (
+    BOARD_FAILURE, CHECK_SESSION, ERROR, LOGIN, PRODUCT, SOME_ITEM, STAGE, SYSTEM_NAMES, WRITE,
+    BoardError, message, number, telegram)
+from console_client import BOUNDARY, multipart
+from console_site import ConsoleSite
+from fault_case import (
+    BUILD, ERROR_STATUS, NOT_LOADED, SANITIZED, TIME_LIMIT, FaultCase, take_small_disk, uploads)
+
+INSPECTOR, NAMES = "/common/request.cgi", "/system/sys_info.cgi"
+SEARCH = "/system/sel_filtering.cgi"
+CHANGED, MEANWHILE = "have been changed", "Somebody else has changed these settings meanwhile"
+CHECK = message(CHECK_SESSION, bytes(48))
+BROKEN, MISFIT, LATE, GONE = (rf"\(00:0{code}\)" for code in ("402", "404", "405", "40[12]"))
+NOTHING_THROWN = "terminate called without an active exception"  # for want of memory to throw it
+KIB, MIB = 2**10, 2**20
+SMALL_DISK = take_small_disk()
+
+
+def all_names(name, **more):
+    """The form that gives the server's names that name, all of them."""
+    return {"page_state": "4", "form_end": "1", "system_name": name, "asset_tag": name,
+            "location": name, "contact": name, **more}
+
+
+class Limits(FaultCase):
+    def exhaust(self):
+        """Leaves no room in /var/tmp."""
+        filler = Path("/var/tmp/filler")
+        self.addCleanup(filler.unlink, missing_ok=True)
+        with filler.open("wb", buffering=0) as file, self.assertRaises(OSError):
+            while True:
+                file.write(bytes(4096))
+        return filler
+
+    def firstGood(self, limits, attempt, *arguments, **options):
+        """Below some limit an attempt fails as it should, above it none does."""
+        done = [attempt(limit, *arguments, **options) for limit in limits]
+        self.assertEqual(done, sorted(done))
+        return limits[done.index(True)]
+
+    def tryPage(self, limit, kind, right, *request, **options):
+        page = self.page(*request, limits=[(kind, limit)], **options)
+        ends = NOT_LOADED + (-signal.SIGABRT,) * (NOTHING_THROWN in page.log)
+        self.assertIn(page.exit_status, (0, ERROR_STATUS, *ends), (limit, page.log))
+        done = (page.exit_status, page.body) == (right.exit_status, right.body)
+        self.assertTrue(done or page.log or page.exit_status in ends, limit)
+        return done
+
+    def test_an_upload_without_room_is_lost_and_said_to_be(self):
+        for size, limit in [(12 * MIB, None)] * SMALL_DISK + [
+                (2 * MIB, most) for most in (0, 1, 65535, 65536, MIB + 1, 2 * MIB - 1)]:
+            limits = [] if limit is None else [(resource.RLIMIT_FSIZE, limit)]
+            page = self.page(INSPECTOR, file=bytes(size), limits=limits)
+            self.assertIn("could not be stored", page.text())
+            self.assertEqual((page.exit_status, page.rows()), (0, {}))
+            self.assertIn(f"errno {errno.EFBIG if limits else errno.ENOSPC}", page.log)
+            self.assertNothingLeft()
+        page = self.page(INSPECTOR, file=bytes(2 * MIB))
+        self.assertIn(hashlib.sha256(bytes(2 * MIB)).hexdigest(), page.text())
+
+    @unittest.skipUnless(SMALL_DISK, "no disk of our own here")
+    def test_a_full_or_read_only_disk_stops_what_cannot_be_stored_and_nothing_else(self):
+        self.state = Path(self.enterContext(tempfile.TemporaryDirectory(dir="/var/tmp"))) / "db"
+        filler = self.exhaust()
+        self.assertRefusesToStart("full")
+        filler.unlink()
+        self.start()
+        session = self.login().session
+        with self.assertRaises(BoardError) as caught:
+            for offset in range(0, 10 * MIB, 65000):
+                self.put(STAGE, session, number(offset) + bytes(65000))
+        self.assertEqual((caught.exception.detail, caught.exception.action), (BOARD_FAILURE, 3))
+        kept = bytes(60000)
+        self.put(SOME_ITEM, session, kept)  # an image leaves room for settings
+        filler = self.exhaust()
+        with self.assertRaises(BoardError):
+            for count in range(1000):
+                self.put(SOME_ITEM, session, b"%04d" % count * 15000)
+                kept = b"%04d" % count * 15000
+        self.assertEqual(self.get(SOME_ITEM, session), kept)
+        filler.unlink()
+        self.put(SOME_ITEM, session, b"room again")
+        self.end(signal.SIGKILL)
+        self.start()
+        self.assertEqual(self.get(SOME_ITEM, session), b"room again")
+        self.end()
+        self.addCleanup(subprocess.run, ["mount", "-o", "remount,rw", "/var/tmp"], check=True)
+        subprocess.run(["mount", "-o", "remount,ro", "/var/tmp"], check=True)
+        self.assertRefusesToStart("cannot be opened for writing")
+
+    def test_what_cannot_be_written_is_said_and_a_lost_log_ends_nothing(self):
+        self.start()
+        self.session = self.login().session
+        board, boardctl = [os.environ["ORVBOARDD"]], [BUILD / "tools/boardctl"]
+        catalogue = [BUILD / "tools/mkcatalogue", "--charset", "ISO-8859-1", "--dump",
+                     BUILD / "site/etc/orv/trace/cgistrj.out"]
+        with open("/dev/full", "wb") as full, tempfile.TemporaryFile() as log:
+            for command in (board + ["--help"], boardctl + ["--help"], boardctl + ["language"],
+                            board + ["--state", self.folder / "x", "--socket", self.folder / "y"],
+                            catalogue):
+                done = subprocess.run(command, env={"ORV_IPC_SOCKET": self.path}, stdout=full,
+                                      stderr=subprocess.PIPE, text=True, check=False)
+                self.assertEqual((done.returncode, done.stderr.count("\n")), (1, 1), command)
+                self.assertIn("standard output", done.stderr)
+            self.assertIn("not be written to its end", self.page(NAMES, stdout=full).log)
+            for streams in ({"stderr": full},
+                            {"stderr": log, "limits": [(resource.RLIMIT_FSIZE, 0)]}):
+                page = self.page(INSPECTOR, {"a": "b"}, missing=1, **streams)
+                self.assertError(page, "could not be read")
+
+    @unittest.skipIf(SANITIZED, "a sanitizer needs descriptors of its own")
+    def test_few_descriptors(self):
+        kind = resource.RLIMIT_NOFILE
+        limits = range(1, 24)
+        self.firstGood(limits, self.tryDaemon, kind)
+        self.start("--client-timeout", "500", limit=12, kind=kind)
+        silent = [self.connect() for _ in range(9)]
+        self.session = self.login().session  # when they have been sent away
+        for path, file in ((NAMES, None), (INSPECTOR, b"x"), (SEARCH, None)):
+            right = self.page(path, file=file)
+            self.firstGood(limits, self.tryPage, kind, right, path, file=file)
+        self.assertEqual({connection.recv(1) for connection in silent}, {b""})
+
+    @unittest.skipIf(SANITIZED, "a sanitizer's own memory is without measure")
+    def test_little_memory(self):
+        kind = resource.RLIMIT_DATA
+        self.start()
+        self.session = self.login().session
+        for path, file in ((NAMES, None), (INSPECTOR, bytes(300 * KIB))):
+            self.firstGood(range(128 * KIB, MIB, 4 * KIB), self.tryPage, kind,
+                           self.page(path, file=file), path, file=file)
+        self.end()
+        least = self.firstGood(range(256 * KIB, 24 * MIB, 512 * KIB), self.tryDaemon, kind)
+        self.start(limit=least + 10 * MIB, kind=kind)
+        session = self.login().session
+        begun = message(LOGIN, telegram()) + message(LOGIN, bytes(60000))[:-1]
+        greedy = [self.connect(begun) for _ in range(100)]
+        self.assertRefused(BOARD_FAILURE, self.login)  # and is not said to have the wrong password
+        for connection in greedy:
+            connection.close()
+        self.check(session)
+
+
+class Peers(FaultCase):
+    def lie(self, *answer, pause=0):
+        """Answers the next page as no daemon does."""
+        def serve():
+            page, _ = listener.accept()
+            with listener, page, contextlib.suppress(OSError):
+                page.recv(65536)
+                for piece in answer:
+                    page.sendall(piece)
+                    time.sleep(pause)
+                page.shutdown(socket.SHUT_WR)
+                page.recv(65536)
+
+        self.path = self.folder / "liar.sock"
+        self.path.unlink(missing_ok=True)
+        listener = socket.create_server(str(self.path), family=socket.AF_UNIX)
+        threading.Thread(target=serve, daemon=True).start()
+
+    def test_a_lying_daemon_gets_the_error_page(self):
+        self.session = b"any"
+        noise = random.Random(3).randbytes
+        for text, *answer in (
+                (BROKEN,), (BROKEN, noise(5000)), (BROKEN, CHECK[:-1]), (MISFIT, CHECK, CHECK),
+                (BROKEN, number(CHECK_SESSION), number(MIB + 1), bytes(9 * MIB)),
+                (BROKEN, message(CHECK_SESSION ^ 1, bytes(48))), (MISFIT, bytes(100 * MIB)),
+                (BROKEN, CHECK, number(CHECK_SESSION) + b"\xff" * 9), (MISFIT, message(ERROR)),
+                ("board refused", message(ERROR, noise(200)))):
+            with self.subTest(answer=[piece[:60] for piece in answer]):
+                self.lie(*answer)
+                self.assertError(self.page(NAMES), text)
+        self.lie(*(b"%c" % byte for byte in CHECK), pause=TIME_LIMIT / 20)
+        begin = time.monotonic()
+        self.assertError(self.page(NAMES), LATE)
+        self.assertLess(time.monotonic() - begin, TIME_LIMIT + 3)
+
+    def test_a_daemon_that_dies_or_hangs_leaves_a_change_done_or_not(self):
+        self.start()
+        self.session = self.login().session
+        present = self.page(NAMES)
+        for item in (CHECK_SESSION, PRODUCT, SYSTEM_NAMES, SYSTEM_NAMES | WRITE):
+            for kind, text in (("silence", LATE), ("stall", LATE), ("crash-before", BROKEN),
+                               ("crash-after", BROKEN), ("crash-midway", BROKEN),
+                               ("crash-late", GONE)):
+                with self.subTest(item=hex(item), kind=kind):
+                    self.end(signal.SIGKILL)
+                    self.start("--fault", f"{item:x}:{kind}")
+                    page = self.page(NAMES, all_names(kind, seen=present.field("seen")))
+                    isWritten = item & WRITE and kind not in ("silence", "crash-before")
+                    if isWritten and kind == "crash-late":
+                        self.assertIn(CHANGED, page.text())
+                    else:
+                        self.assertError(page, text)
+                    self.end(signal.SIGKILL)
+                    self.start()
+                    before, present = present, self.page(NAMES)
+                    name = kind if isWritten else before.field("contact")
+                    self.assertEqual(present.field("contact"), name)
+                    self.assertNothingLeft()
+        self.daemon.send_signal(signal.SIGSTOP)
+        self.assertError(self.page(NAMES), LATE)
+        self.daemon.send_signal(signal.SIGCONT)
+        self.assertEqual(self.page(NAMES).body, present.body)
+        self.end(signal.SIGKILL)
+        self.assertError(self.page(NAMES), GONE)
+
+    def test_a_client_that_goes_costs_only_its_page(self):
+        for missing in (1, 100, 65536, 3 * MIB):
+            for size, text in ((MIB, "could not be read"), (3 * MIB, r"\(00:0413\)")):
+                page = self.page(INSPECTOR, file=bytes(size), missing=min(missing, size))
+                self.assertError(page, text)
+                self.assertNothingLeft()
+        for taken in (0, 1, 4000, 5000, 20000):
+            reader, writer = os.pipe()
+            fcntl.fcntl(writer, fcntl.F_SETPIPE_SZ, 4096)
+            process = self.start_page(INSPECTOR, {"text": "x" * 30000}, file=bytes(MIB),
+                                      stdout=writer)
+            os.close(writer)
+            with open(reader, "rb", buffering=0) as taker:
+                while taken > 0:
+                    taken -= len(taker.read(min(taken, 4096)))
+            page = self.finish_page(process)
+            self.assertEqual(page.exit_status, 0)
+            self.assertIn("not be written to its end", page.log)
+            self.assertNothingLeft()
+
+    def test_a_web_server_that_ends_takes_its_pages_along(self):
+        body = multipart({}, b"file.bin", bytes(6 * MIB))
+        for ending in (signal.SIGTERM, signal.SIGKILL):
+            for sent, delay in ((len(body) // 2, 0.01), *((len(body), i / 200) for i in range(6))):
+                with self.subTest(ending=ending, sent=sent, delay=delay), \
+                        ConsoleSite(BUILD, self.folder) as site:
+                    self.assertEqual(list(self.folder.glob("lighttpd-upload*")), [])
+                    connection = http.client.HTTPConnection("127.0.0.1", site.port)
+                    connection.putrequest("POST", INSPECTOR)
+                    connection.putheader("Content-Type", "multipart/form-data; boundary=" + BOUNDARY)
+                    connection.putheader("Content-Length", len(body))
+                    connection.endheaders(body[:sent])
+                    time.sleep(delay)
+                    site.server.send_signal(ending)
+                    site.server.wait()
+                    connection.close()
+                    self.waitFor(lambda: self.uploads >= uploads())
+
+
+class State(FaultCase):
+    def test_damage_anywhere_is_refused_or_harmless(self):
+        self.start()
+        self.put(SOME_ITEM, self.login().session, bytes(30000))
+        self.end()
+        good, noise = self.state.read_bytes(), random.Random(9)
+        for _ in range(60):
+            at, damage = noise.randrange(len(good)), noise.randbytes(noise.choice((1, 16, 4096)))
+            damaged = (good[:at] + damage + good[at + len(damage):])[:len(good)]
+            self.state.write_bytes(damaged)
+            self.assertTrue(self.tryDaemon() or self.state.read_bytes() == damaged)
+
+    def test_a_running_daemon_keeps_its_state_and_outlives_its_damage(self):
+        self.start()
+        session = self.login().session
+        with contextlib.closing(sqlite3.connect(self.state, timeout=0)) as other:
+            with self.assertRaisesRegex(sqlite3.OperationalError, "locked"):
+                other.execute("BEGIN IMMEDIATE")
+        self.put(SOME_ITEM, session, bytes(60000))
+        for file in (self.state, self.state.with_name("board.db-wal")):
+            file.write_bytes(random.Random(5).randbytes(file.stat().st_size))
+        for _ in range(20):
+            try:
+                self.put(SOME_ITEM, session, bytes(60000))
+                self.login()
+            except BoardError as error:
+                self.assertEqual(error.detail, BOARD_FAILURE)
+        self.check(session)
+        self.end(signal.SIGKILL)
+        self.assertRefusesToStart("damaged")
+
+    def test_of_two_administrators_the_second_is_told(self):
+        self.start()
+        self.session = self.login().session
+        seen = self.page(NAMES).field("seen")
+        asked = self.page(NAMES, all_names("first", page_state="3", seen=seen))
+        done = self.page(NAMES, all_names("first", seen=asked.field("seen")))
+        self.assertIn(CHANGED, done.text())
+        self.session = self.login().session
+        late = self.page(NAMES, all_names("second", seen=seen))
+        self.assertIn(MEANWHILE, late.text())
+        self.assertEqual(late.field("contact"), "first")
+        done = self.page(NAMES, all_names("second", seen=late.field("seen")))
+        self.assertIn(CHANGED, done.text())
+        for _ in range(20):  # at the same time, the last one counts
+            both = [self.start_page(NAMES, all_names(name)) for name in "xy"]
+            for page in both:
+                self.assertIn(CHANGED, self.finish_page(page).text())
+            kept = self.page(NAMES)
+            self.assertEqual(kept.field("system_name"), kept.field("contact"))
+
+
+if __name__ == "__main__":
+    unittest.main()
