@@ -40,10 +40,11 @@ class ConsoleSite(contextlib.AbstractContextManager):
 
     `build` is a build folder; `run` is where the board's state, its socket, logs and the generated
     configuration go. `environment` is added to that of the pages, `board_options` to the words on
-    the board's command line.
+    the board's command line. `runner` is the path of a program that runs pages and board, which are
+    its first argument.
     """
 
-    def __init__(self, build, run, port=0, environment=None, board_options=()):
+    def __init__(self, build, run, port=0, environment=None, board_options=(), runner=""):
         self.build = pathlib.Path(build).resolve()
         self.run = pathlib.Path(run).resolve()
         self.socket = self.run / "board.sock"
@@ -54,6 +55,7 @@ class ConsoleSite(contextlib.AbstractContextManager):
         self.url = f"http://127.0.0.1:{self.port}"
         self.trace_log = self.run / "trace.log"
         self.board_options = board_options
+        self.runner = runner
         self._processes = []
         self._board = None
 
@@ -99,7 +101,7 @@ class ConsoleSite(contextlib.AbstractContextManager):
 
     def start_board(self, *options):
         """Starts the simulated board with further words on its command line."""
-        self._board = self._start(self.build / "board" / "orvboardd",
+        self._board = self._start(*filter(None, [self.runner]), self.build / "board" / "orvboardd",
                                   "--state", self.run / "board.db", "--socket", self.socket,
                                   *options, stdout=subprocess.PIPE)
         if not self._board.stdout.readline().startswith(b"orvboardd: ready"):
@@ -143,7 +145,7 @@ class ConsoleSite(contextlib.AbstractContextManager):
         environment = ", ".join(f'"{name}" => "{value}"'
                                 for name, value in self.environment.items())
         values = {"PORT": self.port, "SITE": self.build / "site", "RUN": self.run,
-                  "ENVIRONMENT": environment}
+                  "ENVIRONMENT": environment, "RUNNER": self.runner}
         for name, value in values.items():
             text = text.replace(f"@{name}@", str(value))
         return text

@@ -6,7 +6,8 @@ TEST_PACKAGES="binutils clang-format clang-tidy libgtest-dev pkg-config pyflakes
 BOARD_PACKAGES="autoconf automake dpkg-dev g++-powerpc-linux-gnu googletest libtool m4 make
     pkg-config qemu-user-static tcl"
 BROWSER_PACKAGES="chromium chromium-driver fonts-dejavu-core fonts-ipafont-gothic python3-selenium"
-BENCH_PACKAGES="apache2-utils valgrind"
+VALGRIND_PACKAGES="valgrind"
+BENCH_PACKAGES="apache2-utils $VALGRIND_PACKAGES"
 BENCH_PEERS="libcgicc-dev libcgi-pm-perl php-cgi"
 
 fail() {
