@@ -1,8 +1,10 @@
 # What ./run, ./test and bench/run share; sourced by them. Installs packages and builds a preset.
+# shellcheck shell=bash disable=SC2015,SC2034
 
 BUILD_PACKAGES="cmake g++ libc-bin libcrypt-dev libsqlite3-dev lighttpd ninja-build nettle-dev
     python3 util-linux"
-TEST_PACKAGES="binutils clang-format clang-tidy libgtest-dev pkg-config pyflakes3"
+TEST_PACKAGES="binutils clang-format clang-tidy cppcheck libgtest-dev pkg-config pyflakes3
+    shellcheck"
 BOARD_PACKAGES="autoconf automake dpkg-dev g++-powerpc-linux-gnu googletest libtool m4 make
     pkg-config qemu-user-static tcl"
 BROWSER_PACKAGES="chromium chromium-driver fonts-dejavu-core fonts-ipafont-gothic python3-selenium"
