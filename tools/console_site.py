@@ -64,10 +64,12 @@ class ConsoleSite(contextlib.AbstractContextManager):
 
     `build` is a build folder; `run` is where the board's state, its socket, logs and the generated
     configuration go. `environment` is added to that of the pages, `board_options` to the words on
-    the board's command line. With `tls_port`, where 0 is a free one, there is HTTPS too.
+    the board's command line. With `tls_port`, where 0 is a free one, there is HTTPS too. `runner`
+    is the path of a program that runs pages and board, which are its first argument.
     """
 
-    def __init__(self, build, run, port=0, environment=None, board_options=(), tls_port=None):
+    def __init__(self, build, run, port=0, environment=None, board_options=(), tls_port=None,
+                 runner=""):
         self.build = pathlib.Path(build).resolve()
         self.run = pathlib.Path(run).resolve()
         self.socket = self.run / "board.sock"
@@ -81,6 +83,7 @@ class ConsoleSite(contextlib.AbstractContextManager):
         self.certificate = self.run / "tls.pem"
         self.trace_log = self.run / "trace.log"
         self.board_options = board_options
+        self.runner = runner
         self._processes = []
         self.board = None
         self.server = None
@@ -132,9 +135,9 @@ class ConsoleSite(contextlib.AbstractContextManager):
 
     def start_board(self, *options):
         """Starts the simulated board with further words on its command line."""
-        self.board = self._start(self.build / "board" / "orvboardd",
-                                  "--state", self.run / "board.db", "--socket", self.socket,
-                                  *options, stdout=subprocess.PIPE)
+        self.board = self._start(*filter(None, [self.runner]), self.build / "board" / "orvboardd",
+                                 "--state", self.run / "board.db", "--socket", self.socket,
+                                 *options, stdout=subprocess.PIPE)
         if not self.board.stdout.readline().startswith(b"orvboardd: ready"):
             raise SiteError("orvboardd did not start: it says why above")
 
@@ -178,7 +181,7 @@ class ConsoleSite(contextlib.AbstractContextManager):
         environment = ", ".join(f'"{name}" => "{value}"'
                                 for name, value in self.environment.items())
         values = {"PORT": self.port, "SITE": self.build / "site", "RUN": self.run,
-                  "ENVIRONMENT": environment,
+                  "ENVIRONMENT": environment, "RUNNER": self.runner,
                   "TLS": TLS % (self.tls_port, self.certificate) if self.tls_port else ""}
         for name, value in values.items():
             text = text.replace(f"@{name}@", str(value))

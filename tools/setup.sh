@@ -1,12 +1,15 @@
 # What ./run, ./test and bench/run share; sourced by them. Installs packages and builds a preset.
+# shellcheck shell=bash disable=SC2015,SC2034
 
 BUILD_PACKAGES="cmake g++ libc-bin libcrypt-dev libsqlite3-dev lighttpd lighttpd-mod-openssl
     ninja-build nettle-dev openssl python3 util-linux"
-TEST_PACKAGES="binutils clang-format clang-tidy doxygen libgtest-dev mount pkg-config pyflakes3"
+TEST_PACKAGES="binutils clang-format clang-tidy cppcheck doxygen libgtest-dev mount pkg-config
+    pyflakes3 shellcheck"
 BOARD_PACKAGES="autoconf automake dpkg-dev g++-powerpc-linux-gnu googletest libtool m4 make
     pkg-config qemu-user-static tcl"
 BROWSER_PACKAGES="chromium chromium-driver fonts-dejavu-core fonts-ipafont-gothic python3-selenium"
-BENCH_PACKAGES="apache2-utils valgrind"
+VALGRIND_PACKAGES="valgrind"
+BENCH_PACKAGES="apache2-utils $VALGRIND_PACKAGES"
 BENCH_PEERS="libcgicc-dev libcgi-pm-perl php-cgi"
 
 fail() {

@@ -38,7 +38,8 @@ int readAndRun() {
     return Main(*form).exec();
 }
 
-/// A page program's main(): reads the request and runs a main object on it.
+/// A page program's main(): reads the request, unless another site made it, and runs a main object
+/// on it.
 template <typename Main>
 int runProgram() {
     ignoreOutputSignals();

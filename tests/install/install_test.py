@@ -5,6 +5,7 @@ CONSOLE_BUILD names the build folder.
 
 import os
 import pathlib
+import re
 import subprocess
 import tempfile
 import unittest
@@ -32,6 +33,20 @@ COMPONENTS = {
 }
 if not BUILD.settings["emulator"]:
     COMPONENTS["Development"].append(f"{PREFIX}/bin/mkcatalogue")
+
+# What readelf says of every hardened file, of some kinds only where one is named: where the linker binds
+# and what the compiler called.
+HARDENED = (
+    ("its tables are read-only once relocated", r"GNU_RELRO", True, "all"),
+    ("no stack that can be run", r"GNU_STACK .* RW +0x", True, "all"),
+    ("no memory both written and run", r"LOAD .* RWE", False, "all"),
+    ("the stack's guards", r"__stack_chk_fail", True, "all"),
+    ("at a random address", r"FLAGS_1.* PIE", True, "program"),
+    ("calls bound at the start", r"BIND_NOW", True, "program"),
+    ("calls bound as they are made, for speed", r"BIND_NOW", False, "library"),
+    ("calls with checked sizes", r"__\w+_chk\b", True, "library"),
+    ("the C++ library's assertions", r"__glibcxx_assert_fail", True, "library"),
+)
 
 CMAKE_PROJECT = """\
 cmake_minimum_required(VERSION 3.22)
@@ -78,6 +93,18 @@ class Install(unittest.TestCase):
                 self.assertLessEqual(set(expected), files)
                 together += files
         self.assertEqual(sorted(together), sorted(self.installed))
+
+    def test_everything_that_runs_is_hardened(self):
+        files = [pathlib.Path(f"{self.stage}{name}") for name in self.installed]
+        files = [file for file in files if file.read_bytes().startswith(b"\x7fELF")]
+        self.assertGreater(len(files), 30)
+        for file in files:
+            kinds = ("all", "library" if ".so" in file.name else "program")
+            said = BUILD.tool("readelf", "-lW", "-dW", "--dyn-syms", file)
+            for what, pattern, expected, kind in HARDENED:
+                if kind in kinds:
+                    with self.subTest(what, file=file.name):
+                        self.assertEqual(bool(re.search(pattern, said)), expected)
 
     def test_every_header_is_usable(self):
         include = pathlib.Path(f"{self.stage}{PREFIX}/include")
