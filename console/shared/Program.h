@@ -14,11 +14,10 @@ int refuseRequest(const std::string& reason);
 /// Lets a log or a page that cannot be written be a failed write, not the end of the program.
 void ignoreOutputSignals();
 
-/// Ends a program that cannot even refuse its request. Returns its exit status.
-int giveUp() noexcept;
-
+/// A page program's main(): reads the request and runs a main object on it.
 template <typename Main>
-int readAndRun() {
+int runProgram() {
+    ignoreOutputSignals();
     std::unique_ptr<ORVLib::Gui::FormInfo> form;
     try {
         form = std::make_unique<ORVLib::Gui::FormInfo>();
@@ -29,17 +28,6 @@ int readAndRun() {
     }
     ORVLib::Gui::FormInfo::myInstance = form.get();
     return Main(*form).exec();
-}
-
-/// A page program's main(): reads the request and runs a main object on it.
-template <typename Main>
-int runProgram() {
-    ignoreOutputSignals();
-    try {
-        return readAndRun<Main>();
-    } catch (...) {
-        return giveUp();
-    }
 }
 
 }  // namespace Console
