@@ -1,7 +1,5 @@
 #include "shared/Program.h"
 
-#include <unistd.h>
-
 #include <csignal>
 #include <iostream>
 
@@ -45,13 +43,6 @@ int refuseForeignPost() {
 void ignoreOutputSignals() {
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
-}
-
-int giveUp() noexcept {
-    // Memory is what lacks here, so nothing that may take some.
-    constexpr char REASON[] = "page given up: no memory to refuse its request with\n";
-    static_cast<void>(!::write(STDERR_FILENO, REASON, sizeof REASON - 1));
-    return -1;
 }
 
 }  // namespace Console

@@ -18,11 +18,11 @@ int refuseForeignPost();
 /// Lets a log or a page that cannot be written be a failed write, not the end of the program.
 void ignoreOutputSignals();
 
-/// Ends a program that cannot even refuse its request. Returns its exit status.
-int giveUp() noexcept;
-
+/// A page program's main(): reads the request, unless another site made it, and runs a main object
+/// on it.
 template <typename Main>
-int readAndRun() {
+int runProgram() {
+    ignoreOutputSignals();
     if (isForeignPost()) {
         return refuseForeignPost();
     }
@@ -36,18 +36,6 @@ int readAndRun() {
     }
     ORVLib::Gui::FormInfo::myInstance = form.get();
     return Main(*form).exec();
-}
-
-/// A page program's main(): reads the request, unless another site made it, and runs a main object
-/// on it.
-template <typename Main>
-int runProgram() {
-    ignoreOutputSignals();
-    try {
-        return readAndRun<Main>();
-    } catch (...) {
-        return giveUp();
-    }
 }
 
 }  // namespace Console

@@ -40,6 +40,11 @@ def uploads():
     return set(glob.glob("/var/tmp/tmp_*"))
 
 
+def running_pages():
+    site = str(BUILD / "site")
+    return [exe for exe in glob.glob("/proc/[0-9]*/exe") if os.path.realpath(exe).startswith(site)]
+
+
 class Page(Answer):
     """What a page program printed, with its exit status and what it logged."""
 

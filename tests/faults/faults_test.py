@@ -24,7 +24,8 @@ from board_case import (
 from console_client import BOUNDARY, multipart
 from console_site import ConsoleSite
 from fault_case import (
-    BUILD, ERROR_STATUS, NOT_LOADED, SANITIZED, TIME_LIMIT, FaultCase, take_small_disk, uploads)
+    BUILD, ERROR_STATUS, NOT_LOADED, SANITIZED, TIME_LIMIT, FaultCase, running_pages,
+    take_small_disk)
 
 INSPECTOR, NAMES = "/common/request.cgi", "/system/sys_info.cgi"
 SEARCH = "/system/sel_filtering.cgi"
@@ -262,7 +263,8 @@ class Peers(FaultCase):
                     site.server.send_signal(ending)
                     site.server.wait()
                     connection.close()
-                    self.waitFor(lambda: self.uploads >= uploads())
+                    self.waitFor(lambda: not running_pages())
+                    self.assertNothingLeft()
 
 
 class State(FaultCase):
