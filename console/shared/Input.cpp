@@ -1,7 +1,7 @@
 #include "shared/Input.h"
 
 #include <algorithm>
-#include <cstdlib>
+#include <charconv>
 #include <iostream>
 
 #include "gui/CheckBox.h"
@@ -53,13 +53,6 @@ std::string labelText(const std::string& label) {
 std::string withoutLeadingZeros(const std::string& digits) {
     const std::size_t first = digits.find_first_not_of('0');
     return first == std::string::npos ? "0" : digits.substr(first);
-}
-
-// REQUIRES: `text` is digits.
-int readSmallNumber(const std::string& text, int tooMany) {
-    constexpr std::size_t SAFE_DIGITS = 9;
-    const std::string digits = withoutLeadingZeros(text);
-    return digits.size() > SAFE_DIGITS ? tooMany : std::atoi(digits.c_str());
 }
 
 }  // namespace
@@ -114,11 +107,13 @@ std::string NumberInput::getText() const {
 }
 
 bool NumberInput::isError() const {
-    if (TextInput::isError() || !isDigits(TextInput::getText())) {
+    const std::string text = TextInput::getText();
+    if (TextInput::isError() || !isDigits(text)) {
         return true;
     }
-    const int number = readSmallNumber(TextInput::getText(), m_highest + 1);
-    return number < m_lowest || number > m_highest;
+    int number = 0;
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+    return read.ec != std::errc() || number < m_lowest || number > m_highest;
 }
 
 void ShownInput::print() const {
