@@ -3,7 +3,7 @@
 
 BUILD_PACKAGES="cmake g++ libc-bin libcrypt-dev libsqlite3-dev lighttpd ninja-build nettle-dev
     python3 util-linux"
-TEST_PACKAGES="binutils clang-format clang-tidy cppcheck libgtest-dev pkg-config pyflakes3
+TEST_PACKAGES="binutils clang-format clang-tidy cppcheck doxygen libgtest-dev pkg-config pyflakes3
     shellcheck"
 BOARD_PACKAGES="autoconf automake dpkg-dev g++-powerpc-linux-gnu googletest libtool m4 make
     pkg-config qemu-user-static tcl"

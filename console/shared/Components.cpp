@@ -10,12 +10,17 @@ using namespace ORVLib::Gui;
 
 namespace Console {
 
+std::string htmlText(std::string text) {
+    MessageMgr::convertHTML(text);
+    return text;
+}
+
 Component makeText(const std::string& text, int colour) {
     return std::make_unique<TextString>(text, false, false, colour);
 }
 
 Component makeSentence(std::string text, int colour) {
-    MessageMgr::convertHTML(text);
+    text = htmlText(std::move(text));
     MessageMgr::convertStr(text, "&nbsp;", " ");
     return std::make_unique<TextString>(text, false, true, colour);
 }

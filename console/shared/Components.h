@@ -15,6 +15,9 @@ namespace Console {
 
 using Component = std::unique_ptr<ORVLib::Gui::HTMLComponent>;
 
+/// A text as HTML, for components that print what they are given.
+std::string htmlText(std::string text);
+
 /// A text in one of TextString's colours; its blanks do not break.
 Component makeText(const std::string& text, int colour = ORVLib::Gui::TextString::PLAIN);
 

@@ -12,4 +12,7 @@ bool isDigits(const std::string& text);
 /// `mostDigits` is 9 at most.
 int readDigits(const std::string& text, std::size_t mostDigits);
 
+/// A number of at least one digit without the zeros in front of it; "0" for zero and for nothing.
+std::string withoutLeadingZeros(const std::string& digits);
+
 }  // namespace Console

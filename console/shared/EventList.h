@@ -5,9 +5,10 @@
 #include <utility>
 #include <vector>
 
-#include "shared/Input.h"
+#include "shared/ChoiceInput.h"
 #include "shared/PageContext.h"
 #include "shared/SkeletonPart.h"
+#include "shared/TextInput.h"
 
 namespace Console {
 

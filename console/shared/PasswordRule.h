@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "shared/Input.h"
+#include "shared/TextInput.h"
 
 namespace Console {
 

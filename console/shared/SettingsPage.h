@@ -8,6 +8,7 @@
 #include "shared/Components.h"
 #include "shared/Functions.h"
 #include "shared/InputList.h"
+#include "shared/Inputs.h"
 #include "shared/PageContext.h"
 #include "shared/PageStep.h"
 

@@ -5,8 +5,8 @@
 
 #include "gui/MessageMgr.h"
 #include "gui/TextString.h"
+#include "shared/ChoiceInput.h"
 #include "shared/Components.h"
-#include "shared/Input.h"
 #include "shared/Texts.h"
 
 namespace Console {

@@ -2,6 +2,7 @@
 
 #include "gui/ORVGUIUtil.h"
 #include "gui/SubmitButton.h"
+#include "shared/BoxesInput.h"
 #include "shared/Components.h"
 #include "shared/ConsoleMain.h"
 #include "shared/EventList.h"

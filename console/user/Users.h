@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "gui/CGIRequester.h"
-#include "shared/Input.h"
+#include "shared/ChecksInput.h"
 
 /// The users of the console, as the board keeps them.
 namespace Users {

@@ -69,6 +69,7 @@ protected:
     /// Lets the page reload itself at the interval of the user; 0 adds nothing.
     void setAutoRefresh(HTMLPage& page);
 
+    /// The program's writer of the trace log, and its request.
     trace::OrvTrace m_trace;
     FormInfo* m_formInfo;
 
@@ -81,6 +82,8 @@ protected:
     int m_language = 1;
     CGIAuthority m_authority;
 
+    /// The session's ID, when the request brought one, and the seconds after which setAutoRefresh()
+    /// reloads a page.
     std::string m_sessionId;
     bool m_hasSessionId = false;
     unsigned int m_refreshInterval = 0;

@@ -1,6 +1,6 @@
 #pragma once
 
-/// The numbers that pages and the back-end daemon agree on.
+// The numbers that pages and the back-end daemon agree on.
 namespace ORVLib::Gui {
 
 /// What a telegram asks for.

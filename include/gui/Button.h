@@ -11,6 +11,7 @@ namespace ORVLib::Gui {
 /// quotes, for example `"check(this.form)"` with the double quotes.
 class ORVGUI_EXPORT Button : public FormComponent, public HTMLComponent {
 public:
+    /// What follows `name` can be set later, too.
     explicit Button(const std::string& name, const std::string& value = "",
                     const std::string& form = "", int attribute = 0,
                     const std::string& onClick = "", bool disabled = false)
@@ -26,9 +27,11 @@ public:
     int getAttribute() const { return m_attribute; }
     void setAttribute(int attribute) { m_attribute = attribute; }
 
+    /// The script that a click runs, with its quotes.
     const std::string& getOnClick() const { return m_onClick; }
     void setOnClick(const std::string& onClick) { m_onClick = onClick; }
 
+    /// A disabled button is shown, and runs nothing.
     bool isDisabled() const { return m_disabled; }
     void setDisabled(bool disabled) { m_disabled = disabled; }
 

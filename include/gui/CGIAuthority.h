@@ -26,14 +26,17 @@ public:
     CGIAuthority& operator=(const CGIAuthority&) = default;
     virtual ~CGIAuthority();
 
+    /// All rights at once, as they come from the daemon.
     void setAuthority(const CGI_AUTHORITY& authority) { m_authority = authority; }
     void getAuthority(CGI_AUTHORITY& authority) const { authority = m_authority; }
 
+    /// The roles. A user may have several.
     bool isSystemAdmin() const { return (m_authority.roles & SYSTEM_ADMIN) != 0; }
     bool isTechnicalStaff() const { return (m_authority.roles & TECHNICAL_STAFF) != 0; }
     bool isGuest() const { return (m_authority.roles & GUEST) != 0; }
     bool isOperator() const { return (m_authority.roles & OPERATOR) != 0; }
 
+    /// Whether there is a partition that the user administers.
     bool isSomePartitionAdmin() const { return m_authority.partitions != 0; }
 
     /// False for a number that no partition of the board has.

@@ -26,6 +26,7 @@ namespace ORVLib::Gui {
 /// untouched, write a trace entry and keep the error for getErrorDetail() and getActionCode().
 class ORVGUI_EXPORT CGIRequester {
 public:
+    /// Characters of a session ID that count.
     static constexpr int SESSION_ID_LENGTH = 31;
 
     CGIRequester();

@@ -14,7 +14,9 @@ namespace ORVLib::Gui {
 /// Nothing is escaped: names, values, labels and IDs are the page's own texts.
 class ORVGUI_EXPORT CheckBox : public FormComponent, public HTMLComponent {
 public:
+    /// One box of the group.
     struct CheckBoxData {
+        /// As the arguments of add().
         std::string name;
         std::string value;
         std::string id;
@@ -40,6 +42,7 @@ public:
     void add(const std::string& name, const std::string& value, const std::string& label,
              const std::string& id = "", bool checked = false, bool disabled = false);
 
+    /// The script that a click on any box runs.
     const std::string& getOnClick() const { return m_onClick; }
     void setOnClick(const std::string& onClick) { m_onClick = onClick; }
 
@@ -47,6 +50,7 @@ public:
     bool isQuoteScript() const { return m_quoteScript; }
     void setQuoteScript(bool quoteScript) { m_quoteScript = quoteScript; }
 
+    /// The DisplayMode; not owned.
     const int* getDisplayMode() const { return m_displayMode; }
     void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
 

@@ -57,6 +57,7 @@ public:
     /// OK button that runs the script `onClick`, which brings its own quotes.
     void setComplPageItemToMap(const std::string& title, const std::string& onClick, int messageId);
 
+    /// The page's name in the trace log.
     int getPageId() const { return m_pageId; }
 
 protected:
@@ -65,6 +66,8 @@ protected:
     CommonDefaultPage(MessageMgr& messages, int pageId, const int* pageState,
                       const std::string& skeletonFileName);
 
+    /// What the page is made with: its texts, its components by marker, the generator that prints
+    /// them, its writer of the trace log.
     MessageMgr& getMessages() const { return *m_messages; }
     ComponentMap& getMap() { return m_map; }
     HTMLCodeGenerator& getGenerator() { return *m_generator; }
@@ -73,6 +76,7 @@ protected:
     /// 0 when the page has none.
     int getPageState() const { return m_pageState != nullptr ? *m_pageState : 0; }
 
+    /// What isError() answers.
     void setError(bool error) { m_error = error; }
 
     /// A flag and a text for the derived page's own use.

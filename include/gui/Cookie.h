@@ -22,9 +22,11 @@ public:
     /// True when the request carried no session cookie.
     bool isError() const override;
 
+    /// What the request brought, until another ID is set.
     const std::string& getSessionId() const { return m_sessionId; }
     void setSessionId(const std::string& sessionId) { m_sessionId = sessionId; }
 
+    /// Whether printHTML() deletes the cookie instead of setting it.
     bool isExpired() const { return m_expired; }
     void setExpired(bool expired) { m_expired = expired; }
 

@@ -31,15 +31,15 @@ public:
     /// quotes in it.
     void setOnFocusFunction(std::string function, std::string arguments);
 
+    /// The texts of the boxes.
     const std::string& getYear() const { return m_year; }
     void setYear(const std::string& year) { m_year = year; }
-
     const std::string& getMonth() const { return m_month; }
     void setMonth(const std::string& month) { m_month = month; }
-
     const std::string& getDay() const { return m_day; }
     void setDay(const std::string& day) { m_day = day; }
 
+    /// The DisplayMode; not owned.
     const int* getDisplayMode() const { return m_displayMode; }
     void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
 

@@ -10,6 +10,7 @@ namespace ORVLib::Gui {
 /// no dot in front or at the end.
 class ORVGUI_EXPORT EmailAddressField : public TextField {
 public:
+    /// As TextField's, with the flag of setAllowEmpty().
     explicit EmailAddressField(const std::string& name, const std::string& value = "",
                                const std::string& form = "", int size = DEFAULT_SIZE,
                                int maxLength = DEFAULT_MAX_LENGTH, const int* displayMode = nullptr,

@@ -19,6 +19,7 @@ namespace ORVLib::Gui {
 /// (MessageMgr::convertHTML()).
 class ORVGUI_EXPORT FileField : public FormComponent, public HTMLComponent {
 public:
+    /// Width of the text box in characters.
     static constexpr int DEFAULT_SIZE = 20;
 
     /// `displayMode` is a DisplayMode, not owned; null is editable.
@@ -30,6 +31,7 @@ public:
           m_size(size),
           m_displayMode(displayMode) {}
 
+    /// The caption of the button.
     const std::string& getButtonLabel() const { return m_buttonLabel; }
     void setButtonLabel(const std::string& buttonLabel) { m_buttonLabel = buttonLabel; }
 
@@ -37,6 +39,7 @@ public:
     int getSize() const { return m_size; }
     void setSize(int size) { m_size = size; }
 
+    /// The DisplayMode; not owned.
     const int* getDisplayMode() const { return m_displayMode; }
     void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
 

@@ -10,9 +10,11 @@ namespace ORVLib::Gui {
 /// a value.
 class ORVGUI_EXPORT FormComponent {
 public:
+    /// The name of the form field.
     const std::string& getName() const { return m_name; }
     void setName(const std::string& name) { m_name = name; }
 
+    /// What the input shows first, or sends when it is chosen.
     const std::string& getValue() const { return m_value; }
     void setValue(const std::string& value) { m_value = value; }
 
@@ -21,6 +23,7 @@ public:
     void setForm(const std::string& form) { m_form = form; }
 
 protected:
+    /// The part of a component; there is no input of this class alone.
     FormComponent(const std::string& name, const std::string& value, const std::string& form)
         : m_name(name), m_value(value), m_form(form) {}
     FormComponent(const FormComponent&) = default;

@@ -30,6 +30,7 @@ class CGIRequester;
 /// what is to stay.
 class ORVGUI_EXPORT FormInfo {
 public:
+    /// Values by field name.
     using FieldMap = std::map<std::string, std::string>;
 
     /// Bytes of body up to which the constructor reads it.
@@ -38,6 +39,7 @@ public:
     /// Bytes of an uploaded file that are kept (90 MiB and 512); what follows is dropped.
     static constexpr unsigned int LARGEST_UPLOAD = 0x5A00200;
 
+    /// What the reader looks for in a multipart request.
     static constexpr std::string_view checkStringForm = "Content-Disposition: form-data; name=\"";
     static constexpr std::string_view checkStringFile = "filename=\"";
     static constexpr std::string_view checkStringType = "multipart/form-data; boundary=";

@@ -9,6 +9,7 @@ namespace ORVLib::Gui {
 /// One frame of a frameset. Nothing is escaped: encode the URL before (MessageMgr::encodeURL()).
 class ORVGUI_EXPORT Frame : public HTMLComponent {
 public:
+    /// `src` is the URL of what the frame shows.
     explicit Frame(const std::string& name, const std::string& src = "", bool scrolling = false,
                    bool border = false, bool resize = false)
         : m_name(name), m_src(src), m_scrolling(scrolling), m_border(border), m_resize(resize) {}
@@ -16,15 +17,19 @@ public:
     void printHTML() const override;
     bool isError() const override;
 
+    /// The name by which links target the frame.
     const std::string& getName() const { return m_name; }
     void setName(const std::string& name) { m_name = name; }
 
+    /// The URL of what the frame shows first.
     const std::string& getSrc() const { return m_src; }
     void setSrc(const std::string& src) { m_src = src; }
 
+    /// Whether there may be scroll bars.
     bool isScrolling() const { return m_scrolling; }
     void setScrolling(bool scrolling) { m_scrolling = scrolling; }
 
+    /// Whether the frame has a border.
     bool hasBorder() const { return m_border; }
     void setBorder(bool border) { m_border = border; }
 

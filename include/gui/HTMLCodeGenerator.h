@@ -21,6 +21,7 @@ public:
     HTMLCodeGenerator(const HTMLCodeGenerator&) = delete;
     HTMLCodeGenerator& operator=(const HTMLCodeGenerator&) = delete;
 
+    /// The skeleton file with its whole path.
     const std::string& getSkeletonFileName() const { return m_skeletonFileName; }
     void setSkeletonFileName(const std::string& fileName) { m_skeletonFileName = fileName; }
 

@@ -21,6 +21,7 @@ public:
     /// deleted and the result is false.
     static bool insertIntoMap(ComponentMap& map, const std::string& key, HTMLComponent* component);
 
+    /// As above, for a component that is owned already.
     static bool insertIntoMap(ComponentMap& map, const std::string& key,
                               std::unique_ptr<HTMLComponent> component) {
         return insertIntoMap(map, key, component.release());

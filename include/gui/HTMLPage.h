@@ -14,6 +14,7 @@ namespace ORVLib::Gui {
 /// getGenerator().printHTML(). The skeleton brings the response's header lines.
 class ORVGUI_EXPORT HTMLPage {
 public:
+    /// The skeleton of a page unless another is set, and that of an error page.
     static const char* SKELETON_FILE_NAME;
     static const char* SKELETON_ERR_FILE_NAME;
 
@@ -32,6 +33,7 @@ public:
     HTMLPage(const HTMLPage&) = delete;
     HTMLPage& operator=(const HTMLPage&) = delete;
 
+    /// The components by marker, and what prints them into the skeleton.
     ComponentMap& getMap() { return m_map; }
     HTMLCodeGenerator& getGenerator() { return *m_generator; }
 

@@ -11,6 +11,7 @@ namespace ORVLib::Gui {
 /// the value comes back as the character it names.
 class ORVGUI_EXPORT HiddenField : public FormComponent, public HTMLComponent {
 public:
+    /// `form` is not printed.
     explicit HiddenField(const std::string& name, const std::string& value = "",
                          const std::string& form = "")
         : FormComponent(name, value, form) {}

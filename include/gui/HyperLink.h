@@ -13,6 +13,7 @@ namespace ORVLib::Gui {
 /// between single quotes and must not hold one.
 class ORVGUI_EXPORT HyperLink : public HTMLComponent {
 public:
+    /// What follows `url` can be set later, too.
     explicit HyperLink(const std::string& url, const std::string& target = "",
                        const std::string& cssClass = "", const std::string& script = "",
                        bool scriptMode = false, std::unique_ptr<HTMLComponent> content = nullptr)
@@ -28,15 +29,19 @@ public:
     void printHTML() const override;
     bool isError() const override;
 
+    /// Where the link leads.
     const std::string& getUrl() const { return m_url; }
     void setUrl(const std::string& url) { m_url = url; }
 
+    /// The frame or window that shows it; empty for the link's own.
     const std::string& getTarget() const { return m_target; }
     void setTarget(const std::string& target) { m_target = target; }
 
+    /// A class of the style sheet.
     const std::string& getCssClass() const { return m_cssClass; }
     void setCssClass(const std::string& cssClass) { m_cssClass = cssClass; }
 
+    /// What a click runs in script mode.
     const std::string& getScript() const { return m_script; }
     void setScript(const std::string& script) { m_script = script; }
 

@@ -12,6 +12,8 @@ namespace ORVLib::Gui {
 /// and no disabled form.
 class ORVGUI_EXPORT IPAddrMaskField : public IPAddressField {
 public:
+    /// Measures of the address boxes and of the mask box, in characters, and the masks that are
+    /// valid, in bits.
     static constexpr int IP_SIZE = SIZE;
     static constexpr int IP_MAX_LENGTH = MAX_LENGTH;
     static constexpr int MASK_SIZE = 3;        // width of the mask box in characters
@@ -42,6 +44,7 @@ public:
     const int* getDisplayMode() const { return m_displayMode; }
     void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
 
+    /// Whether the read-only form shows the address.
     bool isShowReadOnlyText() const { return m_showReadOnlyText; }
     void setShowReadOnlyText(bool show) { m_showReadOnlyText = show; }
 

@@ -41,6 +41,7 @@ public:
     /// quotes in it.
     void setOnFocusFunction(std::string function, std::string arguments);
 
+    /// The DisplayMode; not owned.
     const int* getDisplayMode() const { return m_displayMode; }
     void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
 

@@ -30,9 +30,11 @@ public:
     /// as it was, when there is none, when `factor` is 0 and when a side would become 0.
     bool zoomImageDispSize(unsigned int factor, bool divide);
 
+    /// The URL. To set it leaves the size as it is.
     const std::string& getSource() const { return m_source; }
     void setSource(const std::string& source) { m_source = source; }
 
+    /// The text in place of an image that cannot be shown.
     const std::string& getAlt() const { return m_alt; }
     void setAlt(const std::string& alt) { m_alt = alt; }
 
@@ -44,12 +46,13 @@ public:
     int getBorder() const { return m_border; }
     void setBorder(int border) { m_border = border; }
 
+    /// The name and the ID by which scripts find the image.
     const std::string& getName() const { return m_name; }
     void setName(const std::string& name) { m_name = name; }
-
     const std::string& getId() const { return m_id; }
     void setId(const std::string& id) { m_id = id; }
 
+    /// The script that a click runs.
     const std::string& getOnClick() const { return m_onClick; }
     void setOnClick(const std::string& onClick) { m_onClick = onClick; }
 

@@ -11,6 +11,7 @@ namespace ORVLib::Gui {
 /// a host name, which is left to the resolver to judge.
 class ORVGUI_EXPORT InetAddressField : public TextField {
 public:
+    /// As TextField's, with the flag of setAllowEmpty().
     explicit InetAddressField(const std::string& name, const std::string& value = "",
                               const std::string& form = "", int size = DEFAULT_SIZE,
                               int maxLength = DEFAULT_MAX_LENGTH, const int* displayMode = nullptr,

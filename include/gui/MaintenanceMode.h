@@ -8,9 +8,10 @@ namespace ORVLib::ORVUi {
 /// The board's maintenance-mode record, 34 bytes.
 struct ORV_MAINTENANCE_MODE {
     static constexpr int FIRST_PARTITION = 17;  // one byte a partition, not zero: in maintenance
-    static constexpr int PARTITIONS = 16;
-    static constexpr int SYSTEM = 33;  // not zero: the whole system is in maintenance
+    static constexpr int PARTITIONS = 16;       // bytes from there
+    static constexpr int SYSTEM = 33;           // not zero: the whole system is in maintenance
 
+    /// The record as it crosses the wire.
     unsigned char bytes[34];
 };
 

@@ -10,6 +10,7 @@ namespace ORVLib::Gui {
 /// here.
 class ORVGUI_EXPORT MenuData {
 public:
+    /// Top menus, and bytes that hold any short name.
     static constexpr int TOP_MENUS = 6;
     static constexpr int NAME_SIZE = 32;
 

@@ -20,15 +20,19 @@ public:
     void printHTML() const override;
     bool isError() const override;
 
+    /// What the element says something about, such as "Refresh".
     const std::string& getName() const { return m_name; }
     void setName(const std::string& name) { m_name = name; }
 
+    /// What it says.
     const std::string& getContent() const { return m_content; }
     void setContent(const std::string& content) { m_content = content; }
 
+    /// Where "Refresh" leads; empty for none.
     const std::string& getUrl() const { return m_url; }
     void setUrl(const std::string& url) { m_url = url; }
 
+    /// For the page's own use: it is not printed.
     const std::string& getNote() const { return m_note; }
     void setNote(const std::string& note) { m_note = note; }
 

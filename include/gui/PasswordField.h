@@ -9,6 +9,7 @@ namespace ORVLib::Gui {
 /// the read-only form shows one "*" for each of its bytes.
 class ORVGUI_EXPORT PasswordField : public HTMLComponent, public FormComponent {
 public:
+    /// Width and length in characters.
     static constexpr int DEFAULT_SIZE = 20;
     static constexpr int DEFAULT_MAX_LENGTH = 255;
 
@@ -34,6 +35,7 @@ public:
     int getMaxLength() const { return m_maxLength; }
     void setMaxLength(int maxLength) { m_maxLength = maxLength; }
 
+    /// The DisplayMode; not owned.
     const int* getDisplayMode() const { return m_displayMode; }
     void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
 

@@ -7,9 +7,11 @@ namespace ORVLib::Gui {
 /// A text input for a TCP or UDP port: decimal digits, no sign and no blanks.
 class ORVGUI_EXPORT PortNumberField : public TextField {
 public:
+    /// Ends of the ranges that isError() knows.
     static constexpr int LAST_WELL_KNOWN_PORT = 1023;
     static constexpr int LAST_PORT = 65535;
 
+    /// As TextField's, with the flags and the limit that are set below.
     explicit PortNumberField(const std::string& name, const std::string& value = "",
                              const std::string& form = "", int size = DEFAULT_SIZE,
                              int maxLength = DEFAULT_MAX_LENGTH, const int* displayMode = nullptr,

@@ -10,6 +10,7 @@ namespace ORVLib::Gui {
 /// Nothing is escaped, as in Button.
 class ORVGUI_EXPORT ResetButton : public FormComponent, public HTMLComponent {
 public:
+    /// `value` is the caption; `form` is not printed.
     explicit ResetButton(const std::string& name, const std::string& value = "",
                          const std::string& form = "")
         : FormComponent(name, value, form) {}

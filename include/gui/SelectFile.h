@@ -8,6 +8,7 @@ namespace ORVLib::Gui {
 /// The browser's own file input. Its value is never printed: browsers would ignore it.
 class ORVGUI_EXPORT SelectFile : public FormComponent, public HTMLComponent {
 public:
+    /// Width in characters.
     static constexpr int DEFAULT_SIZE = 20;
 
     /// `displayMode` is a DisplayMode, not owned; null is editable.
@@ -20,6 +21,7 @@ public:
     int getSize() const { return m_size; }
     void setSize(int size) { m_size = size; }
 
+    /// The DisplayMode; not owned.
     const int* getDisplayMode() const { return m_displayMode; }
     void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
 

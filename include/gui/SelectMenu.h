@@ -35,6 +35,7 @@ public:
     void setOnChangeFunction(std::string function, std::string arguments);
     void setOnClickFunction(std::string function, std::string arguments);
 
+    /// The DisplayMode; not owned.
     const int* getDisplayMode() const { return m_displayMode; }
     void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
 

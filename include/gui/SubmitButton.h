@@ -10,6 +10,7 @@ namespace ORVLib::Gui {
 /// Nothing is escaped, as in Button.
 class ORVGUI_EXPORT SubmitButton : public FormComponent, public HTMLComponent {
 public:
+    /// `value` is the caption; `form` is not printed.
     explicit SubmitButton(const std::string& name, const std::string& value = "",
                           const std::string& form = "", int attribute = 0,
                           const std::string& onClick = "")
@@ -22,6 +23,7 @@ public:
     int getAttribute() const { return m_attribute; }
     void setAttribute(int attribute) { m_attribute = attribute; }
 
+    /// The script that a click runs before the form is sent, with its quotes.
     const std::string& getOnClick() const { return m_onClick; }
     void setOnClick(const std::string& onClick) { m_onClick = onClick; }
 

@@ -16,6 +16,7 @@ public:
     static constexpr int END_ASCII_HALF_ALPHANUM = 0x7e;
     static constexpr int BLANK_ASCII_HALF_ALPHANUM = 0x20;
 
+    /// Width in characters and longest value in bytes.
     static constexpr int DEFAULT_SIZE = 20;
     static constexpr int DEFAULT_MAX_LENGTH = 255;
 
@@ -48,6 +49,7 @@ public:
     int getMaxLength() const { return m_maxLength; }
     void setMaxLength(int maxLength) { m_maxLength = maxLength; }
 
+    /// The DisplayMode; not owned.
     const int* getDisplayMode() const { return m_displayMode; }
     void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
 
@@ -59,9 +61,11 @@ public:
     bool isCheckCharacters() const { return m_checkCharacters; }
     void setCheckCharacters(bool checkCharacters) { m_checkCharacters = checkCharacters; }
 
+    /// Accept a value without any character.
     bool isAllowEmpty() const { return m_allowEmpty; }
     void setAllowEmpty(bool allowEmpty) { m_allowEmpty = allowEmpty; }
 
+    /// With isCheckCharacters(), accept blanks too.
     bool isAllowBlank() const { return m_allowBlank; }
     void setAllowBlank(bool allowBlank) { m_allowBlank = allowBlank; }
 

@@ -34,15 +34,19 @@ public:
     void printHTML() const override;
     bool isError() const override;
 
+    /// The text as it was given, not escaped.
     const std::string& getText() const { return m_text; }
     void setText(const std::string& text) { m_text = text; }
 
+    /// For the page's own use.
     bool getFlag() const { return m_flag; }
     void setFlag(bool flag) { m_flag = flag; }
 
+    /// Whether the text is HTML already and printed as it is.
     bool isRaw() const { return m_raw; }
     void setRaw(bool raw) { m_raw = raw; }
 
+    /// A Colour.
     int getColour() const { return m_colour; }
     void setColour(int colour) { m_colour = colour; }
 

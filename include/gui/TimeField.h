@@ -27,15 +27,15 @@ public:
     /// counts as the number it starts with, 0 when it starts with none, so empty boxes are valid.
     void checkTime();
 
+    /// The texts of the boxes.
     const std::string& getHour() const { return m_hour; }
     void setHour(const std::string& hour) { m_hour = hour; }
-
     const std::string& getMinute() const { return m_minute; }
     void setMinute(const std::string& minute) { m_minute = minute; }
-
     const std::string& getSecond() const { return m_second; }
     void setSecond(const std::string& second) { m_second = second; }
 
+    /// The DisplayMode; not owned.
     const int* getDisplayMode() const { return m_displayMode; }
     void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
 

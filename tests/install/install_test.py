@@ -134,6 +134,18 @@ class Install(unittest.TestCase):
         run("cmake", "--build", built)
         self.ask(built / "page")
 
+    def test_library_is_built_on_a_platform_that_is_given(self):
+        product = self.work / "product"
+        toolchain = BUILD.settings["toolchain"]
+        platform = f"{self.stage}{LIBDIR}/liborvplatform.so"
+        run("cmake", "-G", "Ninja", "-S", TREE, "-B", product, "-DBUILD_TESTING=OFF",
+            f"-DORVGUI_PLATFORM_INCLUDE={self.stage}{PREFIX}/include",
+            f"-DORVGUI_PLATFORM_LIBRARIES={platform}",
+            *([f"-DCMAKE_TOOLCHAIN_FILE={toolchain}"] if toolchain else []))
+        run("cmake", "--build", product, "--target", "orvgui")
+        self.assertFalse((product / "board").exists())
+        self.assertIn(platform, (product / "orvgui.pc").read_text())
+
     def ask(self, page):
         """Runs a page as the web server does, from where its libraries are staged."""
         answer = run(*BUILD.command(page, self.outside / "skeleton.txt"), REQUEST_METHOD="GET",

@@ -30,6 +30,7 @@ public:
     virtual int receiveRequest(int& type, void* buffer, int size) = 0;
 };
 
+/// What makes connections.
 class IPCClient {
 public:
     /// Connects the client endpoint to the daemon endpoint. The caller owns the connection.

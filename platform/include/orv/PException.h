@@ -16,10 +16,12 @@ public:
     /// One argument of the message: an integer of 32 bits or a text.
     class Argument {
     public:
+        /// Made from what it is to hold.
         Argument(int number = 0) : m_number(number) {}
         Argument(const char* text) : m_isText(true), m_text(text) {}
         Argument(const std::string& text) : m_isText(true), m_text(text) {}
 
+        /// Which of the two it is, and its value; that of the other kind is 0 or empty.
         bool isText() const { return m_isText; }
         int getNumber() const { return m_number; }
         const std::string& getText() const { return m_text; }
@@ -30,6 +32,7 @@ public:
         std::string m_text;
     };
 
+    /// Arguments of a message.
     static constexpr int ARGUMENT_COUNT = 8;
 
     /// An exception without content, to be filled by setSerialized().
@@ -43,6 +46,7 @@ public:
                const Argument& argument3, const Argument& argument4, const Argument& argument5,
                const Argument& argument6, const Argument& argument7, const Argument& argument8);
 
+    /// What the constructor was given, or the bytes of another process said.
     unsigned char getActionCode() const;
     unsigned int getExceptionDetail() const;
     int getMessageNumber() const { return m_messageNumber; }

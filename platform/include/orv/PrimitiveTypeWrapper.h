@@ -12,8 +12,10 @@ template <class T>
 class PrimitiveTypeWrapper : public SerializableObject {
 public:
     PrimitiveTypeWrapper() = default;
+    /// Holds a copy; without one, a value of zeros.
     explicit PrimitiveTypeWrapper(const T& value) : m_value(value) {}
 
+    /// The wrapped value.
     const T& getValue() const { return m_value; }
     void setValue(const T& value) { m_value = value; }
 

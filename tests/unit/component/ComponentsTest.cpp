@@ -7,6 +7,7 @@
 #include "gui/HiddenField.h"
 #include "gui/HyperLink.h"
 #include "gui/JsFunction.h"
+#include "gui/MetaTag.h"
 #include "gui/ResetButton.h"
 #include "gui/SubmitButton.h"
 #include "gui/TextString.h"
@@ -82,6 +83,15 @@ TEST(JsFunction, PrintsItsLinesInOrder) {
     EXPECT_EQ(printed(function),
               "function check(form){\nvar i = 0;\ngo(\"a'b\");\nnone = new Array();\n"
               "a = new Array(\"1\", \"2\");\nstrMSG[\"key\"] = \"text\";\nalert(\"No \");\n}\n");
+}
+
+TEST(MetaTag, IsANameOrAnHttpHeader) {
+    EXPECT_EQ(printed(MetaTag("FRAME-ID", "M-ERROR-0-00")),
+              R"(<meta name="FRAME-ID" content="M-ERROR-0-00">)");
+    EXPECT_EQ(printed(MetaTag("Refresh", "30")), R"(<meta http-equiv="Refresh" content="30">)");
+    EXPECT_EQ(printed(MetaTag("Refresh", "0", "/common/timeout.cgi")),
+              R"(<meta http-equiv="Refresh" content="0;URL=/common/timeout.cgi">)");
+    EXPECT_EQ(printed(MetaTag("frame-id", "x")), R"(<meta http-equiv="frame-id" content="x">)");
 }
 
 }  // namespace

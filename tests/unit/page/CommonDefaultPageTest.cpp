@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "gui/FormInfo.h"
-#include "gui/MetaTag.h"
 #include "gui/TimeoutPage.h"
 #include "support/Captured.h"
 #include "support/CgiRequest.h"
@@ -111,15 +110,6 @@ TEST_F(ConfigurationPage, PrintsItsSkeletonAndAnswersItsError) {
     EXPECT_FALSE(plain.isError());
     plain.setError(true);
     EXPECT_TRUE(plain.isError());
-}
-
-TEST(MetaTag, IsANameOrAnHttpHeader) {
-    EXPECT_EQ(printed(MetaTag("FRAME-ID", "M-ERROR-0-00")),
-              R"(<meta name="FRAME-ID" content="M-ERROR-0-00">)");
-    EXPECT_EQ(printed(MetaTag("Refresh", "30")), R"(<meta http-equiv="Refresh" content="30">)");
-    EXPECT_EQ(printed(MetaTag("Refresh", "0", "/common/timeout.cgi")),
-              R"(<meta http-equiv="Refresh" content="0;URL=/common/timeout.cgi">)");
-    EXPECT_EQ(printed(MetaTag("frame-id", "x")), R"(<meta http-equiv="frame-id" content="x">)");
 }
 
 }  // namespace
