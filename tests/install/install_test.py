@@ -34,8 +34,7 @@ COMPONENTS = {
 if not BUILD.settings["emulator"]:
     COMPONENTS["Development"].append(f"{PREFIX}/bin/mkcatalogue")
 
-# What readelf says of every hardened file, of some kinds only where one is named: where the linker binds
-# and what the compiler called.
+# What is seen of a hardened file, what readelf then says or does not say, and of which files.
 HARDENED = (
     ("its tables are read-only once relocated", r"GNU_RELRO", True, "all"),
     ("no stack that can be run", r"GNU_STACK .* RW +0x", True, "all"),

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <fcntl.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -9,7 +10,7 @@
 /// Puts a request where a CGI program finds it: into the environment and standard input.
 class CgiRequest {
 public:
-    CgiRequest() : m_standardInput(dup(STDIN_FILENO)) {
+    CgiRequest() : m_standardInput(fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0)) {
         for (const char* const name :
              {"REQUEST_METHOD", "QUERY_STRING", "CONTENT_LENGTH", "CONTENT_TYPE"}) {
             unsetenv(name);
@@ -34,7 +35,7 @@ public:
         setenv("REQUEST_METHOD", "POST", 1);
         setenv("CONTENT_TYPE", type.c_str(), 1);
         setenv("CONTENT_LENGTH", length.c_str(), 1);
-        const int file = memfd_create("body", 0);
+        const int file = memfd_create("body", MFD_CLOEXEC);
         if (write(file, body.data(), body.size()) != static_cast<ssize_t>(body.size())) {
             std::abort();
         }

@@ -28,8 +28,8 @@ inline std::string contentOf(int file) {
 /// Runs `work` in a process of its own, as a page program runs, which exits with what it returns.
 template <typename Work>
 ChildResult inChild(Work work) {
-    const int output = memfd_create("output", 0);
-    const int trace = memfd_create("trace", 0);
+    const int output = memfd_create("output", MFD_CLOEXEC);
+    const int trace = memfd_create("trace", MFD_CLOEXEC);
     const pid_t child = fork();
     if (child == 0) {
         dup2(output, STDOUT_FILENO);

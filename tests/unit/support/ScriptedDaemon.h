@@ -88,7 +88,8 @@ public:
                 if (poll(&ready, 1, 3000) != 1) {
                     return;
                 }
-                requests.push_back(answer(accept(m_listener, nullptr, nullptr), response, then));
+                requests.push_back(
+                    answer(accept4(m_listener, nullptr, nullptr, SOCK_CLOEXEC), response, then));
             }
         });
         operation();
