@@ -1,4 +1,4 @@
-# What ./run, ./test and bench/run share; sourced by them. Installs packages and builds a preset.
+# What ./run, ./test, bench/run and fuzz/run share; sourced by them. Installs packages and builds a preset.
 
 BUILD_PACKAGES="cmake g++ libc-bin libcrypt-dev libsqlite3-dev lighttpd ninja-build nettle-dev
     python3 util-linux"
@@ -6,6 +6,7 @@ TEST_PACKAGES="binutils clang-format clang-tidy libgtest-dev pkg-config pyflakes
 BOARD_PACKAGES="autoconf automake dpkg-dev g++-powerpc-linux-gnu googletest libtool m4 make
     pkg-config qemu-user-static tcl"
 BROWSER_PACKAGES="chromium chromium-driver fonts-dejavu-core fonts-ipafont-gothic python3-selenium"
+FUZZ_PACKAGES="clang libclang-rt-dev"
 BENCH_PACKAGES="apache2-utils valgrind"
 BENCH_PEERS="libcgicc-dev libcgi-pm-perl php-cgi"
 
