@@ -1,5 +1,7 @@
 // Every component, with whatever a page puts in: what it accepts is what its rules allow, and
 // nothing gets out of its place in what it prints.
+#include <algorithm>
+
 #include "gui/Button.h"
 #include "gui/CheckBox.h"
 #include "gui/DateField.h"
@@ -54,7 +56,7 @@ struct Values {
 };
 
 bool isNumber(const std::string& text, long lowest, long highest) {
-    const long number = std::atol(text.c_str());
+    const long number = std::min(std::atol(text.c_str()), long{INT32_MAX});  // as the board reads
     return text.find_first_not_of("0123456789") == std::string::npos && number >= lowest &&
            number <= highest;
 }

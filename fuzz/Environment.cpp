@@ -47,7 +47,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
                                    "CONTENT_LENGTH", "CONTENT_TYPE", "QUERY_STRING"}) {
         unsetenv(name);
         if ((set & bit) != 0) {
-            setenv(name, input.text().c_str(), 1);
+            Fuzz::setVariable(name, input.text());
         }
         bit <<= 1;
     }

@@ -115,7 +115,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto arrived = static_cast<long>(body.size());
     const long announced = std::max(arrived + excess, 0L);
     CgiRequest request;
-    request.post("multipart/form-data; boundary=" + boundary, body, std::to_string(announced));
+    request.post("", body, std::to_string(announced));
+    Fuzz::setVariable("CONTENT_TYPE", "multipart/form-data; boundary=" + boundary);
     pieces = chosen;
     try {
         FormInfo form;

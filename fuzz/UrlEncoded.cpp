@@ -72,7 +72,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto arrived = static_cast<long>(body.size());
     const long announced = std::max(arrived + excess, 0L);
     CgiRequest request;
-    request.get(body);
+    request.get("");
+    Fuzz::setVariable("QUERY_STRING", body);
     if (post) {
         request.post("text/plain", body, std::to_string(arrived + excess));
         body.resize(static_cast<std::size_t>(std::min(arrived, announced)));

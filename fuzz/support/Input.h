@@ -6,7 +6,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
+#include <map>
 #include <string>
+#include <utility>
 
 #include "TraceSink.h"
 
@@ -63,6 +66,14 @@ public:
 private:
     std::string m_rest;
 };
+
+/// As setenv(), which keeps every value it was ever given.
+inline void setVariable(const std::string& name, const std::string& value) {
+    static std::map<std::string, char*> kept;
+    char* const entry = strdup((name + "=" + value).c_str());
+    putenv(entry);
+    std::free(std::exchange(kept[name], entry));
+}
 
 constexpr const char* OPEN_FILE = "/proc/self/fd/200";
 
