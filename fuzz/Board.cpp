@@ -1,6 +1,4 @@
 // What anybody on the daemon's socket sends: every answer is one, and the state stays usable.
-#include <crypt.h>
-
 #include <poll.h>
 
 #include <filesystem>
@@ -18,7 +16,7 @@ using namespace ORVLib;
 using namespace ORVLib::Board;
 namespace fs = std::filesystem;
 
-// Passwords cost nothing here: the input says which ones are right.
+// Hashes cost nothing here.
 extern "C" char* __wrap_crypt_rn(const char* /*phrase*/, const char* /*setting*/,  // NOLINT
                                  void* /*data*/, int /*size*/) {
     static char hash[] = "hash";
@@ -56,16 +54,15 @@ std::string makeRequest(Fuzz::Input& input, const std::vector<std::string>& sess
     return Requests::hasPayload(type) ? bytes + frame(type, input.take(input.number(2))) : bytes;
 }
 
-Reply carryOut(Requests& requests, const Request& request, bool matches) {
+/// Passwords are right when the input says so.
+Reply carryOut(Requests& requests, const Request& request, bool matches) try {
     if (!Requests::isPasswordChecked(request.type)) {
         return requests.handle(request);
     }
-    try {
-        const Requests::PasswordCheck check = requests.beginPasswordCheck(request);
-        return requests.endPasswordCheck(request, check, matches || !check.hash, "hash");
-    } catch (const PException& refusal) {
-        return Reply::error(refusal);
-    }
+    const Requests::PasswordCheck check = requests.beginPasswordCheck(request);
+    return requests.endPasswordCheck(request, check, matches || !check.hash, "hash");
+} catch (const PException& refusal) {
+    return Reply::error(refusal);
 }
 
 /// What comes back is a telegram and what fits to it, or an error.
@@ -74,16 +71,12 @@ void checkAnswer(std::uint32_t type) {
     while (stream.receive() == ORVIpc::MessageStream::Arrival::BYTES) {
     }
     Fuzz::require(stream.hasMessage());
-    const ORVIpc::Message message = stream.take();
-    if (static_cast<std::uint32_t>(message.type) == TYPE_ERROR) {
-        Fuzz::require(PException().setSerialized(
-            reinterpret_cast<const unsigned char*>(message.payload.data()),
-            static_cast<unsigned int>(message.payload.size())));
-    } else {
-        Fuzz::require(static_cast<std::uint32_t>(message.type) == type &&
-                      message.payload.size() == Telegram::SIZE);
-        Fuzz::require(stream.isEmpty() || stream.hasMessage());
-    }
+    const ORVIpc::Message answer = stream.take();
+    const auto* const bytes = reinterpret_cast<const unsigned char*>(answer.payload.data());
+    const auto size = static_cast<unsigned int>(answer.payload.size());
+    const bool isAnswer = static_cast<std::uint32_t>(answer.type) == type && size == Telegram::SIZE;
+    Fuzz::require(isAnswer || PException().setSerialized(bytes, size));
+    Fuzz::require(stream.isEmpty() || stream.hasMessage());
 }
 
 void serve(Fuzz::Input& input, const Parts& parts, const std::vector<std::string>& ids) {

@@ -32,29 +32,6 @@ using Fuzz::require;
 
 namespace {
 
-/// What a page program puts into its components.
-struct Values {
-    explicit Values(Fuzz::Input& input)
-        : flags(input.number()),
-          number(input.signedNumber()),
-          other(input.signedNumber()),
-          mode(static_cast<int>(input.number() % 4)),
-          text(input.text()),
-          more(input.text()),
-          rest(input.text()) {}
-
-    bool flag(unsigned int bit) const { return (flags >> bit & 1) != 0; }
-    const int* getMode() const { return mode != 0 ? &mode : nullptr; }
-
-    unsigned int flags;
-    int number;
-    int other;
-    int mode;
-    std::string text;
-    std::string more;
-    std::string rest;
-};
-
 bool isNumber(const std::string& text, long lowest, long highest) {
     const long number = std::min(std::atol(text.c_str()), long{INT32_MAX});  // as the board reads
     return text.find_first_not_of("0123456789") == std::string::npos && number >= lowest &&
@@ -67,6 +44,7 @@ std::string inQuotes(std::string text) {
     return " value=\"" + text + "\">";
 }
 
+/// Checks what holds for every text field. True when its text was accepted.
 bool isFit(const TextField& field, bool allowEmpty) {
     const auto size = static_cast<long>(field.getValue().size());
     require(field.isError() || (size == 0 ? allowEmpty : size <= field.getMaxLength()));
@@ -74,113 +52,93 @@ bool isFit(const TextField& field, bool allowEmpty) {
     return size != 0 && !field.isError();
 }
 
-void checkTextFields(const Values& v) {
-    const std::string& value = v.text;
-    const bool empty = v.flag(0);
-    isFit(TextField("t", value, "", 1, v.number, v.getMode(), false, v.flag(1), empty, v.flag(2)),
-          empty);
-    isFit(InetAddressField("a", value, "", 1, v.number, v.getMode(), empty), empty);
-    if (isFit(EmailAddressField("m", value, "", 1, v.number, v.getMode(), empty), empty)) {
-        require(value.find('@') != std::string::npos);
-    }
-    if (isFit(PortNumberField("p", value, "", 1, v.number, v.getMode(), v.flag(1), empty, v.other),
-              empty)) {
-        require(isNumber(value, v.flag(1) ? 1 : 1024, v.other));
-    }
-    printed(PasswordField("w", value, "", 1, v.number, v.getMode()));
-    const std::string hidden = printed(HiddenField("h", value));
-    require(hidden.find(inQuotes(value)) != std::string::npos);
-}
-
-void checkBoxes(const Values& v) {
-    IPAddrMaskField mask("a", "", "", v.getMode(), v.flag(0));
-    v.flag(1) ? mask.setMaskBit(v.number) : mask.setMaskBit(v.text);
-    mask.setAddress(v.other, v.more);
-    mask.setAddress(v.number, v.other);
-    require(mask.isError() || isNumber(mask.getMaskBit(), 1, 32));
-    printed(mask);
-    IPAddressField address("a", "", "", v.getMode());
-    address.setOnFocusFunction(v.more, v.rest);
-    address.setAddress(0, v.text);
-    require(address.isError() || isNumber(address.getAddress(0), 0, 255));
-    printed(address);
-    DateField date("d", "", "", v.text, v.more, v.rest, v.getMode());
-    date.setOnFocusFunction(v.rest, "");
-    date.checkDate();
-    require(date.isError() || std::atol(v.text.c_str()) >= 2000);
-    printed(date);
-    TimeField time("t", "", "", v.text, v.more, v.rest, v.getMode());
-    time.checkTime();
-    printed(time);
-}
-
-void checkChoices(const Values& v) {
-    SelectMenu menu(v.text, "", "", v.number, v.getMode(), v.flag(0));
-    RadioButton radio(v.text, "", "", v.more, v.getMode(), v.flag(0));
-    CheckBox box(v.text, "", "", v.more, v.flag(1), v.getMode(), v.flag(0));
-    for (const bool chosen : {v.flag(2), v.flag(3)}) {
-        menu.add(v.text, v.rest, chosen);
-        radio.add(v.text, v.rest, chosen ? v.more : "", chosen, v.flag(4));
-        box.add(v.text, v.more, v.rest, v.more, chosen, v.flag(4));
-        printed(menu);
-        printed(radio);
-        printed(box);
-    }
-    menu.setOnChangeFunction(v.more, v.rest);
-    menu.setOnClickFunction(v.more, v.rest);
-    menu.select(v.other);
-    printed(menu);
-}
-
-void checkImage(const Values& v) {
-    const auto width = static_cast<unsigned int>(v.number);
-    const auto height = static_cast<unsigned int>(v.other);
-    Image image(v.text, v.more, v.flag(0), v.number);
-    image.setOnClick(v.rest);
-    if (v.flag(1)) {
-        image.setImageDispSize(v.more, v.rest);
-    }
-    image.zoomImageDispSize(height >> 24, v.flag(2));
-    const std::string before = printed(image);
-    const bool isResized = image.resizeImageDispSize(width, height) && printed(image) != before;
-    std::string shownWidth;
-    std::string shownHeight;
-    image.getImageDispSize(shownWidth, shownHeight);
-    require(!isResized || (isNumber(shownWidth, 0, width) && isNumber(shownHeight, 0, height)));
-}
-
-void checkOthers(const Values& v) {
-    auto text = std::make_unique<TextString>(v.text, false, v.flag(0), v.number);
-    printed(HyperLink(v.text, v.more, v.rest, v.more, v.flag(1), std::move(text)));
-    printed(Button(v.text, v.more, "", 0, v.rest, v.flag(0)));
-    printed(SubmitButton(v.text, v.more, "", 0, v.rest));
-    printed(ResetButton(v.text, v.more));
-    printed(FileField(v.text, v.more, "", v.rest, v.number, v.getMode()));
-    printed(SelectFile(v.text, v.more, "", v.number, v.getMode()));
-    printed(MetaTag(v.flag(0) ? "FRAME-ID" : v.text, v.more, v.rest));
-    JsFunction script(v.text);
-    script.addFunction(v.more);
-    script.addFunction(v.more, v.rest);
-    script.addArray(v.more, {v.text, v.rest});
-    script.addMessage(v.more, v.rest);
-    script.addAlertFunction(v.rest);
-    printed(script);
-    std::string escaped = v.text;
-    MessageMgr::convertHTML(escaped);
-    require(escaped.find_first_of("<>\" ") == std::string::npos);
-    MessageMgr::encodeURL(escaped);
-    require(escaped.find_first_of("# \x80\xff") == std::string::npos);
+/// Printing changes nothing.
+template <typename... Components>
+void print(const Components&... components) {
+    (require(printed(components) == printed(components)), ...);
 }
 
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Fuzz::Input input(data, size);
-    const Values values(input);
-    checkTextFields(values);
-    checkBoxes(values);
-    checkChoices(values);
-    checkImage(values);
-    checkOthers(values);
+    const unsigned int flags = input.number();
+    const bool a = (flags & 1) != 0;
+    const bool b = (flags & 2) != 0;
+    const bool c = (flags & 4) != 0;
+    const int number = input.signedNumber();
+    const int other = input.signedNumber();
+    const int modes[] = {1, 2, 3};
+    const unsigned int chosen = input.number() % 4;
+    const int* const mode = chosen < 3 ? &modes[chosen] : nullptr;
+    const std::string text = input.text();
+    const std::string more = input.text();
+    const std::string rest = input.text();
+
+    isFit(TextField("t", text, "", 1, number, mode, false, b, a, c), a);
+    isFit(InetAddressField("a", text, "", 1, number, mode, a), a);
+    const bool isMail = isFit(EmailAddressField("m", text, "", 1, number, mode, a), a);
+    require(!isMail || text.find('@') != std::string::npos);
+    const bool isPort = isFit(PortNumberField("p", text, "", 1, number, mode, b, a, other), a);
+    require(!isPort || isNumber(text, b ? 1 : 1024, other));
+    require(printed(HiddenField("h", text)).find(inQuotes(text)) != std::string::npos);
+
+    IPAddrMaskField mask("a", "", "", mode, a);
+    b ? mask.setMaskBit(number) : mask.setMaskBit(text);
+    mask.setAddress(other, more);
+    mask.setAddress(number, other);
+    require(mask.isError() || isNumber(mask.getMaskBit(), 1, 32));
+    IPAddressField address("a", "", "", mode);
+    address.setOnFocusFunction(more, rest);
+    address.setAddress(0, text);
+    require(address.isError() || isNumber(address.getAddress(0), 0, 255));
+    DateField date("d", "", "", text, more, rest, mode);
+    date.checkDate();
+    require(date.isError() || std::atol(text.c_str()) >= 2000);
+    TimeField time("t", "", "", text, more, rest, mode);
+    time.checkTime();
+
+    SelectMenu menu(text, "", "", number, mode, a);
+    RadioButton radio(text, "", "", more, mode, a);
+    CheckBox box(text, "", "", more, b, mode, a);
+    for (const bool isChosen : {b, c}) {
+        menu.add(text, rest, isChosen);
+        radio.add(text, rest, isChosen ? more : "", isChosen, !isChosen);
+        box.add(text, more, rest, more, isChosen, !isChosen);
+    }
+    menu.select(other);
+    menu.setOnChangeFunction(more, rest);
+
+    Image image(text, more, a, number);
+    if (b) {
+        image.setImageDispSize(more, rest);
+    }
+    image.zoomImageDispSize(flags >> 3, c);
+    const std::string before = printed(image);
+    const auto width = static_cast<unsigned int>(number);
+    const auto height = static_cast<unsigned int>(other);
+    if (image.resizeImageDispSize(width, height) && printed(image) != before) {
+        std::string shown[2];
+        image.getImageDispSize(shown[0], shown[1]);
+        require(isNumber(shown[0], 0, width) && isNumber(shown[1], 0, height));
+    }
+
+    JsFunction script(text);
+    script.addFunction(more, rest);
+    script.addArray(more, {text, rest});
+    script.addMessage(more, rest);
+    script.addAlertFunction(rest);
+    const HyperLink link(text, more, rest, more, b,
+                         std::make_unique<TextString>(text, a, c, number));
+    print(mask, address, date, time, menu, radio, box, script, link,
+          Button(text, more, "", 0, rest, a), SubmitButton(text, more, "", 0, rest),
+          ResetButton(text, more), FileField(text, more, "", rest, number, mode),
+          SelectFile(text, more, "", number, mode), PasswordField("w", text, "", 1, number, mode),
+          MetaTag(a ? "FRAME-ID" : text, more, rest));
+    std::string escaped = text;
+    MessageMgr::convertHTML(escaped);
+    require(escaped.find_first_of("<>\" ") == std::string::npos);
+    MessageMgr::encodeURL(escaped);
+    require(escaped.find_first_of("# \x80\xff") == std::string::npos);
     return 0;
 }

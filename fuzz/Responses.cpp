@@ -25,10 +25,9 @@ ORVUi::GeneralPurposePacket packet;
 ORVUi::PrimitiveTypeWrapper<ORVUi::ORV_MAINTENANCE_MODE> mode;
 unsigned char payload[ORVIpc::MAX_PAYLOAD_SIZE];
 
-int judge(Client& client) {
+long judge(Client& client) {
     authority.setConfigAuthority();
-    const int verdict = JudgeAuthority(&authority, 30).preCheckDisplayMode(client);
-    return verdict != JudgeAuthority::UNDECIDED ? 1 : 0;
+    return JudgeAuthority(&authority, 30).preCheckDisplayMode(client) % JudgeAuthority::UNDECIDED;
 }
 
 /// An operation, not 0 when it was done, and the type its answer must have.
