@@ -6,10 +6,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 #include <map>
 #include <string>
-#include <utility>
+#include <vector>
 
 #include "TraceSink.h"
 
@@ -69,10 +68,11 @@ private:
 
 /// As setenv(), which keeps every value it was ever given.
 inline void setVariable(const std::string& name, const std::string& value) {
-    static std::map<std::string, char*> kept;
-    char* const entry = strdup((name + "=" + value).c_str());
-    putenv(entry);
-    std::free(std::exchange(kept[name], entry));
+    static std::map<std::string, std::vector<char>> kept;
+    const std::string text = name + "=" + value;
+    std::vector<char> entry(text.c_str(), text.c_str() + text.size() + 1);
+    putenv(entry.data());
+    kept[name].swap(entry);
 }
 
 constexpr const char* OPEN_FILE = "/proc/self/fd/200";
