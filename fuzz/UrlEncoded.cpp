@@ -1,5 +1,6 @@
 // A URL-encoded form, in the query and in the body, against a plain reading of the same rules.
 #include <algorithm>
+#include <cstring>
 #include <stdexcept>
 
 #include "gui/FormInfo.h"
