@@ -12,3 +12,8 @@ if(ORVGUI_SANITIZE)
                         -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
 endif()
+
+if(ORVGUI_FUZZ)
+    # What the fuzzer watches: which code an input reaches, and what it compares with what.
+    add_compile_options(-fsanitize=fuzzer-no-link,float-cast-overflow,float-divide-by-zero)
+endif()

@@ -1,4 +1,5 @@
-# What ./run, ./test and bench/run share; sourced by them. Installs packages and builds a preset.
+# What ./run, ./test, bench/run and fuzz/run share; sourced by them. Installs packages and builds a
+# preset.
 # shellcheck shell=bash disable=SC2015,SC2034
 
 BUILD_PACKAGES="cmake g++ libc-bin libcrypt-dev libsqlite3-dev lighttpd lighttpd-mod-openssl
@@ -9,6 +10,7 @@ BOARD_PACKAGES="autoconf automake dpkg-dev g++-powerpc-linux-gnu googletest libt
     pkg-config qemu-user-static tcl"
 BROWSER_PACKAGES="chromium chromium-driver fonts-dejavu-core fonts-ipafont-gothic python3-selenium"
 VALGRIND_PACKAGES="valgrind"
+FUZZ_PACKAGES="clang libclang-rt-dev"
 BENCH_PACKAGES="apache2-utils $VALGRIND_PACKAGES"
 BENCH_PEERS="libcgicc-dev libcgi-pm-perl php-cgi"
 

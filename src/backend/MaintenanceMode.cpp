@@ -1,5 +1,6 @@
 #include "gui/MaintenanceMode.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "orv/PException.h"
@@ -34,7 +35,7 @@ bool PrimitiveTypeWrapper<ORV_MAINTENANCE_MODE>::setSerialized(const unsigned ch
         return false;
     }
     ORV_MAINTENANCE_MODE record{};
-    std::memcpy(record.bytes, data, size);
+    std::copy(data, data + size, record.bytes);
     setValue(record);
     return true;
 }

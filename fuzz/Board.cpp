@@ -1,0 +1,125 @@
+// What anybody on the daemon's socket sends: every answer is one, and the state stays usable.
+#include <poll.h>
+
+#include <filesystem>
+#include <vector>
+
+#include "BoardClock.h"
+#include "Client.h"
+#include "Firmware.h"
+#include "FirmwareStage.h"
+#include "Installation.h"
+#include "SampleBoard.h"
+#include "support/Peer.h"
+
+using namespace ORVLib;
+using namespace ORVLib::Board;
+namespace fs = std::filesystem;
+
+// Hashes cost nothing here.
+extern "C" char* __wrap_crypt_rn(const char* /*phrase*/, const char* /*setting*/,  // NOLINT
+                                 void* /*data*/, int /*size*/) {
+    static char hash[] = "hash";
+    return hash;
+}
+
+namespace {
+
+/// A folder in memory, and in it the state of a fresh board.
+struct Folder {
+    Folder() {
+        char name[] = "/dev/shm/orvfuzzXXXXXX";
+        path = mkdtemp(name);
+        BoardState(path + "/fresh");
+    }
+    ~Folder() { fs::remove_all(path); }
+
+    std::string path;
+};
+
+std::string frame(std::uint32_t type, const std::string& payload) {
+    return ORVIpc::frameMessage(static_cast<int>(type), payload.data(), payload.size());
+}
+
+/// What a client sends: mostly a telegram of a session and what fits to it.
+std::string makeRequest(Fuzz::Input& input, const std::vector<std::string>& sessions) {
+    const unsigned int form = input.number();
+    if (form == 255) {
+        return input.take(input.number(2));
+    }
+    Telegram telegram;
+    telegram.sessionId = sessions[form % sessions.size()];
+    const std::uint32_t type = FAMILY ^ input.number(form == 254 ? 4 : 2);
+    const std::string bytes = frame(type, telegram.format());
+    return Requests::hasPayload(type) ? bytes + frame(type, input.take(input.number(2))) : bytes;
+}
+
+/// Passwords are right when the input says so.
+Reply carryOut(Requests& requests, const Request& request, bool matches) try {
+    if (!Requests::isPasswordChecked(request.type)) {
+        return requests.handle(request);
+    }
+    const Requests::PasswordCheck check = requests.beginPasswordCheck(request);
+    return requests.endPasswordCheck(request, check, matches || !check.hash, "hash");
+} catch (const PException& refusal) {
+    return Reply::error(refusal);
+}
+
+/// What comes back is a telegram and what fits to it, or an error.
+void checkAnswer(std::uint32_t type) {
+    ORVIpc::MessageStream stream(std::move(Fuzz::peer));
+    while (stream.receive() == ORVIpc::MessageStream::Arrival::BYTES) {
+    }
+    Fuzz::require(stream.hasMessage());
+    const ORVIpc::Message answer = stream.take();
+    const auto* const bytes = reinterpret_cast<const unsigned char*>(answer.payload.data());
+    const auto size = static_cast<unsigned int>(answer.payload.size());
+    const bool isAnswer = static_cast<std::uint32_t>(answer.type) == type && size == Telegram::SIZE;
+    Fuzz::require(isAnswer || PException().setSerialized(bytes, size));
+    Fuzz::require(stream.isEmpty() || stream.hasMessage());
+}
+
+void serve(Fuzz::Input& input, const Parts& parts, const std::vector<std::string>& ids) {
+    Requests requests(parts);
+    while (!input.isEmpty()) {
+        const bool matches = input.flag();
+        Client client(1, Fuzz::connected(makeRequest(input, ids)), std::chrono::seconds(1));
+        if (client.proceed()) {
+            client.answer(carryOut(requests, client.getRequest(), matches));
+        } else if (client.isOpen()) {
+            client.expire();
+        }
+        if (client.getEvents() == POLLIN && client.isOpen()) {
+            checkAnswer(client.getRequest().type);
+        }
+        parts.installation.finish();
+        Firmware::dropOrphan(parts);
+    }
+    parts.sessions.store();
+}
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const Folder folder;
+    const std::string path = folder.path + "/state";
+    for (const char* const suffix : {"", "-wal", "-shm"}) {
+        fs::remove(path + suffix);
+    }
+    fs::copy_file(folder.path + "/fresh", path);
+    {
+        BoardState state(path);
+        Sessions sessions(state, std::chrono::seconds(1000));
+        FirmwareStage stage(path + ".firmware");
+        Installation installation(state);
+        BoardClock::start(state);
+        std::vector<std::string> ids = {""};
+        for (const SampleUser& user : SAMPLE_USERS) {
+            ids.push_back(sessions.open(user.name, "", {EventCode::LOGGED_IN, user.name, ""}));
+        }
+        Fuzz::Input input(data, size);
+        serve(input, {state, sessions, stage, installation}, ids);
+    }
+    const BoardState again(path);  // it looks at everything in it
+    return 0;
+}

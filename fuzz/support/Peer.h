@@ -1,0 +1,43 @@
+#pragma once
+
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <deque>
+#include <string>
+
+#include "common/FileDescriptor.h"
+#include "support/Input.h"
+
+// A daemon in the harness's own process: what the library connects is one end of a socket pair, in
+// which the whole response lies already. REQUIRES: the link option --wrap=connect.
+
+namespace Fuzz {
+
+/// What is answered on one connection after the other; there are none behind the last.
+inline std::deque<std::string> responses;
+
+/// The other end of the last connection.
+inline ORVLib::FileDescriptor peer;
+
+inline ORVLib::FileDescriptor connected(const std::string& sent) {
+    int ends[2] = {-1, -1};
+    require(socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, ends) == 0);
+    peer = ORVLib::FileDescriptor(ends[1]);
+    require(send(ends[1], sent.data(), sent.size(), 0) == static_cast<ssize_t>(sent.size()));
+    shutdown(ends[1], SHUT_WR);
+    return ORVLib::FileDescriptor(ends[0]);
+}
+
+}  // namespace Fuzz
+
+extern "C" [[gnu::used]] inline int __wrap_connect(int socket, const void*, socklen_t) {  // NOLINT
+    if (Fuzz::responses.empty()) {
+        errno = ECONNREFUSED;
+        return -1;
+    }
+    const ORVLib::FileDescriptor end = Fuzz::connected(Fuzz::responses.front());
+    Fuzz::responses.pop_front();
+    return dup2(end.get(), socket) < 0 ? -1 : 0;
+}
