@@ -122,9 +122,9 @@ class ConsoleClient:
         return self.request("POST", path, urllib.parse.urlencode(fields), headers)
 
     def token(self):
-        """What ends every form of the session, from the form that every user finds."""
+        """What ends every form of the session, from the form that every user finds; "" without one."""
         session = self.session
-        if session not in self._tokens:
+        if not self._tokens.get(session):
             self._tokens[session] = self.get(LOGOUT).field("form_end") or ""
             self.session = session
         return self._tokens[session]

@@ -39,7 +39,7 @@ SMALL_DISK = take_small_disk()
 
 def all_names(name, **more):
     """The form that gives the server's names that name, all of them."""
-    return {"page_state": "4", "form_end": "1", "system_name": name, "asset_tag": name,
+    return {"page_state": "4", "system_name": name, "asset_tag": name,
             "location": name, "contact": name, **more}
 
 

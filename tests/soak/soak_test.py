@@ -43,11 +43,15 @@ class User:
         self.client, self.kept, self.asked = ConsoleClient(soak.site.url), {"0"}, 0
 
     def work(self, requests):
-        actions = (*[self.see] * 6, *[self.write] * 4, *[self.read_back] * 2, *[self.upload] * 2,
-                   self.send_nonsense, self.log_out)
+        reading = (*[self.see] * 6, *[self.read_back] * 2, *[self.upload] * 2, self.send_nonsense)
         last = self.asked + requests
         while self.asked < last:
-            self.random.choice(actions if self.client.session else [self.log_in])()
+            if not self.client.session:
+                self.log_in()
+            elif self.client.token():
+                self.random.choice((*reading, *[self.write] * 4, self.log_out))()
+            else:  # it was asked for while the board was away
+                self.random.choice(reading)()
 
     def ask(self, text, method, *arguments):
         """Returns the answer, which must be the page with `text`, or None while the board is away."""
@@ -63,7 +67,8 @@ class User:
         return None
 
     def log_in(self):
-        self.ask("password is wrong", self.client.login, self.name, "guess")
+        if not self.asked:  # more of them would slow down the user's own log-ins
+            self.ask("password is wrong", self.client.login, self.name, "guess")
         self.ask("0;URL=/common/frame.cgi", self.client.login, self.name, "soak-pass")
 
     def see(self):
@@ -100,7 +105,7 @@ class User:
 
     def log_out(self):
         session = self.client.session
-        if self.ask("You are logged out.", self.client.post, "/common/logout.cgi", {}):
+        if self.ask("You are logged out.", self.client.logout):
             self.client.session = session
             self.ask("/common/timeout.cgi", self.client.get, REFRESH)
         self.client.session = None

@@ -172,7 +172,7 @@ class Walk(unittest.TestCase):
         client.get("/system/sel_filtering.cgi?severity=info&source=power&count=9&search=1")
         client.get("/system/sel_filtering.cgi?first0=2026&first1=2&first2=30&search=1")
         client.get("/common/logout.cgi")
-        client.post("/common/logout.cgi", {})
+        client.logout()
 
     def faults(self):
         """What the board can do wrong, and at last a user."""
