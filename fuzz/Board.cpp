@@ -51,7 +51,7 @@ std::string makeRequest(Fuzz::Input& input, const std::vector<std::string>& sess
     Telegram telegram;
     telegram.sessionId = sessions[form % sessions.size()];
     const std::uint32_t type = FAMILY ^ input.number(form == 254 ? 4 : 2);
-    const std::string bytes = frame(type, telegram.format());
+    std::string bytes = frame(type, telegram.format());
     if (!Requests::hasPayload(type)) {
         return bytes;
     }
