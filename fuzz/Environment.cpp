@@ -31,6 +31,9 @@ protected:
         page.getGenerator().printHTML();
         CGIRequester requester(m_sessionId.c_str());
         m_formInfo->getURLInfo(requester);
+        m_formInfo->getQueryString();
+        unsigned char address[4];
+        m_formInfo->getFormIPAddr("ip", address);
         return 0;
     }
 };

@@ -33,7 +33,7 @@ std::size_t nextLine(const std::string& text, std::size_t from) {
 }
 
 std::string lineBefore(const std::string& text, std::size_t from, std::size_t next) {
-    return text.substr(from, next - 2 - from).c_str();  // a NUL ends it
+    return Fuzz::cString(text.substr(from, next - 2 - from));
 }
 
 /// Where the file that starts at `start` ends.
@@ -109,7 +109,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Fuzz::Input input(data, size);
     const unsigned int large = input.number();
     const auto excess = static_cast<signed char>(input.number());
-    const std::string boundary = Fuzz::Input(input.text()).body().c_str();
+    const std::string boundary = Fuzz::cString(Fuzz::Input(input.text()).body());
     const std::string chosen = input.take(input.number());
     std::string body = input.body(large >= 0xf0 ? FormInfo::LARGEST_BODY_AT_START + 300 : 200000);
     const auto arrived = static_cast<long>(body.size());

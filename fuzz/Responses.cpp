@@ -25,7 +25,8 @@ ORVUi::GeneralPurposePacket packet;
 ORVUi::PrimitiveTypeWrapper<ORVUi::ORV_MAINTENANCE_MODE> mode;
 unsigned char payload[ORVIpc::MAX_PAYLOAD_SIZE];
 
-long judge(Client& client) {
+long judge(Client& client, Input& input) {
+    JudgeAuthority(&authority, input.signedNumber(), input.signedNumber()).getDisplayMode();
     authority.setConfigAuthority();
     return JudgeAuthority(&authority, 30).preCheckDisplayMode(client) % JudgeAuthority::UNDECIDED;
 }
@@ -49,7 +50,7 @@ constexpr Operation OPERATIONS[] = {
     {ITEM, [](Client& c, Input&) -> long { return c.callTransaction(ITEM, packet, packet); }},
     {ITEM, [](Client& c, Input&) -> long { return c.setInfo(ITEM, packet); }},
     {ITEM, [](Client& c, Input& i) -> long { return c.setInfo(ITEM, i.number(3), i.flag() ? payload : nullptr); }},
-    {ITEM_MAINTENANCE_MODE, [](Client& c, Input&) -> long { return judge(c); }},
+    {ITEM_MAINTENANCE_MODE, [](Client& c, Input& i) -> long { return judge(c, i); }},
 };
 // clang-format on
 

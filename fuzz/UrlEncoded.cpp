@@ -75,7 +75,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         return read.getFields();
     });
     const bool isCutShort = announced > arrived && arrived < 65536;  // else one read looks for more
-    Fuzz::require(fields == (isCutShort ? Fields{{"cut short", ""}}
-                                        : outcomeOf([&] { return readPlainly(body.c_str()); })));
+    Fuzz::require(fields == (isCutShort ? Fields{{"cut short", ""}} : outcomeOf([&] {
+                      return readPlainly(Fuzz::cString(body));
+                  })));
     return 0;
 }

@@ -75,6 +75,11 @@ inline void setVariable(const std::string& name, const std::string& value) {
     kept[name].swap(entry);
 }
 
+/// The text up to its first NUL, as what takes C strings sees it.
+inline std::string cString(const std::string& text) {
+    return text.substr(0, text.find('\0'));
+}
+
 constexpr const char* OPEN_FILE = "/proc/self/fd/200";
 
 /// Makes this the content of OPEN_FILE, which every catalogue and skeleton of the site leads to.

@@ -21,12 +21,15 @@ inline std::deque<std::string> responses;
 /// The other end of the last connection.
 inline ORVLib::FileDescriptor peer;
 
-inline ORVLib::FileDescriptor connected(const std::string& sent) {
+/// One end of a connection, at whose other this was sent.
+inline ORVLib::FileDescriptor connected(const std::string& sent, bool hangsUp = true) {
     int ends[2] = {-1, -1};
     require(socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, ends) == 0);
     peer = ORVLib::FileDescriptor(ends[1]);
     require(send(ends[1], sent.data(), sent.size(), 0) == static_cast<ssize_t>(sent.size()));
-    shutdown(ends[1], SHUT_WR);
+    if (hangsUp) {
+        shutdown(ends[1], SHUT_WR);
+    }
     return ORVLib::FileDescriptor(ends[0]);
 }
 
