@@ -25,8 +25,9 @@ std::string decoded(std::string text) {
     return result.append(text, from, std::string::npos);  // throws behind a cut escape
 }
 
-Fields readPlainly(std::string text) {
+Fields readPlainly(const std::string& body) {
     Fields fields;
+    std::string text = body;
     char* pairs = nullptr;
     for (char* pair = text.data(); (pair = strtok_r(pair, "&", &pairs)) != nullptr;
          pair = nullptr) {
