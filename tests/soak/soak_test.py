@@ -136,13 +136,13 @@ class Soak(unittest.TestCase):
             work.result()  # raises what went wrong
 
     def measure(self):
-        """The memory in KiB and the descriptors of daemon and web server, which do nothing now."""
+        """The peak in KiB and the descriptors of daemon and web server, which do nothing now."""
         time.sleep(1.5)
         found = []
         for process in (self.site.board.pid, self.site.server.pid):
             status = Path(f"/proc/{process}/status").read_text("ascii")
             self.assertEqual(Path(f"/proc/{process}/task/{process}/children").read_text("ascii"), "")
-            found.append((int(re.search(r"VmRSS:\s+(\d+)", status)[1]),
+            found.append((int(re.search(r"VmHWM:\s+(\d+)", status)[1]),
                           len(os.listdir(f"/proc/{process}/fd"))))
         return found
 
