@@ -4,14 +4,14 @@
 #include <filesystem>
 #include <vector>
 
-#include "BoardClock.h"
-#include "Client.h"
-#include "Digest.h"
-#include "Firmware.h"
-#include "FirmwareStage.h"
-#include "Installation.h"
-#include "SampleBoard.h"
+#include "daemon/Client.h"
+#include "item/BoardClock.h"
+#include "item/Firmware.h"
+#include "item/FirmwareStage.h"
+#include "item/Installation.h"
+#include "state/SampleBoard.h"
 #include "support/Peer.h"
+#include "wire/Digest.h"
 
 using namespace ORVLib;
 using namespace ORVLib::Board;

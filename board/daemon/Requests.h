@@ -1,0 +1,83 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "daemon/PasswordDelays.h"
+#include "daemon/Reply.h"
+#include "item/Items.h"
+#include "state/BoardState.h"
+#include "state/Sessions.h"
+#include "wire/Telegram.h"
+
+namespace ORVLib::Board {
+
+/// A request as it arrived: the telegram and, for procedures that have one, the payload.
+struct Request {
+    std::uint32_t type = 0;
+    Telegram telegram;
+    std::string payload;
+};
+
+/// Carries requests out.
+///
+/// Requests with a password take two steps, because checking one is slow: beginPasswordCheck() says
+/// what is to be checked, endPasswordCheck() takes the verdict.
+class Requests {
+public:
+    struct PasswordCheck {
+        std::string user;  ///< whose password is compared; empty when none is
+        std::string password;
+        std::optional<std::string> hash;     ///< what the password must match, if anything
+        std::string address;                 ///< where a login comes from
+        std::string newPassword;             ///< what a password is changed to
+        std::string source;                  ///< who asks, for sharing out the places to wait
+        std::chrono::milliseconds delay{0};  ///< how long the check is to wait
+    };
+
+    /// The parts must outlive this.
+    explicit Requests(const Parts& parts);
+
+    /// True when a payload follows the telegram of such a request.
+    static bool hasPayload(std::uint32_t type);
+
+    /// True for a login and for the writing of an item with a password.
+    static bool isPasswordChecked(std::uint32_t type);
+
+    /// Carries out any other request. What goes wrong is in the reply.
+    Reply handle(const Request& request);
+
+    /// Throws PException for a request that is refused before its password is looked at, and when
+    /// the state fails.
+    PasswordCheck beginPasswordCheck(const Request& request);
+
+    /// `newHash` is that of the new password, if there is one and the password matches.
+    Reply endPasswordCheck(const Request& request, const PasswordCheck& check, bool matches,
+                           const std::string& newHash);
+
+private:
+    Reply dispatch(const Request& request);
+    Reply getLanguage(const Request& request);
+    Reply logout(const Request& request);
+    Reply checkSession(const Request& request);
+    Reply getUserInfo(const Request& request);
+    Reply accessItem(const Request& request);
+    Reply readPublicItem(const Request& request);
+    PasswordCheck beginLogin(const Request& request);
+    PasswordCheck beginItemWrite(const Request& request);
+    Reply openSession(const Request& request, const PasswordCheck& login, bool matches);
+    Reply writeWithPassword(const Request& request, const PasswordCheck& check, bool matches,
+                            const std::string& newHash);
+
+    Caller requireCaller(const Request& request, bool renew = false);
+
+    BoardState& m_state;
+    Sessions& m_sessions;
+    Items m_items;
+    std::string m_nobodysHash;
+    PasswordDelays m_delays;
+};
+
+}  // namespace ORVLib::Board

@@ -1,0 +1,119 @@
+#include "item/BoardClock.h"
+
+#include <algorithm>
+#include <climits>
+
+#include "common/ParseNumber.h"
+#include "wire/Calendar.h"
+#include "wire/Protocol.h"
+#include "wire/Records.h"
+
+namespace ORVLib::Board::BoardClock {
+
+namespace {
+
+constexpr Field SOURCE = word("manual|servers");
+const char* const SERVERS = "servers";
+constexpr Field SERVER = orEmpty(ADDRESS);
+
+// What is written; the time counts only when somebody sets it.
+enum TimeField { TIME_DATE, TIME_TIME, TIME_ZONE, TIME_SOURCE, TIME_SERVER };
+constexpr Field TIME_FIELDS[] = {text(0, 64), text(0, 64), ZONE, SOURCE, SERVER, SERVER};
+
+// What is stored: seconds that the board is ahead, and the rest as written.
+enum StoredField { STORED_OFFSET, STORED_ZONE };
+constexpr Field STORED[] = {number(INT_MIN, INT_MAX), ZONE, SOURCE, SERVER, SERVER};
+
+// What a backup has.
+enum SettingField { SETTING_ZONE, SETTING_SOURCE, SETTING_SERVER };
+constexpr Field SETTINGS[] = {ZONE, SOURCE, SERVER, SERVER};
+
+// Where the clock stops: behind it are no days that could be written.
+constexpr std::int64_t LAST_SECOND = (std::int64_t{LAST_DAY} + 1) * SECONDS_PER_DAY - 1;
+
+bool isStored(const std::string& content) {
+    return parseRecord(content, STORED).has_value();
+}
+
+int parseOffset(const std::string& stored) {
+    return *parseNumber(parseTexts(stored)->at(STORED_OFFSET), INT_MIN, INT_MAX);
+}
+
+// Where the time that was set is from the machine's. The event log has no times before 1970.
+std::int64_t measureOffset(const Call& call, const Record& fields) {
+    if (fields[TIME_SOURCE] == SERVERS) {
+        return 0;
+    }
+    const std::int64_t time = std::int64_t{*parseDay(fields[TIME_DATE])} * SECONDS_PER_DAY +
+                              *parseTime(fields[TIME_TIME]) - *parseZone(fields[TIME_ZONE]);
+    if (time < 0) {
+        throw boardError(ERROR_BAD_REQUEST, "the time is before 1970 in UTC", call.id);
+    }
+    return time - BoardState::getMachineTime();
+}
+
+}  // namespace
+
+bool isTime(const std::string& content) {
+    const auto record = parseRecord(content, TIME_FIELDS);
+    if (!record) {
+        return false;
+    }
+    const Record& fields = *record;
+    return fields[TIME_SOURCE] == SERVERS
+               ? !fields[TIME_SERVER].empty()
+               : parseDay(fields[TIME_DATE]) && parseTime(fields[TIME_TIME]);
+}
+
+std::string readSettings(BoardState& state) {
+    Record fields = *parseTexts(readFit(state, ITEM_CLOCK, isStored));
+    fields.erase(fields.begin());
+    return formatRecord(fields);
+}
+
+bool isSettings(const std::string& content) {
+    const auto fields = parseRecord(content, SETTINGS);
+    return fields && ((*fields)[SETTING_SOURCE] != SERVERS || !(*fields)[SETTING_SERVER].empty());
+}
+
+std::int64_t restoreSettings(const BoardState& state, std::string& content) {
+    Record fields = *parseTexts(content);
+    // In its new zone, too, the clock must have reached its beginning, or it would stand.
+    const std::int64_t lowest = -BoardState::getMachineTime() - *parseZone(fields[SETTING_ZONE]);
+    const std::int64_t offset =
+        fields[SETTING_SOURCE] == SERVERS ? 0 : std::max(state.getTimeOffset(), lowest);
+    fields.insert(fields.begin(), std::to_string(offset));
+    content = formatRecord(fields);
+    return offset;
+}
+
+void start(BoardState& state) {
+    const auto stored = state.readItem(ITEM_CLOCK);
+    if (stored && isStored(*stored)) {  // whoever reads a damaged one sees an error
+        state.setTimeOffset(parseOffset(*stored));
+    }
+}
+
+std::string read(const Call& call) {
+    Record fields = *parseTexts(readFit(call.state, ITEM_CLOCK, isStored));
+    const std::int64_t local = std::clamp<std::int64_t>(
+        call.state.getTime() + *parseZone(fields[STORED_ZONE]), 0, LAST_SECOND);
+    fields[STORED_OFFSET] = formatTime(static_cast<int>(local % SECONDS_PER_DAY));
+    fields.insert(fields.begin(), formatDay(local / SECONDS_PER_DAY));
+    return formatRecord(fields);
+}
+
+void write(const Call& call) {
+    Record fields = *parseTexts(call.content);
+    const std::int64_t offset = measureOffset(call, fields);
+    fields.erase(fields.begin());
+    fields[STORED_OFFSET] = std::to_string(offset);
+    const std::string stored = formatRecord(fields);
+    if (!isStored(stored)) {
+        throw boardError(ERROR_BAD_REQUEST, "the time is too far from the machine's", call.id);
+    }
+    call.state.writeItem(ITEM_CLOCK, stored, call.makeEvent(EventCode::SETTINGS_CHANGED, "clock"));
+    call.state.setTimeOffset(offset);
+}
+
+}  // namespace ORVLib::Board::BoardClock

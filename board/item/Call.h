@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "state/BoardState.h"
+#include "state/Sessions.h"
+#include "wire/Protocol.h"
+
+namespace ORVLib::Board {
+
+class FirmwareStage;
+class Installation;
+
+/// Who asks.
+struct Caller {
+    User user;
+    std::string sessionId;
+};
+
+/// What the board consists of.
+struct Parts {
+    BoardState& state;
+    Sessions& sessions;
+    FirmwareStage& stage;
+    Installation& installation;
+};
+
+/// One use of an item that is more than stored bytes.
+struct Call : Parts {
+    std::uint32_t id;
+    const Caller* caller;             ///< null for a public item
+    const std::string& content;       ///< as the item's rule wants it
+    const std::string& passwordHash;  ///< of the new password in the content, if there is one
+
+    const User& getUser() const { return caller->user; }
+    std::uint32_t getPartition() const { return id & PARTITION_MASK; }
+    Event makeEvent(EventCode code, const std::string& detail) const {
+        return {code, caller->user.name, detail};
+    }
+};
+
+/// An item that the board made itself. Throws DatabaseError when it is missing or damaged.
+std::string readFit(BoardState& state, std::uint32_t id, bool (*isFit)(const std::string&));
+
+}  // namespace ORVLib::Board

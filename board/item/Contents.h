@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "wire/Records.h"
+
+/// What the items that are stored as they come may hold: the checks, and the fields that other
+/// parts of the board look at.
+namespace ORVLib::Board {
+
+/// The fields of ITEM_SERVICES that the HTTPS port is.
+constexpr Field SERVICES[] = {FLAG, PORT, FLAG, PORT, FLAG, PORT, FLAG, PORT};
+constexpr std::size_t HTTPS_PORT_FIELD = 3;
+
+/// A row of ITEM_ACL.
+constexpr Field ACCESS_ROW[] = {ADDRESS, MASK_BITS};
+constexpr std::size_t MAX_ACCESS_ROWS = 32;
+
+/// The fields of ITEM_PRODUCT.
+constexpr std::size_t PRODUCT_VERSION_FIELD = 2;
+constexpr int MAX_VERSION_LENGTH = 20;
+constexpr Field PRODUCT[] = {text(1, 64), text(1, 64), text(1, MAX_VERSION_LENGTH)};
+
+/// The version of a firmware, as a text alone.
+bool isVersion(const std::string& version);
+
+/// One field, which is the whole record.
+bool isFitRecord(const std::string& content, const Field& field);
+
+bool isAnything(const std::string& content);
+bool isLanguage(const std::string& content);
+bool isOwnLanguage(const std::string& content);
+bool isInterval(const std::string& content);
+bool isPort(const std::string& content);
+bool isPasswordChange(const std::string& content);
+
+bool isProduct(const std::string& content);
+bool isSystemNames(const std::string& content);
+bool isLed(const std::string& content);
+bool isAddresses(const std::string& content);
+bool isServices(const std::string& content);
+bool isTraps(const std::string& content);
+bool isAccessList(const std::string& content);
+bool isAccessRow(const std::string& content);
+bool isMail(const std::string& content);
+bool isSchedule(const std::string& content);
+bool isBoot(const std::string& content);
+
+}  // namespace ORVLib::Board

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+
+#include "common/FileDescriptor.h"
+#include "wire/Digest.h"
+
+namespace ORVLib::Board {
+
+/// The file in which a firmware image gathers. It belongs to one session, is readable for the
+/// daemon's user only, and lives no longer than the daemon.
+class FirmwareStage {
+public:
+    static constexpr std::size_t MAX_SIZE = std::size_t{96} * 1024 * 1024;
+
+    /// Removes what a daemon that was killed left at `path`.
+    explicit FirmwareStage(std::string path);
+    ~FirmwareStage() { drop(); }
+
+    FirmwareStage(const FirmwareStage&) = delete;
+    FirmwareStage& operator=(const FirmwareStage&) = delete;
+
+    /// Starts a new image in place of what there is. Throws std::system_error.
+    void begin(const std::string& sessionId);
+
+    /// Appends to the image. When that fails, or would fill the disk, drops it and throws
+    /// std::system_error. REQUIRES: isOf() somebody.
+    void append(std::string_view bytes);
+
+    /// Forgets the image.
+    void drop();
+
+    bool isEmpty() const { return m_owner.empty(); }
+    bool isOf(const std::string& sessionId) const { return !isEmpty() && m_owner == sessionId; }
+    const std::string& getOwner() const { return m_owner; }
+    std::size_t getSize() const { return m_size; }
+
+    /// The digest of the whole file.
+    std::string getDigest() const { return m_fileDigest.get(); }
+
+    /// The image's version; none unless it is an image, whole and undamaged.
+    std::optional<std::string> getVersion() const;
+
+private:
+    bool hasAnnouncedSize() const;
+    [[noreturn]] void fail(int error);
+
+    std::string m_path;
+    FileDescriptor m_file;
+    std::string m_owner;
+    std::size_t m_size = 0;
+    std::string m_header;
+    Digest m_fileDigest;
+    Digest m_payloadDigest;
+};
+
+}  // namespace ORVLib::Board

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <chrono>
+#include <string>
+
+#include "state/BoardState.h"
+
+namespace ORVLib::Board {
+
+/// The installation of a firmware. It takes as long as it would on a board, and does nothing but
+/// change the version the product has. A daemon that ends meanwhile has spoilt it.
+class Installation {
+public:
+    using Clock = std::chrono::steady_clock;
+
+    /// `state` must outlive this.
+    explicit Installation(BoardState& state) : m_state(state) {}
+
+    /// Takes note of an installation that the daemon's run before did not finish. Throws
+    /// DatabaseError, without which its progress is that of a failed one, too.
+    void noteInterruption();
+
+    bool isRunning() const { return !m_version.empty(); }
+
+    /// REQUIRES: !isRunning().
+    void start(const std::string& version, const std::string& user);
+
+    static bool isProgress(const std::string& content);
+
+    /// The content of ITEM_PROGRESS.
+    std::string readProgress();
+
+    /// When finish() is due.
+    Clock::time_point getDeadline() const;
+
+    /// Ends the installation when it is time. Throws DatabaseError, and is then due again later.
+    void finish();
+
+private:
+    BoardState& m_state;
+    std::string m_version;  ///< while it runs
+    std::string m_user;
+    Clock::time_point m_begin;
+    Clock::time_point m_end;
+};
+
+}  // namespace ORVLib::Board

@@ -1,0 +1,67 @@
+#include "item/Maintenance.h"
+
+#include "item/Call.h"
+#include "orv/GeneralPurposePacket.h"
+#include "wire/Protocol.h"
+
+namespace ORVLib::Board::Maintenance {
+
+namespace {
+
+// Bytes from the first partition's to the system's.
+constexpr std::size_t MARKS = SYSTEM - FIRST_PARTITION + 1;
+
+bool isSystemIn(const std::string& mode) {
+    return mode[SYSTEM] != '\0';
+}
+
+bool readPacket(ORVUi::GeneralPurposePacket& packet, const std::string& content) {
+    return packet.setSerialized(reinterpret_cast<const unsigned char*>(content.data()),
+                                static_cast<unsigned int>(content.size()));
+}
+
+bool isPermitted(const std::string& permission) {
+    ORVUi::GeneralPurposePacket packet;
+    readPacket(packet, permission);
+    const auto* const power =
+        dynamic_cast<const ORVUi::PrimitiveTypeWrapper<long>*>(packet.getCompInfo(0));
+    return power != nullptr && power->getValue() != 0;
+}
+
+}  // namespace
+
+bool isMode(const std::string& content) {
+    return content.size() == MAINTENANCE_MODE_SIZE;
+}
+
+bool isPermission(const std::string& content) {
+    ORVUi::GeneralPurposePacket packet;
+    return readPacket(packet, content);
+}
+
+bool isOn(const std::string& mode) {
+    return mode.substr(FIRST_PARTITION, MARKS) != std::string(MARKS, '\0');
+}
+
+bool isPartitionIn(const std::string& mode, std::uint32_t partition) {
+    return mode[FIRST_PARTITION + partition] != '\0';
+}
+
+bool allowsPower(BoardState& state) {
+    return isOn(readFit(state, ITEM_MAINTENANCE_MODE, isMode)) &&
+           isPermitted(readFit(state, ITEM_MAINTENANCE_PERMISSION, isPermission));
+}
+
+std::string describe(const std::string& mode) {
+    std::string partitions;
+    for (std::uint32_t n = 0; n < MARKS - 1; ++n) {
+        partitions += isPartitionIn(mode, n) ? ' ' + std::to_string(n) : "";
+    }
+    std::string text = isSystemIn(mode) ? "system" : "";
+    if (!partitions.empty()) {
+        text += (text.empty() ? "partitions" : ", partitions") + partitions;
+    }
+    return text.empty() ? "off" : text;
+}
+
+}  // namespace ORVLib::Board::Maintenance

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "state/BoardState.h"
+
+/// What the maintenance mode means.
+namespace ORVLib::Board::Maintenance {
+
+/// The mode: a byte a partition and one for the system, not zero while in maintenance.
+constexpr std::size_t FIRST_PARTITION = 17;
+constexpr std::size_t SYSTEM = 33;
+bool isMode(const std::string& content);
+
+/// The permission: a packet whose first component says whether technical staff may use the power.
+bool isPermission(const std::string& content);
+
+/// True while the system or some partition is in maintenance.
+bool isOn(const std::string& mode);
+bool isPartitionIn(const std::string& mode, std::uint32_t partition);
+
+/// True while technical staff may use the power: in maintenance, and permitted.
+bool allowsPower(BoardState& state);
+
+/// For the event log: "system", "partitions 0 2", both, or "off".
+std::string describe(const std::string& mode);
+
+}  // namespace ORVLib::Board::Maintenance

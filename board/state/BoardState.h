@@ -1,0 +1,101 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "state/Database.h"
+#include "state/Event.h"
+#include "wire/Telegram.h"
+
+namespace ORVLib::Board {
+
+struct User {
+    std::string name;
+    std::string passwordHash;
+    Authority authority;
+    unsigned char language = 0;
+    std::uint32_t refreshInterval = 0;  ///< seconds, 0 for none
+    std::string eventFilter;            ///< a record; empty until the user sets one
+};
+
+/// A session as it is kept for the daemon's next start.
+struct StoredSession {
+    using Time = std::chrono::system_clock::time_point;
+
+    std::string id;
+    std::string user;
+    std::string address;
+    Time loginTime;
+    Time lastUse;
+};
+
+/// Items by their IDs.
+using StoredItems = std::map<std::uint32_t, std::string>;
+
+/// Everything the board keeps: users, information items, sessions and the event log.
+///
+/// An operation that changes something and the events that tell of it are stored together, and
+/// are there after a crash once the operation has returned. Failures are DatabaseErrors.
+class BoardState {
+public:
+    /// Opens the file, or makes that of the sample board. Throws std::runtime_error, with a line
+    /// for the administrator, for a file that cannot be used; such a file is left as it is.
+    explicit BoardState(const std::string& path);
+
+    std::optional<User> findUser(const std::string& name);
+    /// All users, in the order of their names.
+    std::vector<User> readUsers();
+    /// Adds the user, or replaces what is known of the one with this name.
+    void storeUser(const User& user, const Event& event);
+    /// As storeUser(), and ends all of the user's sessions but `keptSession`.
+    void resetUser(const User& user, const std::string& keptSession, const Event& event);
+    /// Ends the user's sessions too.
+    void removeUser(const std::string& name, const Event& event);
+
+    std::optional<std::string> readItem(std::uint32_t id);
+    void writeItem(std::uint32_t id, const std::string& content, const Event& event);
+    void writeItems(const StoredItems& contents, const std::vector<Event>& events);
+
+    std::vector<StoredSession> readSessions();
+    /// Forgets the sessions that `session` takes the room of, too.
+    void addSession(const StoredSession& session, const std::vector<std::string>& ended,
+                    const Event& event);
+    void removeSession(const std::string& id, const Event& event);
+    /// Stores last uses and forgets sessions, all at once.
+    void updateSessions(const std::vector<StoredSession>& used,
+                        const std::vector<std::string>& ended);
+
+    void logEvent(const Event& event);
+    std::vector<StoredEvent> readEvents(const EventQuery& query);
+
+    /// The board's clock: seconds since 1970, UTC, ahead of the machine's clock by the offset.
+    std::int64_t getTime() const { return toBoardTime(std::chrono::system_clock::now()); }
+    /// As that clock would have shown it, from 0.
+    std::int64_t toBoardTime(StoredSession::Time time) const;
+    static std::int64_t getMachineTime();
+    std::int64_t getTimeOffset() const { return m_timeOffset; }
+    void setTimeOffset(std::int64_t seconds) { m_timeOffset = seconds; }
+
+private:
+    explicit BoardState(Database database) : m_database(std::move(database)) {}
+
+    static Database openState(const std::string& path);
+    static void makeState(const std::string& path);
+    void checkFile();
+    void checkContents();
+    void makeNew();
+    void replaceUser(const User& user);
+    void insertEvent(const Event& event, std::int64_t time);
+    void replaceItem(std::uint32_t id, const std::string& content);
+    void deleteSession(const std::string& id);
+    void deleteSessions(const std::string& user, const std::string& keptSession);
+
+    Database m_database;
+    std::int64_t m_timeOffset = 0;
+};
+
+}  // namespace ORVLib::Board

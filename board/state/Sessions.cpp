@@ -1,0 +1,163 @@
+#include "state/Sessions.h"
+
+#include <sys/random.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <system_error>
+
+#include "wire/Telegram.h"
+
+namespace ORVLib::Board {
+
+namespace {
+
+constexpr std::size_t MAX_SESSIONS_PER_USER = 64;
+
+// 64 characters, six random bits each, and none that a cookie or an address gives a meaning.
+constexpr char ID_CHARACTERS[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
+
+std::string randomId() {
+    std::array<unsigned char, Telegram::MAX_SESSION_ID_LENGTH> random{};
+    // So few bytes come whole or not at all, and only an early boot lets the call be interrupted.
+    while (::getrandom(random.data(), random.size(), 0) != static_cast<ssize_t>(random.size())) {
+        if (errno != EINTR) {
+            throw std::system_error(errno, std::generic_category(), "getrandom");
+        }
+    }
+    std::string id;
+    for (const unsigned char byte : random) {
+        id += ID_CHARACTERS[byte & 63U];
+    }
+    return id;
+}
+
+}  // namespace
+
+Sessions::Sessions(BoardState& state, std::chrono::seconds timeout)
+    : m_state(state), m_timeout(timeout) {
+    const auto now = std::chrono::system_clock::now();
+    for (const StoredSession& stored : m_state.readSessions()) {
+        const auto unused = now - stored.lastUse;
+        if (unused >= m_timeout) {
+            m_ended.push_back(stored.id);
+            continue;
+        }
+        m_sessions[stored.id] = {stored.user, stored.address, stored.loginTime,
+                                 Clock::now() - std::chrono::duration_cast<Clock::duration>(unused),
+                                 false};
+    }
+}
+
+std::string Sessions::open(const std::string& user, const std::string& address,
+                           const Event& event) {
+    std::string id = randomId();
+    const auto now = std::chrono::system_clock::now();
+    const std::vector<std::string> surplus = findSurplus(user);
+    m_state.addSession({id, user, address, now, now}, surplus, event);
+    for (const std::string& ended : surplus) {
+        m_sessions.erase(ended);
+    }
+    m_sessions[id] = {user, address, now, Clock::now(), false};
+    return id;
+}
+
+// The longest unused sessions of a user who has no room for another one.
+std::vector<std::string> Sessions::findSurplus(const std::string& user) const {
+    std::vector<std::pair<Clock::time_point, std::string>> uses;
+    for (const auto& [id, session] : m_sessions) {
+        if (session.user == user) {
+            uses.emplace_back(session.lastUse, id);
+        }
+    }
+    std::sort(uses.begin(), uses.end());
+    std::vector<std::string> surplus;
+    for (std::size_t n = 0; n + MAX_SESSIONS_PER_USER <= uses.size(); ++n) {
+        surplus.push_back(uses[n].second);
+    }
+    return surplus;
+}
+
+std::optional<std::string> Sessions::find(const std::string& id, bool renew) {
+    const auto found = m_sessions.find(id);
+    if (found == m_sessions.end() || isOver(found->second)) {
+        return std::nullopt;
+    }
+    if (renew) {
+        found->second.lastUse = Clock::now();
+        found->second.used = true;
+    }
+    return found->second.user;
+}
+
+void Sessions::close(const std::string& id, const Event& event) {
+    m_sessions.erase(id);
+    try {
+        m_state.removeSession(id, event);
+    } catch (const DatabaseError&) {
+        m_ended.push_back(id);
+        throw;
+    }
+}
+
+void Sessions::resetUser(const User& user, const std::string& keptId, const Event& event) {
+    m_state.resetUser(user, keptId, event);
+    forget(user.name, keptId);
+}
+
+void Sessions::removeUser(const std::string& name, const Event& event) {
+    m_state.removeUser(name, event);
+    forget(name, "");
+}
+
+std::vector<StoredSession> Sessions::list() const {
+    std::vector<StoredSession> sessions;
+    for (const auto& [id, session] : m_sessions) {
+        if (!isOver(session)) {
+            sessions.push_back(describe(id, session));
+        }
+    }
+    return sessions;
+}
+
+void Sessions::forget(const std::string& user, const std::string& keptId) {
+    for (auto at = m_sessions.begin(); at != m_sessions.end();) {
+        const bool ends = at->second.user == user && at->first != keptId;
+        at = ends ? m_sessions.erase(at) : std::next(at);
+    }
+}
+
+StoredSession Sessions::describe(const std::string& id, const Session& session) {
+    const auto unused =
+        std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - session.lastUse);
+    return {id, session.user, session.address, session.loginTime,
+            std::chrono::system_clock::now() - unused};
+}
+
+void Sessions::store() {
+    for (auto at = m_sessions.begin(); at != m_sessions.end();) {
+        if (isOver(at->second)) {
+            m_ended.push_back(at->first);
+            at = m_sessions.erase(at);
+        } else {
+            ++at;
+        }
+    }
+    std::vector<StoredSession> used;
+    for (const auto& [id, session] : m_sessions) {
+        if (session.used) {
+            used.push_back(describe(id, session));
+        }
+    }
+    if (used.empty() && m_ended.empty()) {
+        return;
+    }
+    m_state.updateSessions(used, m_ended);
+    m_ended.clear();
+    for (const StoredSession& session : used) {
+        m_sessions[session.id].used = false;
+    }
+}
+
+}  // namespace ORVLib::Board

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "state/BoardState.h"
+
+namespace ORVLib::Board {
+
+/// Who is logged in.
+///
+/// A session ends when it has not been used for the timeout, and the longest unused one of a user
+/// who has too many makes room for a new one. Last uses are kept in memory and stored now and
+/// then: after a crash a session may seem used that much earlier, and lasts that much less.
+class Sessions {
+public:
+    static constexpr std::chrono::seconds STORE_INTERVAL{60};
+
+    /// Takes up the sessions of the daemon's run before. `state` must outlive this.
+    Sessions(BoardState& state, std::chrono::seconds timeout);
+
+    /// Starts a session and returns its ID: 31 random characters.
+    std::string open(const std::string& user, const std::string& address, const Event& event);
+
+    /// The user of a session, which counts as used when `renew` is set; none when it is over.
+    std::optional<std::string> find(const std::string& id, bool renew);
+
+    /// The session is over even when that cannot be stored, which store() tries again then.
+    void close(const std::string& id, const Event& event);
+
+    /// Stores a user with a new password or other rights, and ends all of the user's sessions but
+    /// `keptId`: whoever knew the old password, or had the old rights, is out.
+    void resetUser(const User& user, const std::string& keptId, const Event& event);
+
+    /// Removes a user and ends the user's sessions.
+    void removeUser(const std::string& name, const Event& event);
+
+    /// The sessions that are not over.
+    std::vector<StoredSession> list() const;
+
+    /// Stores what changed since the last time.
+    void store();
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    struct Session {
+        std::string user;
+        std::string address;
+        StoredSession::Time loginTime;
+        Clock::time_point lastUse;
+        bool used = false;  ///< since it was stored
+    };
+    using Table = std::unordered_map<std::string, Session>;
+
+    bool isOver(const Session& session) const {
+        return Clock::now() - session.lastUse >= m_timeout;
+    }
+    static StoredSession describe(const std::string& id, const Session& session);
+    std::vector<std::string> findSurplus(const std::string& user) const;
+    void forget(const std::string& user, const std::string& keptId);
+
+    BoardState& m_state;
+    std::chrono::seconds m_timeout;
+    Table m_sessions;
+    std::vector<std::string> m_ended;  ///< and not yet forgotten by the state
+};
+
+}  // namespace ORVLib::Board
