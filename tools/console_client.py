@@ -31,26 +31,28 @@ class Answer:
         return plain(found.group(1)).decode("latin-1") if found else None
 
     def form(self):
-        """The fields that the page's form would send as it is."""
-        reader = FormReader()
-        reader.feed(self.body.decode("latin-1"))
-        return reader.fields
+        """What a browser would send of the page's form, nothing changed and no button pressed."""
+        return Form(self.body)
 
     def rows(self):
         """The two-column tables of the page: texts by the text in front of them."""
         return {plain(head): plain(text) for head, text in ROW.findall(self.body)}
 
 
-class FormReader(html.parser.HTMLParser):
-    def __init__(self):
+class Form(html.parser.HTMLParser):
+    """`path` is where the page's form goes to, `fields` what is in it."""
+
+    def __init__(self, page):
         super().__init__()
-        self.fields = {}
-        self._menu = None
+        self.path, self.fields, self._menu = None, {}, None
+        self.feed(page.decode("latin-1"))
 
     def handle_starttag(self, tag, attrs):
         attributes = dict(attrs)
         name, value = attributes.get("name"), attributes.get("value", "")
-        if tag == "select":
+        if tag == "form":
+            self.path = attributes["action"]
+        elif tag == "select":
             self._menu = name
         elif tag == "option" and ("selected" in attributes or self._menu not in self.fields):
             self.fields[self._menu] = value

@@ -13,7 +13,8 @@ import time
 import urllib.parse
 from pathlib import Path
 
-from board_case import LIMIT, BoardCase
+from board_case import BoardCase
+from board_client import LIMIT
 from console_client import BOUNDARY, Answer, multipart
 from site_case import SANITIZER_REPORTS
 

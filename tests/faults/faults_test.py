@@ -18,9 +18,9 @@ import time
 import unittest
 from pathlib import Path
 
-from board_case import (
-    BOARD_FAILURE, CHECK_SESSION, ERROR, LOGIN, PRODUCT, SOME_ITEM, STAGE, SYSTEM_NAMES, WRITE,
-    BoardError, message, number, telegram)
+from board_client import (
+    BOARD_FAILURE, CHECK_SESSION, ERROR, LOGIN, PRODUCT, SOME_ITEM, STAGE, SYSTEM_NAMES,
+    WRITE, BoardError, message, number, telegram)
 from console_client import BOUNDARY, multipart
 from console_site import ConsoleSite
 from fault_case import (

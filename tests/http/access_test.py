@@ -104,7 +104,7 @@ class Access(SiteCase):
 
     def assertOnlyItsFormChanges(self, form, sent):
         owner, path = self.clients[form.user], form.path.partition("?")[0]
-        fields = {**owner.get(form.path).form(), **sent, "page_state": "4"}
+        fields = {**owner.get(form.path).form().fields, **sent, "page_state": "4"}
         before = self.state()
         for client, wrong, headers in self.attempts(form, fields):
             self.assertEqual(client.post(path, wrong, headers).status, 403 if headers else 200)

@@ -16,7 +16,7 @@ import time
 import unittest
 from pathlib import Path
 
-from board_case import USER_ADD, record
+from board_client import USER_ADD, record
 from console_client import ConsoleClient
 from console_site import ConsoleSite
 from fault_case import BUILD, SANITIZED, take_small_disk, uploads

@@ -4,7 +4,6 @@ What can still be reached when a program ends may stay.
 """
 
 import concurrent.futures
-import html.parser
 import os
 import pathlib
 import re
@@ -14,7 +13,7 @@ import tempfile
 import unittest
 
 from console_check import FAULTS
-from console_client import ConsoleClient
+from console_client import ConsoleClient, Form
 from console_site import PROJECT, ConsoleSite
 from settings_pages import PAGES
 
@@ -42,28 +41,6 @@ FLOWS = (
     ("admin", POWER, ({}, WRONG), ({"operation": "reset"}, ASKED), ({}, DONE)),
     ("part", PARTITION_POWER + "?partition=0", ({"operation": "off"}, ASKED), ({}, DONE)),
 )
-
-
-class Form(html.parser.HTMLParser):
-    """What a browser would send of a page's form, nothing changed and no button pressed."""
-
-    def __init__(self, page):
-        super().__init__()
-        self.path, self.fields, self._select = None, {}, None
-        self.feed(page.decode("latin-1"))
-
-    def handle_starttag(self, tag, attrs):
-        tag_has = dict(attrs)
-        kind, value = tag_has.get("type"), tag_has.get("value", "")
-        if tag == "form":
-            self.path = tag_has["action"]
-        elif tag == "select":
-            self._select = tag_has["name"]
-        elif tag == "option" and (self._select not in self.fields or "selected" in tag_has):
-            self.fields[self._select] = value
-        elif tag == "input" and "name" in tag_has and (
-                kind in ("text", "password", "hidden") or "checked" in tag_has):
-            self.fields[tag_has["name"]] = value
 
 
 class Walk(unittest.TestCase):

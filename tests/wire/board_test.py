@@ -9,12 +9,12 @@ import struct
 import time
 import unittest
 
-from board_case import (
+from board_case import BoardCase
+from board_client import (
     BAD_REQUEST, BOARD_FAILURE, BROKEN, BUSY, CHECK_SESSION, ERROR, EXCHANGE, GET_LANGUAGE,
     GET_USER_INFO, HTTPS_PORT, LOGIN, LOGOUT, MAINTENANCE_MODE, NOT_AUTHORISED, NO_ITEM,
     NO_SESSION, OWN_LANGUAGE, OWN_PASSWORD, OWN_REFRESH_INTERVAL, PERMISSION, REFUSED,
-    SOME_ITEM, USER_EDIT, WRITE, BoardCase, BoardError, login_record, message, number, record,
-    telegram)
+    SOME_ITEM, USER_EDIT, WRITE, BoardError, login_record, message, number, record, telegram)
 
 
 class BoardTest(BoardCase):

@@ -8,9 +8,10 @@ import time
 import unittest
 from pathlib import Path
 
-from board_case import (
-    BAD_REQUEST, BOARD_FAILURE, BUSY, DAMAGED, DROP, LOGOUT, NO_ITEM, PRODUCT, PROGRESS, STAGE, STAGED,
-    START, WRITE, BoardCase, BoardError, number, record)
+from board_case import BoardCase
+from board_client import (
+    BAD_REQUEST, BOARD_FAILURE, BUSY, DAMAGED, DROP, LOGOUT, NO_ITEM, PRODUCT, PROGRESS,
+    STAGE, STAGED, START, WRITE, BoardError, number, record)
 
 
 def image(payload, version=b"2.0.0"):
