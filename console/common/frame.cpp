@@ -2,12 +2,12 @@
 
 #include "gui/ORVGUIUtil.h"
 #include "gui/OutlineFramePage.h"
-#include "shared/Board.h"
-#include "shared/Form.h"
-#include "shared/Functions.h"
-#include "shared/OuterPage.h"
-#include "shared/PageMain.h"
-#include "shared/Program.h"
+#include "shared/access/Functions.h"
+#include "shared/backend/Board.h"
+#include "shared/component/OuterPage.h"
+#include "shared/input/Form.h"
+#include "shared/page/PageMain.h"
+#include "shared/page/Program.h"
 
 using namespace ORVLib::Gui;
 

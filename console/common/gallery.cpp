@@ -4,6 +4,7 @@
 #include <iostream>
 #include <vector>
 
+#include "catalogue/Texts.h"
 #include "gui/Button.h"
 #include "gui/CheckBox.h"
 #include "gui/DateField.h"
@@ -24,11 +25,10 @@
 #include "gui/SubmitButton.h"
 #include "gui/TextString.h"
 #include "gui/TimeField.h"
-#include "shared/Form.h"
-#include "shared/PageMain.h"
-#include "shared/Program.h"
-#include "shared/SkeletonPart.h"
-#include "shared/Texts.h"
+#include "shared/component/SkeletonPart.h"
+#include "shared/input/Form.h"
+#include "shared/page/PageMain.h"
+#include "shared/page/Program.h"
 
 using namespace ORVLib::Gui;
 

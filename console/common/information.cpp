@@ -1,12 +1,12 @@
 // The information strip: where in the menu the user is, who he is, and the way out.
 
 #include "gui/CGIRequester.h"
-#include "shared/Board.h"
-#include "shared/Components.h"
-#include "shared/Form.h"
-#include "shared/PageMain.h"
-#include "shared/Program.h"
-#include "shared/SkeletonPart.h"
+#include "shared/backend/Board.h"
+#include "shared/component/Components.h"
+#include "shared/component/SkeletonPart.h"
+#include "shared/input/Form.h"
+#include "shared/page/PageMain.h"
+#include "shared/page/Program.h"
 
 using namespace ORVLib::Gui;
 

@@ -2,20 +2,20 @@
 
 #include <cstdlib>
 
+#include "catalogue/Texts.h"
 #include "gui/CGIRequester.h"
 #include "gui/MetaTag.h"
 #include "gui/PasswordField.h"
 #include "gui/SubmitButton.h"
 #include "gui/TextField.h"
 #include "gui/TextString.h"
-#include "shared/Board.h"
-#include "shared/Form.h"
-#include "shared/Functions.h"
-#include "shared/OuterPage.h"
-#include "shared/PageMain.h"
-#include "shared/Program.h"
-#include "shared/SkeletonPart.h"
-#include "shared/Texts.h"
+#include "shared/access/Functions.h"
+#include "shared/backend/Board.h"
+#include "shared/component/OuterPage.h"
+#include "shared/component/SkeletonPart.h"
+#include "shared/input/Form.h"
+#include "shared/page/PageMain.h"
+#include "shared/page/Program.h"
 
 using namespace ORVLib::Gui;
 

@@ -1,16 +1,16 @@
 // Ends the session: asks first, then tells the board and lets the browser forget its cookie.
 
+#include "catalogue/Texts.h"
 #include "gui/BackendNumbers.h"
 #include "gui/CGIRequester.h"
 #include "gui/SubmitButton.h"
-#include "shared/Board.h"
-#include "shared/Components.h"
-#include "shared/OuterPage.h"
-#include "shared/PageMain.h"
-#include "shared/PageStep.h"
-#include "shared/Program.h"
-#include "shared/SkeletonPart.h"
-#include "shared/Texts.h"
+#include "shared/backend/Board.h"
+#include "shared/component/Components.h"
+#include "shared/component/OuterPage.h"
+#include "shared/component/SkeletonPart.h"
+#include "shared/page/PageMain.h"
+#include "shared/page/PageStep.h"
+#include "shared/page/Program.h"
 
 using namespace ORVLib::Gui;
 

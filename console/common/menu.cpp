@@ -5,11 +5,11 @@
 
 #include "gui/MenuData.h"
 #include "gui/ORVGUIUtil.h"
-#include "shared/Components.h"
-#include "shared/Form.h"
-#include "shared/PageMain.h"
-#include "shared/Program.h"
-#include "shared/Rights.h"
+#include "shared/access/Rights.h"
+#include "shared/component/Components.h"
+#include "shared/input/Form.h"
+#include "shared/page/PageMain.h"
+#include "shared/page/Program.h"
 
 using namespace ORVLib::Gui;
 

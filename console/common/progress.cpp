@@ -5,14 +5,14 @@
 
 #include "gui/MetaTag.h"
 #include "gui/ORVGUIUtil.h"
-#include "shared/Board.h"
-#include "shared/Components.h"
-#include "shared/ConsoleMain.h"
-#include "shared/Digits.h"
-#include "shared/Program.h"
-#include "shared/Rights.h"
-#include "shared/SkeletonPart.h"
-#include "shared/Words.h"
+#include "shared/access/Rights.h"
+#include "shared/backend/Board.h"
+#include "shared/backend/Digits.h"
+#include "shared/component/Components.h"
+#include "shared/component/SkeletonPart.h"
+#include "shared/component/Words.h"
+#include "shared/page/ConsoleMain.h"
+#include "shared/page/Program.h"
 
 using namespace ORVLib::Gui;
 

@@ -4,17 +4,17 @@
 #include <iostream>
 #include <vector>
 
+#include "catalogue/Texts.h"
 #include "gui/HiddenField.h"
 #include "gui/HyperLink.h"
 #include "gui/MessageMgr.h"
 #include "gui/ResetButton.h"
 #include "gui/SubmitButton.h"
 #include "gui/TextString.h"
-#include "shared/Digest.h"
-#include "shared/PageMain.h"
-#include "shared/Program.h"
-#include "shared/SkeletonPart.h"
-#include "shared/Texts.h"
+#include "shared/backend/Digest.h"
+#include "shared/component/SkeletonPart.h"
+#include "shared/page/PageMain.h"
+#include "shared/page/Program.h"
 
 using namespace ORVLib::Gui;
 

@@ -1,10 +1,10 @@
 // Says that the session has ended. Needs none, and no daemon either.
 
+#include "catalogue/Texts.h"
 #include "gui/CGIRequester.h"
-#include "shared/PageMain.h"
-#include "shared/Program.h"
-#include "shared/SkeletonPart.h"
-#include "shared/Texts.h"
+#include "shared/component/SkeletonPart.h"
+#include "shared/page/PageMain.h"
+#include "shared/page/Program.h"
 
 using namespace ORVLib::Gui;
 

@@ -8,11 +8,11 @@
 #include "gui/MaintenanceMode.h"
 #include "orv/GeneralPurposePacket.h"
 #include "orv/PException.h"
-#include "shared/Board.h"
-#include "shared/Components.h"
-#include "shared/ConsoleMain.h"
-#include "shared/Program.h"
-#include "shared/SettingsPage.h"
+#include "shared/backend/Board.h"
+#include "shared/page/ConsoleMain.h"
+#include "shared/page/Partitions.h"
+#include "shared/page/Program.h"
+#include "shared/page/SettingsPage.h"
 
 using namespace ORVLib::Gui;
 using ORVLib::ORVUi::GeneralPurposePacket;

@@ -7,11 +7,11 @@
 
 #include "gui/MessageMgr.h"
 #include "gui/ORVGUIUtil.h"
-#include "shared/Board.h"
-#include "shared/ConsoleMain.h"
-#include "shared/Digest.h"
-#include "shared/Program.h"
-#include "shared/UploadPage.h"
+#include "shared/backend/Board.h"
+#include "shared/backend/Digest.h"
+#include "shared/page/ConsoleMain.h"
+#include "shared/page/Program.h"
+#include "shared/page/UploadPage.h"
 
 using namespace ORVLib::Gui;
 
@@ -68,9 +68,10 @@ public:
     static constexpr Console::Function FUNCTION = Console::FUNCTION_BACKUP;
 
     explicit BackupPage(const Console::PageContext& context)
-        : UploadPage(context, FUNCTION, Console::TEXT_BACKUP_PURPOSE) {
-        setLabels(Console::TEXT_BACKUP_FILE, Console::TEXT_RESTORE, Console::TEXT_CONFIRM_RESTORE);
-        setCompletion(SETTINGS_RESTORED, ORVGUIUtil::getCGIPath(FUNCTION));
+        : UploadPage(context, FUNCTION, Console::TEXT_BACKUP_PURPOSE, Console::TEXT_BACKUP_FILE,
+                     Console::TEXT_CONFIRM_RESTORE) {
+        setApplyLabel(Console::TEXT_RESTORE);
+        setCompletion(SETTINGS_RESTORED);
     }
 
 protected:
@@ -89,9 +90,9 @@ protected:
             return;
         }
         const std::string digest = Console::digestOf(content);
-        describe(Console::TEXT_FILE_NAME, getContext().form.getUploadedFileName());
-        describe(Console::TEXT_SIZE, size);
-        describe(Console::TEXT_SHA256, digest);
+        addShown(Console::TEXT_FILE_NAME, getContext().form.getUploadedFileName());
+        addShown(Console::TEXT_SIZE, size);
+        addShown(Console::TEXT_SHA256, digest);
         carry(CONTENT_FIELD, content);
         carry(DIGEST_FIELD, digest);
     }

@@ -5,11 +5,11 @@
 #include "gui/MetaTag.h"
 #include "gui/ORVGUIUtil.h"
 #include "maintenance/FirmwareImage.h"
-#include "shared/Board.h"
-#include "shared/ConsoleMain.h"
-#include "shared/Digest.h"
-#include "shared/Program.h"
-#include "shared/UploadPage.h"
+#include "shared/backend/Board.h"
+#include "shared/backend/Digest.h"
+#include "shared/page/ConsoleMain.h"
+#include "shared/page/Program.h"
+#include "shared/page/UploadPage.h"
 
 using namespace ORVLib::Gui;
 
@@ -65,10 +65,11 @@ public:
     static constexpr Console::Function FUNCTION = Console::FUNCTION_FIRMWARE;
 
     explicit FirmwarePage(const Console::PageContext& context)
-        : UploadPage(context, FUNCTION, Console::TEXT_FIRMWARE_PURPOSE) {
-        setLabels(Console::TEXT_FIRMWARE_IMAGE, Console::TEXT_INSTALL,
-                  Console::TEXT_CONFIRM_INSTALL);
-        setCompletion(INSTALLATION_BEGUN, ORVGUIUtil::getCGIPath(Console::FUNCTION_PROGRESS));
+        : UploadPage(context, FUNCTION, Console::TEXT_FIRMWARE_PURPOSE,
+                     Console::TEXT_FIRMWARE_IMAGE, Console::TEXT_CONFIRM_INSTALL) {
+        setApplyLabel(Console::TEXT_INSTALL);
+        setCompletion(INSTALLATION_BEGUN);
+        setReturnPath(ORVGUIUtil::getCGIPath(Console::FUNCTION_PROGRESS));
     }
 
 protected:
@@ -195,10 +196,10 @@ private:
             refuse(Console::TEXT_STAGING_REFUSED);
             return;
         }
-        describe(Console::TEXT_FILE_NAME, getContext().form.getUploadedFileName());
-        describe(Console::TEXT_VERSION, reader.next());
-        describe(Console::TEXT_SIZE, sizeText(arrivedSize()));
-        describe(Console::TEXT_SHA256, digest);
+        addShown(Console::TEXT_FILE_NAME, getContext().form.getUploadedFileName());
+        addShown(Console::TEXT_VERSION, reader.next());
+        addShown(Console::TEXT_SIZE, sizeText(arrivedSize()));
+        addShown(Console::TEXT_SHA256, digest);
         carry(DIGEST_FIELD, digest);
     }
 };

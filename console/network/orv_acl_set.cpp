@@ -1,13 +1,13 @@
 // The access control list: shown, with a way to add a row and to remove each.
 
 #include "gui/ORVGUIUtil.h"
-#include "shared/Board.h"
-#include "shared/Components.h"
-#include "shared/ConsoleMain.h"
-#include "shared/Form.h"
-#include "shared/Program.h"
-#include "shared/SettingsPage.h"
-#include "shared/SkeletonPart.h"
+#include "shared/backend/Board.h"
+#include "shared/component/Components.h"
+#include "shared/component/SkeletonPart.h"
+#include "shared/input/Form.h"
+#include "shared/page/ConsoleMain.h"
+#include "shared/page/Program.h"
+#include "shared/page/SettingsPage.h"
 
 using namespace ORVLib::Gui;
 
@@ -174,20 +174,12 @@ protected:
     Console::Component makeBody(const Console::PageContext& context) override {
         switch (getFunction()) {
             case Console::FUNCTION_ADD_ACCESS:
-                return makePage<AddPage>(context);
+                return Console::makePage<AddPage>(context);
             case Console::FUNCTION_REMOVE_ACCESS:
-                return makePage<RemovePage>(context);
+                return Console::makePage<RemovePage>(context);
             default:
                 return makeList(context);
         }
-    }
-
-private:
-    template <typename Page>
-    static Console::Component makePage(const Console::PageContext& context) {
-        auto page = std::make_unique<Page>(context);
-        page->makePage();
-        return page;
     }
 };
 

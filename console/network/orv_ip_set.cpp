@@ -1,11 +1,11 @@
 // How the board is reached in the network.
 
 #include "gui/TextField.h"
-#include "shared/ConsoleMain.h"
-#include "shared/Form.h"
-#include "shared/HostRules.h"
-#include "shared/Program.h"
-#include "shared/RecordPage.h"
+#include "shared/input/Form.h"
+#include "shared/input/HostRules.h"
+#include "shared/page/ConsoleMain.h"
+#include "shared/page/Program.h"
+#include "shared/page/RecordPage.h"
 
 using ORVLib::Gui::TextField;
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "shared/ConsoleMain.h"
-#include "shared/Program.h"
-#include "shared/RecordPage.h"
+#include "shared/page/ConsoleMain.h"
+#include "shared/page/Program.h"
+#include "shared/page/RecordPage.h"
 
 namespace {
 

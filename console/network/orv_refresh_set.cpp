@@ -1,9 +1,9 @@
 // How often status pages reload themselves, for the user who asks.
 
-#include "shared/Board.h"
-#include "shared/ConsoleMain.h"
-#include "shared/Program.h"
-#include "shared/SettingsPage.h"
+#include "shared/backend/Board.h"
+#include "shared/page/ConsoleMain.h"
+#include "shared/page/Program.h"
+#include "shared/page/SettingsPage.h"
 
 namespace {
 

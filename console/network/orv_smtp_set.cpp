@@ -4,11 +4,11 @@
 
 #include "gui/EmailAddressField.h"
 #include "gui/InetAddressField.h"
-#include "shared/ConsoleMain.h"
-#include "shared/Form.h"
-#include "shared/HostRules.h"
-#include "shared/Program.h"
-#include "shared/RecordPage.h"
+#include "shared/input/Form.h"
+#include "shared/input/HostRules.h"
+#include "shared/page/ConsoleMain.h"
+#include "shared/page/Program.h"
+#include "shared/page/RecordPage.h"
 
 using namespace ORVLib::Gui;
 

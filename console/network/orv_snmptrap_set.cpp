@@ -1,10 +1,10 @@
 // Where the board sends traps.
 
 #include "gui/TextField.h"
-#include "shared/ConsoleMain.h"
-#include "shared/Form.h"
-#include "shared/Program.h"
-#include "shared/RecordPage.h"
+#include "shared/input/Form.h"
+#include "shared/page/ConsoleMain.h"
+#include "shared/page/Program.h"
+#include "shared/page/RecordPage.h"
 
 using ORVLib::Gui::TextField;
 

@@ -1,8 +1,8 @@
 // The board's clock: set by hand, or by time servers.
 
-#include "shared/ConsoleMain.h"
-#include "shared/Program.h"
-#include "shared/RecordPage.h"
+#include "shared/page/ConsoleMain.h"
+#include "shared/page/Program.h"
+#include "shared/page/RecordPage.h"
 
 namespace {
 

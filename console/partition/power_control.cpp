@@ -1,9 +1,9 @@
 // Switches the power of one partition.
 
-#include "shared/ConsoleMain.h"
-#include "shared/PartitionMain.h"
-#include "shared/PowerPage.h"
-#include "shared/Program.h"
+#include "shared/page/ConsoleMain.h"
+#include "shared/page/PartitionMain.h"
+#include "shared/page/PowerPage.h"
+#include "shared/page/Program.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 // When a partition is switched on and off by itself.
 
-#include "shared/ConsoleMain.h"
-#include "shared/PartitionMain.h"
-#include "shared/Program.h"
-#include "shared/RecordPage.h"
+#include "shared/page/ConsoleMain.h"
+#include "shared/page/PartitionMain.h"
+#include "shared/page/Program.h"
+#include "shared/page/RecordPage.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // The LED that shows which server in a room is meant.
 
-#include "shared/ConsoleMain.h"
-#include "shared/Program.h"
-#include "shared/RecordPage.h"
+#include "shared/page/ConsoleMain.h"
+#include "shared/page/Program.h"
+#include "shared/page/RecordPage.h"
 
 namespace {
 

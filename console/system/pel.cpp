@@ -1,12 +1,12 @@
 // What happened on the server: the events that the user's own filter lets through.
 
+#include "EventList.h"
 #include "gui/ORVGUIUtil.h"
-#include "shared/Board.h"
-#include "shared/ConsoleMain.h"
-#include "shared/EventList.h"
-#include "shared/Program.h"
-#include "shared/SkeletonPart.h"
-#include "shared/Words.h"
+#include "shared/backend/Board.h"
+#include "shared/component/SkeletonPart.h"
+#include "shared/component/Words.h"
+#include "shared/page/ConsoleMain.h"
+#include "shared/page/Program.h"
 
 using namespace ORVLib::Gui;
 

@@ -1,8 +1,8 @@
 // Switches the power of all partitions.
 
-#include "shared/ConsoleMain.h"
-#include "shared/PowerPage.h"
-#include "shared/Program.h"
+#include "shared/page/ConsoleMain.h"
+#include "shared/page/PowerPage.h"
+#include "shared/page/Program.h"
 
 namespace {
 

@@ -1,14 +1,14 @@
 // Looks for events. Nothing is stored: the whole question stands in the page's address.
 
+#include "EventList.h"
 #include "gui/ORVGUIUtil.h"
 #include "gui/SubmitButton.h"
-#include "shared/BoxesInput.h"
-#include "shared/Components.h"
-#include "shared/ConsoleMain.h"
-#include "shared/EventList.h"
-#include "shared/InputList.h"
-#include "shared/Program.h"
-#include "shared/SkeletonPart.h"
+#include "shared/component/Components.h"
+#include "shared/component/SkeletonPart.h"
+#include "shared/input/DateInput.h"
+#include "shared/input/InputList.h"
+#include "shared/page/ConsoleMain.h"
+#include "shared/page/Program.h"
 
 using namespace ORVLib::Gui;
 

@@ -1,8 +1,8 @@
 // What the server is, and the names its owner gives it.
 
-#include "shared/ConsoleMain.h"
-#include "shared/Program.h"
-#include "shared/RecordPage.h"
+#include "shared/page/ConsoleMain.h"
+#include "shared/page/Program.h"
+#include "shared/page/RecordPage.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 // The state of every unit of the server.
 
 #include "gui/Image.h"
-#include "shared/Board.h"
-#include "shared/Components.h"
-#include "shared/ConsoleMain.h"
-#include "shared/Program.h"
-#include "shared/SkeletonPart.h"
-#include "shared/Words.h"
+#include "shared/backend/Board.h"
+#include "shared/component/Components.h"
+#include "shared/component/SkeletonPart.h"
+#include "shared/component/Words.h"
+#include "shared/page/ConsoleMain.h"
+#include "shared/page/Program.h"
 
 using namespace ORVLib::Gui;
 

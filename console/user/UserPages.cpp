@@ -1,10 +1,10 @@
 #include "UserPages.h"
 
+#include "PasswordRule.h"
 #include "gui/ORVGUIUtil.h"
-#include "shared/Board.h"
-#include "shared/Form.h"
-#include "shared/PasswordRule.h"
-#include "shared/Words.h"
+#include "shared/backend/Board.h"
+#include "shared/component/Words.h"
+#include "shared/input/Form.h"
 
 using namespace ORVLib::Gui;
 
@@ -38,7 +38,7 @@ std::unique_ptr<Console::TextInput> makeNameInput() {
 
 std::unique_ptr<Console::MenuInput> makeRoleInput(MessageMgr& messages) {
     auto input = std::make_unique<Console::MenuInput>("role");
-    addOptions(*input, messages, Console::roles());
+    input->addOptions(messages, Console::roles());
     return input;
 }
 

@@ -1,6 +1,6 @@
 #include "Users.h"
 
-#include "shared/Board.h"
+#include "shared/backend/Board.h"
 
 using namespace ORVLib::Gui;
 

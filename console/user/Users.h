@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "gui/CGIRequester.h"
-#include "shared/ChecksInput.h"
+#include "shared/input/ChecksInput.h"
 
 /// The users of the console, as the board keeps them.
 namespace Users {

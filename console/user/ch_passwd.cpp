@@ -2,11 +2,11 @@
 
 #include <string>
 
-#include "shared/Board.h"
-#include "shared/ConsoleMain.h"
-#include "shared/PasswordRule.h"
-#include "shared/Program.h"
-#include "shared/SettingsPage.h"
+#include "PasswordRule.h"
+#include "shared/backend/Board.h"
+#include "shared/page/ConsoleMain.h"
+#include "shared/page/Program.h"
+#include "shared/page/SettingsPage.h"
 
 namespace {
 

@@ -4,13 +4,13 @@
 
 #include "UserPages.h"
 #include "gui/ORVGUIUtil.h"
-#include "shared/Components.h"
-#include "shared/ConsoleMain.h"
-#include "shared/Form.h"
-#include "shared/OuterPage.h"
-#include "shared/Program.h"
-#include "shared/SkeletonPart.h"
-#include "shared/Words.h"
+#include "shared/component/Components.h"
+#include "shared/component/OuterPage.h"
+#include "shared/component/SkeletonPart.h"
+#include "shared/component/Words.h"
+#include "shared/input/Form.h"
+#include "shared/page/ConsoleMain.h"
+#include "shared/page/Program.h"
 
 using namespace ORVLib::Gui;
 
@@ -27,13 +27,6 @@ Console::Function functionOf(const std::string& action) {
                : Console::FUNCTION_USERS;
 }
 
-template <typename Page, typename... Arguments>
-std::unique_ptr<HTMLComponent> makePage(Arguments&&... arguments) {
-    auto page = std::make_unique<Page>(std::forward<Arguments>(arguments)...);
-    page->makePage();
-    return page;
-}
-
 class UsersMain : public Console::ConsoleMain {
 public:
     explicit UsersMain(FormInfo& form) : ConsoleMain(form, Console::FUNCTION_USERS) {}
@@ -48,7 +41,7 @@ protected:
 
     std::unique_ptr<HTMLComponent> makeBody(const Console::PageContext& context) override {
         if (getFunction() == Console::FUNCTION_ADD_USER) {
-            return makePage<Users::AddUserPage>(context);
+            return Console::makePage<Users::AddUserPage>(context);
         }
         const std::vector<Users::User> users = Users::readUsers(context.requester);
         if (getFunction() == Console::FUNCTION_USERS) {
@@ -62,9 +55,9 @@ protected:
             return makeList(users, text(Console::TEXT_NO_SUCH_USER));
         }
         if (getAction() == Users::ACTION_REMOVE) {
-            return makePage<Users::RemoveUserPage>(context, *user);
+            return Console::makePage<Users::RemoveUserPage>(context, *user);
         }
-        return makePage<Users::EditUserPage>(context, *user);
+        return Console::makePage<Users::EditUserPage>(context, *user);
     }
 
 private:

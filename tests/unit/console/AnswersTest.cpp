@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "orv/PException.h"
-#include "shared/Digits.h"
-#include "shared/Record.h"
-#include "shared/UtcTime.h"
+#include "shared/backend/Digits.h"
+#include "shared/backend/Record.h"
+#include "shared/backend/UtcTime.h"
 
 namespace Console {
 

@@ -1,0 +1,25 @@
+#include "shared/access/FormToken.h"
+
+#include <nettle/memops.h>
+
+#include "shared/backend/Digest.h"
+
+namespace Console {
+
+namespace {
+
+constexpr char PURPOSE[] = "form token of session ";
+constexpr std::size_t TOKEN_DIGITS = 32;  // 128 bits
+
+}  // namespace
+
+std::string formToken(const std::string& sessionId) {
+    return digestOf(PURPOSE + sessionId).substr(0, TOKEN_DIGITS);
+}
+
+bool isFormToken(const std::string& text, const std::string& sessionId) {
+    const std::string token = formToken(sessionId);
+    return text.size() == token.size() && memeql_sec(text.data(), token.data(), token.size()) != 0;
+}
+
+}  // namespace Console

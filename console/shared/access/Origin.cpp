@@ -1,0 +1,37 @@
+#include "shared/access/Origin.h"
+
+#include <cstdlib>
+#include <string>
+
+namespace Console {
+
+namespace {
+
+/// A variable of the request; empty without it.
+std::string variable(const char* name) {
+    const char* const value = std::getenv(name);
+    return value != nullptr ? value : "";
+}
+
+/// The host and port of an origin; "null", which a browser sends to hide one, has none.
+std::string hostOf(const std::string& origin) {
+    constexpr char SEPARATOR[] = "://";
+    const std::size_t end = origin.find(SEPARATOR);
+    return end == std::string::npos ? "" : origin.substr(end + sizeof SEPARATOR - 1);
+}
+
+}  // namespace
+
+bool isForeignPost() {
+    if (variable("REQUEST_METHOD") != "POST") {
+        return false;
+    }
+    // Another port of this host is the same site, but another origin.
+    const std::string site = variable("HTTP_SEC_FETCH_SITE");
+    const bool isFromOtherSite = !site.empty() && site != "same-origin" && site != "none";
+    const std::string origin = variable("HTTP_ORIGIN");
+    const bool isFromOtherHost = !origin.empty() && hostOf(origin) != variable("HTTP_HOST");
+    return isFromOtherSite || isFromOtherHost;
+}
+
+}  // namespace Console

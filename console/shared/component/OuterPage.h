@@ -1,0 +1,32 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "gui/HTMLPage.h"
+
+/// What every page of the console looks like from outside.
+namespace Console {
+
+/// Puts a text under a marker; printing escapes it.
+void putText(ORVLib::Gui::ComponentMap& map, const std::string& marker, const std::string& text);
+
+/// As putText(), for sentences: blanks stay as they are, so that lines can wrap.
+void putSentence(ORVLib::Gui::ComponentMap& map, const std::string& marker,
+                 const std::string& text);
+
+/// Gives a page its title and the console's style sheet.
+void dressPage(ORVLib::Gui::HTMLPage& page, const std::string& title);
+
+/// Lets the browser carry a session for the whole console, out of reach of scripts and of other
+/// sites; one that came over HTTPS never goes over HTTP. REQUIRES: `sessionId` comes from the
+/// board.
+void putSessionCookie(ORVLib::Gui::HTMLPage& page, const std::string& sessionId);
+
+/// Lets the browser forget its session.
+void putExpiredCookie(ORVLib::Gui::HTMLPage& page);
+
+/// Path of a skeleton of the console's own.
+std::string skeletonPath(const std::string& name);
+
+}  // namespace Console
