@@ -1,12 +1,11 @@
-#include "mkcatalogueForms.h"
+#include "TextForm.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 #include <iomanip>
 #include <sstream>
 
-#include "common/ByteOrder.h"
+#include "Limits.h"
+#include "Utf8.h"
 
 namespace ORVLib::Catalogue {
 
@@ -15,48 +14,12 @@ namespace {
 constexpr char HEX_DIGITS[] = "0123456789abcdef";
 constexpr std::string_view BLANKS = " \t";
 
-// No set whose characters stand for themselves, without shift sequences, needs more.
-constexpr std::size_t LONGEST_CHARACTER = 4;
-
-constexpr std::size_t NUMBER_SIZE = 4;
-
 bool isBlank(char character) {
     return BLANKS.find(character) != std::string_view::npos;
 }
 
 bool isDigit(char character) {
     return character >= '0' && character <= '9';
-}
-
-std::size_t utf8LengthFromLead(unsigned int lead) {
-    if (lead < 0x80) {
-        return 1;
-    }
-    if (lead < 0xc0 || lead >= 0xf8) {
-        return 0;
-    }
-    return lead < 0xe0 ? 2 : lead < 0xf0 ? 3 : 4;
-}
-
-// Bytes of the well-formed UTF-8 character that `text` begins with, and its code point; 0 when
-// it is overlong, cut off, a surrogate or beyond U+10FFFF.
-std::size_t utf8Length(std::string_view text, std::uint32_t& codePoint) {
-    const unsigned int lead = text.empty() ? 0xffU : static_cast<unsigned char>(text[0]);
-    const std::size_t length = utf8LengthFromLead(lead);
-    if (length == 0 || length > text.size()) {
-        return 0;
-    }
-    codePoint = length == 1 ? lead : lead & (0xffU >> (length + 1));
-    for (const char next : text.substr(1, length - 1)) {
-        const unsigned int byte = static_cast<unsigned char>(next);
-        if ((byte & 0xc0U) != 0x80) {
-            return 0;
-        }
-        codePoint = codePoint << 6 | (byte & 0x3fU);
-    }
-    constexpr std::uint32_t LOWEST[] = {0, 0, 0x80, 0x800, 0x10000};
-    const bool surrogate = codePoint >= 0xd800 && codePoint <= 0xdfff;
-    return codePoint < LOWEST[length] || codePoint > 0x10ffff || surrogate ? 0 : length;
 }
 
 // What makes a line no text at all, comment or not; empty when it is well-formed.
@@ -78,14 +41,6 @@ std::string codePointName(std::uint32_t codePoint) {
     std::ostringstream name;
     name << "U+" << std::hex << std::uppercase << std::setfill('0') << std::setw(4) << codePoint;
     return name.str();
-}
-
-// An empty name would mean the locale's set, and a slash begins options such as //TRANSLIT.
-const std::string& plainName(const std::string& name) {
-    if (name.empty() || name.find('/') != std::string::npos) {
-        throw Failure("unknown character set '" + name + "'; give its name alone");
-    }
-    return name;
 }
 
 int hexValue(char digit) {
@@ -150,71 +105,7 @@ std::string escaped(const std::string& character, std::string_view bytes) {
     return character.empty() || isControl(character) ? hexEscaped(bytes) : character;
 }
 
-void append32(std::string& bytes, std::uint32_t number) {
-    unsigned char buffer[NUMBER_SIZE];
-    Bytes::write32(buffer, number);
-    bytes.append(buffer, buffer + NUMBER_SIZE);
-}
-
-std::uint32_t read32(std::string_view bytes, std::size_t at) {
-    return Bytes::read32(reinterpret_cast<const unsigned char*>(bytes.data() + at));
-}
-
 }  // namespace
-
-Converter::Converter(const std::string& to, const std::string& from, const std::string& set)
-    : m_handle(iconv_open(to.c_str(), from.c_str())) {
-    if (reinterpret_cast<std::intptr_t>(m_handle) != -1) {
-        return;
-    }
-    if (errno == EINVAL) {
-        throw Failure("unknown character set '" + set + "'; 'iconv --list' shows those known here");
-    }
-    throw Failure("character set '" + set + "': " + std::strerror(errno));
-}
-
-std::string Converter::convert(std::string character) const {
-    constexpr auto FAILED = static_cast<std::size_t>(-1);
-    char result[64];
-    char* in = character.data();
-    std::size_t inLeft = character.size();
-    char* out = result;
-    std::size_t outLeft = sizeof result;
-    iconv(m_handle, nullptr, nullptr, nullptr, nullptr);
-    if (iconv(m_handle, &in, &inLeft, &out, &outLeft) == FAILED ||
-        iconv(m_handle, nullptr, nullptr, &out, &outLeft) == FAILED) {
-        return "";
-    }
-    return std::string(result, out);
-}
-
-CharacterSet::CharacterSet(const std::string& name)
-    : m_name(plainName(name)), m_fromUtf8(name, "UTF-8", name), m_toUtf8("UTF-8", name, name) {
-    for (char character = 1; character < 0x7f; ++character) {
-        if (encode({character}) != std::string{character}) {
-            throw Failure("character set '" + name + "' cannot be used: ASCII changes in it");
-        }
-    }
-}
-
-std::string CharacterSet::encode(const std::string& character) const {
-    const std::string bytes = m_fromUtf8.convert(character);
-    return m_toUtf8.convert(bytes) == character ? bytes : "";
-}
-
-std::string CharacterSet::decodeFirst(std::string_view bytes, std::size_t& length) const {
-    for (length = 1; length <= std::min(bytes.size(), LONGEST_CHARACTER); ++length) {
-        const std::string candidate(bytes.substr(0, length));
-        std::string character = m_toUtf8.convert(candidate);
-        std::uint32_t codePoint = 0;
-        const bool single =
-            !character.empty() && utf8Length(character, codePoint) == character.size();
-        if (single && m_fromUtf8.convert(character) == candidate) {
-            return character;
-        }
-    }
-    return "";
-}
 
 TextReader::TextReader(std::string_view file, const CharacterSet& characters)
     : m_characters(characters) {
@@ -338,48 +229,6 @@ std::string textLine(std::size_t number, std::string_view bytes, const Character
         at += length;
     }
     return line + '\n';
-}
-
-std::string makeBinary(const std::vector<std::string>& strings) {
-    std::string table;
-    std::string area;
-    append32(table, static_cast<std::uint32_t>(strings.size()));
-    for (const std::string& string : strings) {
-        append32(table, static_cast<std::uint32_t>(area.size()));
-        area += string;
-        area += '\0';
-        if (table.size() + area.size() > MAX_BINARY_SIZE) {
-            throw Failure("the catalogue would be larger than 64 MiB");
-        }
-    }
-    return table + area;
-}
-
-std::vector<std::string_view> readBinary(std::string_view file) {
-    if (file.size() < NUMBER_SIZE) {
-        throw Failure("too short for a catalogue: the number of strings is cut off");
-    }
-    const std::uint32_t count = read32(file, 0);
-    if (count > MAX_NUMBER + 1 || count > file.size() / NUMBER_SIZE - 1) {
-        throw Failure("damaged: " + std::to_string(count) + " strings do not fit in this file");
-    }
-    const std::string_view area = file.substr(NUMBER_SIZE * (count + 1));
-    std::vector<std::string_view> strings;
-    std::size_t left = MAX_BINARY_SIZE;
-    for (std::uint32_t i = 0; i < count; ++i) {
-        const std::uint32_t offset = read32(file, NUMBER_SIZE * (i + 1));
-        if (offset > area.size()) {
-            throw Failure("damaged: string " + std::to_string(i) + " begins after the end");
-        }
-        const std::string_view rest = area.substr(offset);
-        strings.push_back(rest.substr(0, rest.find('\0')));
-        // Strings may share bytes; they must not add up to more than a catalogue can hold.
-        if (strings.back().size() >= left) {
-            throw Failure("damaged: the strings add up to more than 64 MiB");
-        }
-        left -= strings.back().size() + 1;
-    }
-    return strings;
 }
 
 }  // namespace ORVLib::Catalogue

@@ -15,8 +15,12 @@
 #include <string_view>
 #include <vector>
 
+#include "BinaryForm.h"
+#include "CharacterSet.h"
+#include "Failure.h"
+#include "Limits.h"
+#include "TextForm.h"
 #include "common/FileDescriptor.h"
-#include "mkcatalogueForms.h"
 
 namespace {
 
