@@ -1,18 +1,22 @@
-"""Uses the console as a user would and says what it saw."""
+"""Uses the console as its users would and says what it saw."""
 
 import hashlib
 import http.client
 import random
+import re
 import subprocess
+import sys
 
-from console_client import ConsoleClient
-from console_site import SiteError
+from console_client import LOGOUT, ConsoleClient, Form
+from console_pages import ASKED, DONE, FLOWS, FUNCTIONS, PAGES, WRONG
+from console_site import PROJECT, SiteError
 
-INSPECTOR = "/common/request.cgi"
-REFRESH = "/network/orv_refresh_set.cgi"
-USERS = ("operator", "staff", "guest", "part", "admin")
-OWN_REFRESH_INTERVAL = "0x02010027"
+INSPECTOR, REFRESH = "/common/request.cgi", "/network/orv_refresh_set.cgi"
+FIRMWARE, BACKUP = "/maintenance/orv_firmup.cgi", "/maintenance/orv_backup_restore.cgi"
+PROGRESS = b"/common/progress.cgi"
 UPLOAD_SIZE = 3 * 1024 * 1024
+MENU_LINK = re.compile(r'href="(/common/frame\.cgi\?fid=(\d+))"')
+FRAME = re.compile(r'<frame name="\w+" src="([^"]*)"')
 
 # What the board can be told to do wrong, and the code that the error page then shows.
 FAULTS = {
@@ -35,13 +39,32 @@ def expect(condition, what):
         raise CheckFailed(what)
 
 
+def client_of(site, user=None):
+    client = ConsoleClient(site.url)
+    if user:
+        client.login(user)
+        expect(client.session, f"{user} cannot log in")
+    return client
+
+
 def show(title, answer):
     print(f"{title}: {answer.status}, {answer.headers.get('content-type')}")
     for head, text in answer.rows().items():
         print(f"    {head.decode('latin-1')} = {text.decode('latin-1')}")
 
 
-def check_inspector(client):
+def send(client, page, changes, expected):
+    """Sends a page's form with some fields changed, True or False for a box; returns the answer."""
+    form = Form(page)
+    fields = {name: "1" if value is True else value.encode("latin-1", "xmlcharrefreplace")
+              for name, value in {**form.fields, **changes}.items() if value is not False}
+    page = client.post(form.path, fields).body
+    expect(expected in page, f"{form.path} does not answer {changes} with {expected.decode()}")
+    return page
+
+
+def check_requests(site):
+    client = client_of(site)
     answer = client.get(INSPECTOR + "?text=one%20%3Cb%3E&second=2")
     show("GET", answer)
     expect(answer.status == 200, "the inspector does not answer a GET")
@@ -59,40 +82,102 @@ def check_inspector(client):
     digest = hashlib.sha256(content).hexdigest().encode()
     expect(answer.rows().get(b"SHA-256") == digest, "the upload's digest does not match")
     print("    the digest matches what was sent")
+    for language in "01":
+        expect(b"</html>" in client.get("/common/gallery.cgi?language=" + language).body,
+               "the gallery does not come whole")
 
 
-def check_menu(client):
-    for user in USERS:
-        client.login(user)
-        menu = client.get("/common/menu.cgi?load=1&tid=0&mid=3")
-        functions = menu.body.count(b"/common/frame.cgi?fid=")
-        print(f"Menu of {user}: {functions} functions")
-        expect(functions > 0, f"{user} finds an empty menu")
-        frames = client.get("/common/frame.cgi").body
-        expect(frames.count(b"<frame name=") == 3, "the frameset does not have its three frames")
+def check_menu(site, user):
+    """Everything that the menu leads to, with the frames around it."""
+    client = client_of(site, user)
+    menu = client.get("/common/menu.cgi?load=1&tid=0&mid=3").body.decode("latin-1")
+    links = dict(MENU_LINK.findall(menu))
+    expect({int(function) for function in links.values()} == FUNCTIONS[user],
+           f"{user} does not find in the menu what the user's role may use")
+    seen = set()
+    for link in links:
+        frames = FRAME.findall(client.get(link).body.decode("latin-1"))
+        expect(len(frames) == 3, "the frameset does not have its three frames")
+        for frame in {frame.partition("?")[0]: frame for frame in frames}.values():
+            if frame.partition("?")[0] not in seen:
+                seen.add(frame.partition("?")[0])
+                page = client.get(frame).body
+                expect(b"</html>" in page and b'class="notice"' not in page, f"{frame} fails {user}")
+    print(f"Menu of {user}: {len(links)} functions, each with its page")
 
 
-def check_settings(site, client):
+def check_settings(site, page):
+    """A page of settings: what is wrong is refused, what is right is confirmed, set and kept."""
+    client = client_of(site, page.user)
+    shown = client.get(page.path).body
+    for name, value in page.wrong:
+        send(client, shown, {**page.valid, name: value}, WRONG)
+    asked = send(client, shown, page.valid, ASKED)
+    again = send(client, asked, {"back": "1"}, b'type="submit"')
+    send(client, send(client, again, {}, ASKED), {}, DONE)
+    kept = client.get(page.path).form().fields
+    for name, value in page.valid.items():
+        expect(kept.get(name, False) in (value, "1" if value is True else value),
+               f"{page.path} shows {kept.get(name)} for {name}, which was set to {value}")
+    print(f"{page.path}: {len(page.wrong)} wrong values refused, the right ones set and kept")
+
+
+def check_flows(site):
+    for user, path, *forms in FLOWS:
+        client = client_of(site, user)
+        page = client.get(path).body
+        for changes, expected in forms:
+            page = send(client, page, changes, expected)
+        print(f"{path}: {len(forms)} forms sent")
+
+
+def check_way_in_and_out(site):
+    client = client_of(site)
     answer = client.login("admin", "wrong")
     expect("password is wrong" in answer.text(), "a wrong password is not said to be wrong")
-    client.login("admin")
-    expect(client.session, "the right password opens no session")
-    print("Log-in: a session was opened")
+    expect(client.session is None, "a wrong password opens a session")
+    for client.session in (None, "stale"):
+        expect(b"/common/timeout.cgi" in client.get(REFRESH).body,
+               "without a living session there is no time-out page")
+    expect(client.session is None, "the stale cookie is not deleted")
+    expect("session has ended" in client.get("/common/timeout.cgi").text(), "no time-out page")
+    print("Without a session, and with a stale one: sent to the time-out page")
 
-    seconds = "45"
-    expect(client.get(REFRESH).field("interval") == "60", "a new board's setting is not shown")
-    asked = client.submit(REFRESH, {"page_state": "3", "interval": seconds})
-    expect(asked.field("page_state") == "4", "valid input is not put up for confirmation")
-    refused = client.submit(REFRESH, {"page_state": "3", "interval": "3601"})
-    expect("from 0 to 3600" in refused.text(), "invalid input is not marked")
-    done = client.submit(REFRESH, {"page_state": "4", "interval": asked.field("interval")})
-    expect("have been changed" in done.text(), "the confirmed setting is not applied")
-    kept = int(site.boardctl("get", client.session, OWN_REFRESH_INTERVAL), 16)
-    expect(str(kept) == seconds, "the daemon does not have the new setting")
-    print(f"Refresh interval: displayed, confirmed, set; the daemon now says {kept} s")
+    client.login("staff")
+    expect("(00:0502)" in client.get("/user/list.cgi").text(), "staff gets at the users")
+    for search in ("severity=info&source=power&count=9", "first0=2026&first1=2&first2=30"):
+        expect(b"</html>" in client.get(f"/system/sel_filtering.cgi?{search}&search=1").body,
+               "the search does not come whole")
+    living = client.session
+    expect("Do you want" in client.get(LOGOUT).text(), "a link to the log-out does not ask")
+    client.logout()
+    expect(client.session is None, "logging out does not delete the cookie")
+    client.session = living
+    expect(b"/common/timeout.cgi" in client.get(REFRESH).body, "the session lives after log-out")
+    print("Log-out: the session is over")
 
 
-def check_faults(site, client):
+def check_files(site):
+    """Files that are taken, and that are not."""
+    client = client_of(site, "admin")
+    image = site.run / "image"
+    subprocess.run([sys.executable, PROJECT / "tools/make_firmware.py", "200000", "2.0", image],
+                   check=True)
+    whole, saved = image.read_bytes(), client.get(BACKUP + "?download=1").body
+    for path, content, *seen in (
+            (FIRMWARE, whole[:-1], WRONG), (FIRMWARE, whole, ASKED, PROGRESS),
+            (BACKUP, saved[:-1], ASKED, WRONG), (BACKUP, saved, ASKED, DONE)):
+        fields = {name.encode(): value.encode()
+                  for name, value in client.get(path).form().fields.items()}
+        page = client.upload(path, fields, b"file", content).body
+        expect(seen[0] in page, f"{path} does not look at a file of {len(content)} bytes")
+        for expected in seen[1:]:
+            page = send(client, page, {}, expected)
+    print("Firmware and backup: what is whole is taken, what is damaged is not")
+
+
+def check_faults(site):
+    client = client_of(site, "admin")
     for kind, code in FAULTS.items():
         site.restart_board("--fault", "checkSession:" + kind)
         answer = client.get(REFRESH)
@@ -101,31 +186,20 @@ def check_faults(site, client):
     site.restart_board()
 
 
-def check_end(client):
-    living, client.session = client.session, "stale"
-    answer = client.get(REFRESH)
-    expect(b"/common/timeout.cgi" in answer.body, "a stale session is not sent to the time-out page")
-    expect(client.session is None, "the stale cookie is not deleted")
-    expect("session has ended" in client.get("/common/timeout.cgi").text(), "no time-out page")
-    print("Stale session: sent to the time-out page")
-
-    client.session = living
-    client.logout()
-    expect(client.session is None, "logging out does not delete the cookie")
-    client.session = living
-    expect(b"/common/timeout.cgi" in client.get(REFRESH).body, "the session lives after log-out")
-    print("Log-out: the session is over")
+# Checks that do not mind one another; and what is to be done alone, behind them.
+INDEPENDENT = ((check_requests,), *((check_menu, user) for user in FUNCTIONS),
+               *((check_settings, page) for page in PAGES), (check_flows,),
+               (check_way_in_and_out,))
+ALONE = (check_files, check_faults)
 
 
 def run_checks(site):
     """Returns True when everything was as it should be."""
-    client = ConsoleClient(site.url)
     try:
-        check_inspector(client)
-        check_menu(client)
-        check_settings(site, client)
-        check_faults(site, client)
-        check_end(client)
+        for check, *arguments in INDEPENDENT:
+            check(site, *arguments)
+        for check in ALONE:
+            check(site)
     except (CheckFailed, OSError, ValueError, http.client.HTTPException, SiteError,
             subprocess.CalledProcessError) as failure:
         print(f"FAILED: {failure}")

@@ -28,7 +28,7 @@ def parse_arguments():
     parser.add_argument("--tls-port", type=port_number, default=DEFAULT_TLS_PORT,
                         help=f"port of HTTPS on loopback (default {DEFAULT_TLS_PORT})")
     parser.add_argument("--check", action="store_true",
-                        help="fetch the main pages, print what came, stop, exit 0 or 1")
+                        help="use every page, print what came, stop, exit 0 or 1")
     parser.add_argument("--fault", action="append", default=[], metavar="PROCEDURE:KIND",
                         help="let the board do an operation wrong; see docs/board.md")
     parser.add_argument("--parse-only", action="store_true", help=argparse.SUPPRESS)

@@ -80,15 +80,6 @@ class Flows(BrowserCase):
         self.assertNotEqual(self.error(), "")
         self.assertFalse(self.client.login("new.user", "secret-12").headers.get("set-cookie"))
 
-    def test_a_changed_password_counts(self):
-        self.browser.login("operator")
-        self.browser.open("/user/ch_passwd.cgi")
-        self.browser.fill({"present": "operator-pass", "wanted": "<&secret>",
-                           "repeated": "<&secret>"})
-        self.browser.press("submit")
-        self.browser.one("[role=status]")
-        self.browser.login("operator", "<&secret>")
-
     def test_an_image_is_looked_at_then_installed(self):
         self.browser.login("staff")
         self.browser.open(FIRMWARE)

@@ -4,7 +4,7 @@ import re
 import unittest
 
 from browser_case import BrowserCase
-from settings_pages import FUNCTIONS
+from console_pages import FUNCTIONS
 
 TOP_MENUS = ["System", "Partition", "Switch", "User Administration", "Network Configuration",
              "Maintenance"]

@@ -5,7 +5,7 @@ import unittest
 
 from browser_case import BrowserCase
 from selenium.common.exceptions import NoAlertPresentException
-from settings_pages import PAGES
+from console_pages import PAGES
 
 # Cut to what a field takes. None holds a blank, which address fields show as another one.
 NASTY_TEXTS = ("<script>alert(1)</script>", "\"><img/src=x/onerror=alert(1)>", "'\"&lt;&#65;&amp;",

@@ -12,7 +12,7 @@ from pathlib import Path
 
 from console_client import LOGIN, LOGOUT, ConsoleClient
 from console_site import PROJECT
-from settings_pages import FUNCTIONS, PAGES, SettingsPage
+from console_pages import FUNCTIONS, PAGES, SettingsPage
 from site_case import SiteCase
 
 USERS, ACCESS_LIST = "/user/list.cgi", "/network/orv_acl_set.cgi"

@@ -1,7 +1,6 @@
-"""Who may use which functions, and each page of settings: what can be set, what is wrong there."""
+"""The console's pages: who may use which functions, and what each page of settings takes."""
 
 import dataclasses
-
 
 READ_ONLY = {3, 64}
 EVERYBODY = {7, 11, 63, 75, 95, 153, 154} | READ_ONLY
@@ -47,7 +46,7 @@ PAGES = (
                  (("device2", "network"), ("retries", "x")), user="operator"),
     SettingsPage(70, "/network/orv_time_set.cgi",
                  {"source": "manual", "date0": "2030", "date1": "02", "date2": "28",
-                  "time0": "23", "zone": "+09:00"},
+                  "time0": "23", "time1": "30", "zone": "+09:00"},
                  (("date2", "30"), ("date0", "2038"), ("time0", "24"), ("time2", ""),
                   ("source", "servers"))),
     SettingsPage(72, "/network/orv_ip_set.cgi",
@@ -76,4 +75,25 @@ PAGES = (
     SettingsPage(75, "/network/orv_refresh_set.cgi", {"interval": "1234"},
                  (("interval", "3601"), ("interval", ""))),
     SettingsPage(108, "/maintenance/maintenance_mode.cgi", {"mode18_0": True, "permission0": True}),
+)
+
+# What takes more than one form of settings: user, page, and for each form what is filled in and
+# whether it is then wrong, to be confirmed or done.
+WRONG, ASKED, DONE = b"err_string", b'name="back"', b'role="status"'
+USERS, ACCESS_LIST = "/user/list.cgi", "/network/orv_acl_set.cgi"
+NEW = {"name": "new.user", "password": "new.user-pass", "repeated": "new.user-pass"}
+PASSWORD = {"present": "new.user-pass", "wanted": "secret-12", "repeated": "secret-12"}
+FLOWS = (
+    ("admin", USERS + "?action=add", ({**NEW, "name": "admin"}, WRONG), (NEW, DONE)),
+    ("admin", USERS + "?action=edit&name=new.user", ({"role": "operator"}, DONE)),
+    ("new.user", "/user/ch_passwd.cgi", ({**PASSWORD, "repeated": "x"}, WRONG), (PASSWORD, DONE)),
+    ("admin", USERS + "?action=remove&name=new.user", ({}, DONE)),
+    ("admin", USERS + "?action=remove&name=admin", ({}, WRONG)),
+    ("admin", ACCESS_LIST + "?operation=add", ({"address0": "256"}, WRONG),
+     ({f"address{i}": "24" for i in range(5)}, ASKED), ({}, DONE)),
+    ("admin", ACCESS_LIST + "?operation=remove&row=24.24.24.24/24", ({}, DONE)),
+    ("admin", "/system/power_control.cgi", ({}, WRONG), ({"operation": "reset"}, ASKED),
+     ({}, DONE)),
+    ("part", "/partition/power_control.cgi?partition=0", ({"operation": "off"}, ASKED),
+     ({}, DONE)),
 )
