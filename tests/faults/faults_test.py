@@ -1,4 +1,4 @@
-"""What lacks, goes, hangs, lies or is damaged: each leaves the right page or the right error."""
+"""What lacks, goes, hangs or is damaged: each leaves the right page or the right error."""
 
 import contextlib
 import errno
@@ -9,29 +9,25 @@ import os
 import random
 import resource
 import signal
-import socket
 import sqlite3
 import subprocess
 import tempfile
-import threading
 import time
 import unittest
 from pathlib import Path
 
 from board_client import (
-    BOARD_FAILURE, CHECK_SESSION, ERROR, LOGIN, PRODUCT, SOME_ITEM, STAGE, SYSTEM_NAMES,
-    WRITE, BoardError, message, number, telegram)
+    BOARD_FAILURE, CHECK_SESSION, LOGIN, PRODUCT, SOME_ITEM, STAGE, SYSTEM_NAMES, WRITE,
+    BoardError, message, number, telegram)
 from console_client import BOUNDARY, multipart
 from console_site import ConsoleSite
 from fault_case import (
-    BUILD, ERROR_STATUS, NOT_LOADED, SANITIZED, TIME_LIMIT, FaultCase, running_pages,
-    take_small_disk)
+    BUILD, ERROR_STATUS, NOT_LOADED, SANITIZED, FaultCase, running_pages, take_small_disk)
 
 INSPECTOR, NAMES = "/common/request.cgi", "/system/sys_info.cgi"
 SEARCH = "/system/sel_filtering.cgi"
 CHANGED, MEANWHILE = "have been changed", "Somebody else has changed these settings meanwhile"
-CHECK = message(CHECK_SESSION, bytes(48))
-BROKEN, MISFIT, LATE, GONE = (rf"\(00:0{code}\)" for code in ("402", "404", "405", "40[12]"))
+BROKEN, LATE, GONE = (rf"\(00:0{code}\)" for code in ("402", "405", "40[12]"))
 NOTHING_THROWN = "terminate called without an active exception"  # for want of memory to throw it
 KIB, MIB = 2**10, 2**20
 SMALL_DISK = take_small_disk()
@@ -163,40 +159,6 @@ class Limits(FaultCase):
 
 
 class Peers(FaultCase):
-    def lie(self, *answer, pause=0):
-        """Answers the next page as no daemon does."""
-        def serve():
-            page, _ = listener.accept()
-            with listener, page, contextlib.suppress(OSError):
-                page.recv(65536)
-                for piece in answer:
-                    page.sendall(piece)
-                    time.sleep(pause)
-                page.shutdown(socket.SHUT_WR)
-                page.recv(65536)
-
-        self.path = self.folder / "liar.sock"
-        self.path.unlink(missing_ok=True)
-        listener = socket.create_server(str(self.path), family=socket.AF_UNIX)
-        threading.Thread(target=serve, daemon=True).start()
-
-    def test_a_lying_daemon_gets_the_error_page(self):
-        self.session = b"any"
-        noise = random.Random(3).randbytes
-        for text, *answer in (
-                (BROKEN,), (BROKEN, noise(5000)), (BROKEN, CHECK[:-1]), (MISFIT, CHECK, CHECK),
-                (BROKEN, number(CHECK_SESSION), number(MIB + 1), bytes(9 * MIB)),
-                (BROKEN, message(CHECK_SESSION ^ 1, bytes(48))), (MISFIT, bytes(100 * MIB)),
-                (BROKEN, CHECK, number(CHECK_SESSION) + b"\xff" * 9), (MISFIT, message(ERROR)),
-                ("board refused", message(ERROR, noise(200)))):
-            with self.subTest(answer=[piece[:60] for piece in answer]):
-                self.lie(*answer)
-                self.assertError(self.page(NAMES), text)
-        self.lie(*(b"%c" % byte for byte in CHECK), pause=TIME_LIMIT / 20)
-        begin = time.monotonic()
-        self.assertError(self.page(NAMES), LATE)
-        self.assertLess(time.monotonic() - begin, TIME_LIMIT + 3)
-
     def test_a_daemon_that_dies_or_hangs_leaves_a_change_done_or_not(self):
         self.start()
         self.session = self.login().session

@@ -16,6 +16,9 @@ from pathlib import Path
 from board_client import LIMIT, BoardClient, BoardError
 
 
+EMULATOR = os.environ.get("EMULATOR", "").split()
+
+
 class BoardCase(BoardClient, unittest.TestCase):
     def setUp(self):
         self.folder = Path(self.enterContext(tempfile.TemporaryDirectory()))
@@ -26,7 +29,7 @@ class BoardCase(BoardClient, unittest.TestCase):
             resource.setrlimit(kind, (limit, limit))
 
         return subprocess.Popen(
-            [*os.environ["EMULATOR"].split(), os.environ["ORVBOARDD"],
+            [*EMULATOR, os.environ["ORVBOARDD"],
              "--state", self.state, "--socket", self.path, *options],
             stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
             preexec_fn=restrict if limit else None)

@@ -1,6 +1,5 @@
 """The daemon over its socket: sessions, messages, faults, the state and the command line."""
 
-import contextlib
 import os
 import re
 import signal
@@ -364,17 +363,6 @@ class BoardTest(BoardCase):
                 self.end()
                 self.edit(statement)
                 self.assertRefusesToStart(re.escape(str(self.state)) + " is damaged")
-
-    def test_an_index_without_its_row_is_damage(self):
-        self.start()
-        self.end()
-        with contextlib.closing(sqlite3.connect(self.state)) as database:
-            root, = database.execute("SELECT rootpage FROM sqlite_schema"
-                                     " WHERE name = 'sqlite_autoindex_users_1'").fetchone()
-        content = self.state.read_bytes()
-        at = content.index(b"guest", (root - 1) * 4096)
-        self.state.write_bytes(content[:at] + b"guesu" + content[at + 5:])
-        self.assertRefusesToStart("damaged")
 
     def test_a_new_state_takes_nothing_of_one_that_was_removed(self):
         self.start()

@@ -1,61 +1,40 @@
-"""The daemon as a page author uses it: boardctl and many clients, over a real socket.
-
-ORVBOARDD, BOARDCTL and CHECK_LOOP name the programs, EMULATOR the words before them when they are
-for another machine.
-"""
+"""The daemon as a page author uses it: boardctl, which BOARDCTL names, over a real socket."""
 
 import os
 import pty
-import signal
 import subprocess
-import tempfile
 import unittest
 
-CHECKS = 10000
+from board_case import EMULATOR, BoardCase
+
 ITEM = "0x02011234"
+BOARDCTL = [*EMULATOR, os.environ["BOARDCTL"]]
 
 
-def program(name):
-    return [*os.environ["EMULATOR"].split(), os.environ[name]]
-
-
-class Boardctl(unittest.TestCase):
+class Boardctl(BoardCase):
     def setUp(self):
-        folder = self.enterContext(tempfile.TemporaryDirectory())
-        self.state, self.socket = folder + "/board.db", folder + "/board.sock"
-        self.environment = dict(os.environ, ORV_IPC_SOCKET=self.socket)
+        super().setUp()
         self.start()
-
-    def start(self):
-        self.daemon = subprocess.Popen([*program("ORVBOARDD"), "--state", self.state],
-                                       env=self.environment, stdout=subprocess.PIPE)
-        self.assertTrue(self.daemon.stdout.readline().startswith(b"orvboardd: ready"))
-        self.addCleanup(self.stop, self.daemon)
-
-    @staticmethod
-    def stop(daemon):
-        daemon.kill()
-        daemon.wait()
-        daemon.stdout.close()
+        self.environment = {**os.environ, "ORV_IPC_SOCKET": str(self.path)}
 
     def boardctl(self, *words, typed=None, status=0):
-        done = subprocess.run([*program("BOARDCTL"), *words], env=self.environment, input=typed,
+        done = subprocess.run([*BOARDCTL, *words], env=self.environment, input=typed,
                               capture_output=True, text=True, check=False, timeout=60)
         self.assertEqual(done.returncode, status, done.stderr)
         return done.stdout.strip() if status == 0 else done.stderr
 
-    def login(self, user="admin"):
+    def open(self, user="admin"):
         return self.boardctl("login", user, typed=user + "-pass\n")
 
     def test_a_session_from_login_to_logout(self):
-        session = self.login()
+        session = self.open()
         self.assertRegex(session, r"^[A-Za-z0-9_-]{31}$")
         self.assertEqual(self.boardctl("language"), "1")
         self.assertEqual(self.boardctl("check", session),
                          "refresh: 60 s\nlanguage: 1\nrights: system-administrator")
-        self.assertEqual(self.boardctl("user", self.login("part")),
+        self.assertEqual(self.boardctl("user", self.open("part")),
                          "language: 1\nrights: partition-0 partition-3")
-        self.assertEqual(self.boardctl("user", self.login("operator")),
+        self.assertEqual(self.boardctl("user", self.open("operator")),
                          "language: 0\nrights: operator")
         self.assertEqual(self.boardctl("get", session, "0x02010073"), "000001bb")
         self.assertIn("part\tpartition\t1001000000000000\t1\n", self.boardctl("users", session))
@@ -66,28 +45,21 @@ class Boardctl(unittest.TestCase):
         self.boardctl("logout", session)
         self.assertIn("error 1031", self.boardctl("check", session, status=1))
 
-    def test_settings_survive_a_kill(self):
-        session = self.login()
-        self.boardctl("set", session, ITEM, "00ff0a")
-        self.stop(self.daemon)
-        self.start()
-        self.assertEqual(self.boardctl("get", session, ITEM), "00ff0a")
-
     def test_refusals_say_why(self):
         self.assertIn("error 1281", self.boardctl("login", "admin", typed="wrong\n", status=1))
-        self.assertIn("error 1283", self.boardctl("get", self.login(), ITEM, status=1))
+        self.assertIn("error 1283", self.boardctl("get", self.open(), ITEM, status=1))
         for words in ((), ("fly",), ("check",), ("get", "s", "12x"), ("get", "s", "0x100000000"),
                       ("set", "s", "1", "0"), ("set", "s", "1", "0g"), ("logout", "s", "t"),
                       ("get", "s", "0x0201800b"), ("set", "s", "0x0201400b", "00"),
                       ("check", "s" * 32), ("login", "u" * 33)):
             self.assertIn("usage: boardctl", self.boardctl(*words, status=2))
         self.boardctl("login", "admin", typed="p" * 33 + "\n", status=2)
-        self.stop(self.daemon)
+        self.end()
         self.assertIn("error 1025", self.boardctl("language", status=1))
 
     def test_a_typed_password_is_not_shown(self):
         terminal, slave = pty.openpty()
-        with subprocess.Popen([*program("BOARDCTL"), "login", "admin"], env=self.environment,
+        with subprocess.Popen([*BOARDCTL, "login", "admin"], env=self.environment,
                               stdin=slave, stdout=subprocess.PIPE, stderr=slave) as boardctl:
             shown = os.read(terminal, 100)
             os.write(terminal, b"admin-pass\n")
@@ -99,22 +71,6 @@ class Boardctl(unittest.TestCase):
         self.assertIn(b"Password: ", shown)
         self.assertNotIn(b"admin-pass", shown)
 
-    def test_a_stopped_client_holds_nobody_up(self):
-        session = self.login()
-        clients = [subprocess.Popen([*program("CHECK_LOOP"), session, str(CHECKS)],
-                                    env=self.environment, stdout=subprocess.PIPE)
-                   for _ in range(8)]
-        stopped = clients[0]
-        stopped.stdout.read(1)
-        stopped.send_signal(signal.SIGSTOP)
-        try:
-            for client in clients[1:]:
-                self.assertEqual(client.wait(120), 0)
-        finally:
-            stopped.kill()
-            for client in clients:
-                client.wait()
-                client.stdout.close()
 
 
 if __name__ == "__main__":

@@ -151,35 +151,6 @@ TEST_F(Main, ReadsALargeBodyBeforeThePage) {
     EXPECT_EQ(child.output, errorPage(20, 1043));
 }
 
-TEST_F(Main, RemovesTheUploadHoweverItEnds) {
-    const std::function<int(TestMain&)> ends[] = {
-        [](TestMain& m) -> int {
-            m.errorExit("T", 1);
-            return 0;
-        },
-        [](TestMain& m) -> int {
-            m.guiCheckSession(false);
-            return 0;
-        },
-        [](TestMain&) -> int { throw 1; },
-    };
-    for (const auto& end : ends) {
-        request.postMultipart(
-            "B",
-            "--B\r\nContent-Disposition: form-data; name=\"f\"; filename=\"f\"\r\n"
-            "Content-Type: x\r\n\r\ncontent\r\n--B--\r\n");
-        const ChildResult child = inChild([&end] {
-            FormInfo form;
-            std::cerr << "path=" << form.getTemporaryFilePath() << "\n";
-            return TestMain(form, end).exec();
-        });
-        const std::size_t start = child.trace.find("path=/var/tmp/tmp_") + 5;
-        const std::string path = child.trace.substr(start, child.trace.find('\n', start) - start);
-        EXPECT_EQ(path.rfind("/var/tmp/tmp_", 0), 0U);
-        EXPECT_FALSE(std::filesystem::exists(path));
-    }
-}
-
 TEST_F(Main, ChoosesTheMessageForACode) {
     struct Case {
         int code;

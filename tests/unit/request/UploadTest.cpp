@@ -99,18 +99,6 @@ TEST(Upload, BoundaryAlmostAsLongAsTheBufferIsExact) {
     }
 }
 
-TEST(Upload, ByteRunsAreExact) {
-    for (const char* const run : {"\r", "\n", "\r\n", "-", "\r\n--", "B"}) {
-        std::string content;
-        while (content.size() < 3 * BUFFER + 17) {
-            content += run;
-        }
-        EXPECT_TRUE(received("BOUND", filePart("BOUND", "f", content) + closing("BOUND")).content ==
-                    content)
-            << run;
-    }
-}
-
 TEST(Upload, IsCutAtTheLargestSize) {
     const std::string most(FormInfo::LARGEST_UPLOAD, 'x');
     for (const char* const more : {"", "y"}) {
