@@ -53,11 +53,18 @@ def show(title, answer):
         print(f"    {head.decode('latin-1')} = {text.decode('latin-1')}")
 
 
+def sent(values):
+    """What a browser sends of values, True or False for a box: an English page has no Japanese
+    characters, so that references stand for them."""
+    return {name: "1" if value is True else value.encode("latin-1", "xmlcharrefreplace")
+            .decode("latin-1") for name, value in values.items() if value is not False}
+
+
 def send(client, page, changes, expected):
-    """Sends a page's form with some fields changed, True or False for a box; returns the answer."""
+    """Sends a page's form with some fields changed; returns the answer."""
     form = Form(page)
-    fields = {name: "1" if value is True else value.encode("latin-1", "xmlcharrefreplace")
-              for name, value in {**form.fields, **changes}.items() if value is not False}
+    fields = {name: value.encode("latin-1")
+              for name, value in sent({**form.fields, **changes}).items()}
     page = client.post(form.path, fields).body
     expect(expected in page, f"{form.path} does not answer {changes} with {expected.decode()}")
     return page
@@ -108,17 +115,21 @@ def check_menu(site, user):
 
 def check_settings(site, page):
     """A page of settings: what is wrong is refused, what is right is confirmed, set and kept."""
+    def values(answer):
+        fields = Form(answer).fields
+        return {name: fields[name] for name in page.valid if name in fields}
+
     client = client_of(site, page.user)
     shown = client.get(page.path).body
     for name, value in page.wrong:
-        send(client, shown, {**page.valid, name: value}, WRONG)
+        again = send(client, shown, {**page.valid, name: value}, WRONG)
+        expect(Form(again).fields[name] == sent({name: value})[name] and ASKED not in again,
+               f"{page.path} does not show {value} again, which is wrong for {name}")
+    expect(values(client.get(page.path).body) == values(shown), f"{page.path} took what is wrong")
     asked = send(client, shown, page.valid, ASKED)
     again = send(client, asked, {"back": "1"}, b'type="submit"')
     send(client, send(client, again, {}, ASKED), {}, DONE)
-    kept = client.get(page.path).form().fields
-    for name, value in page.valid.items():
-        expect(kept.get(name, False) in (value, "1" if value is True else value),
-               f"{page.path} shows {kept.get(name)} for {name}, which was set to {value}")
+    expect(values(client.get(page.path).body) == sent(page.valid), f"{page.path} did not keep it")
     print(f"{page.path}: {len(page.wrong)} wrong values refused, the right ones set and kept")
 
 
@@ -163,7 +174,9 @@ def check_files(site):
     image = site.run / "image"
     subprocess.run([sys.executable, PROJECT / "tools/make_firmware.py", "200000", "2.0", image],
                    check=True)
-    whole, saved = image.read_bytes(), client.get(BACKUP + "?download=1").body
+    backup = client.get(BACKUP + "?download=1")
+    expect("attachment" in backup.headers["content-disposition"], "the backup is not for saving")
+    whole, saved = image.read_bytes(), backup.body
     for path, content, *seen in (
             (FIRMWARE, whole[:-1], WRONG), (FIRMWARE, whole, ASKED, PROGRESS),
             (BACKUP, saved[:-1], ASKED, WRONG), (BACKUP, saved, ASKED, DONE)):

@@ -81,10 +81,13 @@ PAGES = (
 # whether it is then wrong, to be confirmed or done.
 WRONG, ASKED, DONE = b"err_string", b'name="back"', b'role="status"'
 USERS, ACCESS_LIST = "/user/list.cgi", "/network/orv_acl_set.cgi"
-NEW = {"name": "new.user", "password": "new.user-pass", "repeated": "new.user-pass"}
+NEW = {"name": "new.user", "role": "guest", "password": "new.user-pass",
+       "repeated": "new.user-pass"}
 PASSWORD = {"present": "new.user-pass", "wanted": "secret-12", "repeated": "secret-12"}
 FLOWS = (
-    ("admin", USERS + "?action=add", ({**NEW, "name": "admin"}, WRONG), (NEW, DONE)),
+    ("admin", USERS + "?action=add", ({**NEW, "name": "admin"}, WRONG),
+     ({**NEW, "name": "1st"}, WRONG), ({**NEW, "repeated": "new.user"}, WRONG),
+     ({**NEW, "role": "partition"}, WRONG), (NEW, DONE)),
     ("admin", USERS + "?action=edit&name=new.user", ({"role": "operator"}, DONE)),
     ("new.user", "/user/ch_passwd.cgi", ({**PASSWORD, "repeated": "x"}, WRONG), (PASSWORD, DONE)),
     ("admin", USERS + "?action=remove&name=new.user", ({}, DONE)),

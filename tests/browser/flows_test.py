@@ -1,4 +1,4 @@
-"""What takes more than a form: users, files, power, events."""
+"""What takes more than a form: files, maintenance, events."""
 
 import pathlib
 import subprocess
@@ -9,8 +9,7 @@ import unittest
 from browser_case import BrowserCase
 from console_site import PROJECT
 
-USERS, FIRMWARE, BACKUP = "/user/list.cgi", "/maintenance/orv_firmup.cgi", \
-    "/maintenance/orv_backup_restore.cgi"
+FIRMWARE = "/maintenance/orv_firmup.cgi"
 LARGEST_IMAGE = 90 << 20
 
 
@@ -42,44 +41,6 @@ class Flows(BrowserCase):
     def error(self):
         return self.browser.one("[role=alert] .err_string").text
 
-    def test_a_user_is_added_changed_and_removed(self):
-        self.browser.login("admin")
-        self.browser.open(USERS + "?action=add")
-        new = {"name": "new.user", "password": "secret-12", "repeated": "secret-12",
-               "role": "partition", "partition1": True, "language": "1"}
-        for wrong, hint in (({"name": "1st"}, "letter"), ({"repeated": "secret-13"}, "differ"),
-                            ({"partition1": False}, "partition"), ({"name": "admin"}, "already")):
-            self.browser.fill({**new, **wrong})
-            self.browser.press("submit")
-            self.assertIn(hint, " ".join(e.text for e in self.browser.all(".err_string")))
-            self.assertEqual(self.browser.value("password"), "")
-        self.browser.fill(new)
-        self.browser.press("submit")
-        self.browser.one("[role=status]")
-        self.browser.login("new.user", "secret-12")
-        self.browser.show(30)
-        self.assertEqual([tab.text.replace("\xa0", " ") for tab in self.browser.all(".tabs a")],
-                         ["Partition 1"])
-
-        self.browser.login("admin")
-        self.browser.open(USERS + "?action=edit&name=new.user")
-        self.browser.fill({"role": "guest", "partition1": False})
-        self.browser.press("submit")
-        self.browser.one("[role=status]")
-        self.browser.login("new.user", "secret-12")
-        self.browser.show(30)
-        self.assertIn("(00:0502)", self.browser.text())
-
-        self.browser.login("admin")
-        self.browser.open(USERS + "?action=remove&name=new.user")
-        self.browser.press("submit")
-        self.browser.press("OK")
-        self.assertNotIn("new.user", self.browser.text())
-        self.browser.open(USERS + "?action=remove&name=admin")
-        self.browser.press("submit")
-        self.assertNotEqual(self.error(), "")
-        self.assertFalse(self.client.login("new.user", "secret-12").headers.get("set-cookie"))
-
     def test_an_image_is_looked_at_then_installed(self):
         self.browser.login("staff")
         self.browser.open(FIRMWARE)
@@ -101,41 +62,6 @@ class Flows(BrowserCase):
         self.browser.wait(lambda _: "100" in self.browser.text())
         self.browser.open(FIRMWARE)
         self.assertIn("2.0.1", self.browser.text())
-
-    def test_settings_are_saved_and_restored(self):
-        self.client.login("admin")
-        saved = self.client.get(BACKUP + "?download=1")
-        self.assertIn("attachment", saved.headers["content-disposition"])
-        session = self.client.session
-        before = self.site.boardctl("get", session, "0x0201000b")
-        self.site.boardctl("set", session, "0x0201000b", b"blink\0".hex())
-        self.browser.login("admin")
-        self.browser.open(BACKUP)
-        self.send_file(self.files / "damaged.txt", saved.body.replace(b"item", b"ITEM", 1))
-        self.browser.press("submit")
-        self.assertNotEqual(self.error(), "")
-        self.assertNotEqual(self.site.boardctl("get", session, "0x0201000b"), before)
-        self.send_file(self.files / "settings.txt", saved.body)
-        self.browser.press("submit")
-        self.browser.one("[role=status]")
-        self.assertEqual(self.site.boardctl("get", session, "0x0201000b"), before)
-
-    def test_power_is_switched_after_a_warning(self):
-        self.browser.login("part")
-        self.browser.open("/partition/power_control.cgi?partition=0")
-        self.browser.press("submit")
-        self.assertNotEqual(self.error(), "")
-        self.browser.fill({"operation": "force-off"})
-        self.browser.press("submit")
-        self.assertIn("lost", self.browser.text())
-        self.browser.press("submit")
-        self.browser.press("OK")
-        self.browser.open("/system/sys_status.cgi")
-        row = next(row.text for row in self.browser.all("tr") if "Partition 0" in
-                   row.text.replace("\xa0", " "))
-        self.assertIn("Off", row)
-        self.browser.open("/system/pel.cgi")
-        self.assertIn("Powered off by force: partition 0", self.browser.text())
 
     def test_technical_staff_follows_the_maintenance_rule(self):
         self.client.login("admin")

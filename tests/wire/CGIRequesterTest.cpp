@@ -176,11 +176,8 @@ std::vector<Failure> failures() {
         {"no payload", good, 1029, 2, true},
         {"silence", "", 1029, 2, true},
         {"hung up", "", 1026, 2, true, HANG_UP},
-        {"hung up in the header", good.substr(0, 30), 1026, 2, true, HANG_UP},
         {"hung up in the payload", good + message(CHECK, "1234").substr(0, 10), 1026, 2, true,
          HANG_UP},
-        {"a gigabyte announced", word(CHECK) + word(0x40000000), 1026, 2, true},
-        {"a negative size", word(CHECK) + word(0xffffffff), 1026, 2, true},
         {"a gigabyte of payload", good + word(CHECK) + word(0x40000000), 1026, 2, true},
     };
 }
@@ -196,38 +193,25 @@ void failToCheck(CGIRequester& requester) {
     EXPECT_FALSE(authority.isSystemAdmin());
 }
 
-TEST(FailedExchange, IsReportedLoggedAndLeavesOutputsAlone) {
+std::ptrdiff_t openDescriptors() {
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+}
+
+TEST(FailedExchange, IsReportedLoggedAndLeavesOutputsAndNoDescriptor) {
     for (const Failure& failure : failures()) {
         SCOPED_TRACE(failure.name);
         const CapturedTrace trace;
         ScriptedDaemon daemon;
         setenv("ORV_IPC_TIMEOUT_MS", "100", 1);
         CGIRequester requester("A");
+        const std::ptrdiff_t before = openDescriptors();
         daemon.serve(
             {failure.response}, [&] { failToCheck(requester); }, failure.then);
+        EXPECT_EQ(openDescriptors(), before);
         EXPECT_EQ(requester.getErrorDetail(), failure.detail);
         EXPECT_EQ(requester.getActionCode(), failure.actionCode);
         EXPECT_TRUE(trace.has(0, 1, "CGIRequester::checkSession sid=A procId=0x 2010005"));
         EXPECT_EQ(trace.has(0, 1, ": PException, detail 0x4"), failure.fromConnection);
-    }
-}
-
-std::ptrdiff_t openDescriptors() {
-    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
-}
-
-TEST(FailedExchange, LeavesNoDescriptorBehind) {
-    const CapturedTrace trace;
-    ScriptedDaemon daemon;
-    setenv("ORV_IPC_TIMEOUT_MS", "1", 1);
-    CGIRequester requester("A");
-    const std::ptrdiff_t before = openDescriptors();
-    for (const Failure& failure : failures()) {
-        for (int i = 0; i < 1000; ++i) {
-            daemon.serve(
-                {failure.response}, [&] { failToCheck(requester); }, failure.then);
-        }
-        EXPECT_EQ(openDescriptors(), before) << failure.name;
     }
 }
 

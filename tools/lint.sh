@@ -15,7 +15,7 @@ grep -lE '^#(!/usr/bin/env | shellcheck shell=)bash' run test .ci/run ./*/run do
 sources '*.h' | cat - <(sources '*.cpp') | xargs clang-format --dry-run -Werror || status=1
 sources '*.cpp' | xargs cppcheck --quiet -j "$(nproc)" --std=c++17 --language=c++ \
     --library=googletest --enable=warning,performance,portability --error-exitcode=1 \
-    --suppressions-list=tests/cppcheck.txt -DORVGUI_SITE_ROOT='""' -I include -I platform/include \
+    --suppressions-list=tools/cppcheck.txt -DORVGUI_SITE_ROOT='""' -I include -I platform/include \
     -I platform -I platform/host -I src -I board -I console -I tests/unit -I bench || status=1
 # The compiler's own warnings are its business; clang does not know all of their names.
 sources '*.cpp' | grep -v OperatorTextsJapanese |
