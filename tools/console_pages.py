@@ -78,16 +78,17 @@ PAGES = (
 )
 
 # What takes more than one form of settings: user, page, and for each form what is filled in and
-# whether it is then wrong, to be confirmed or done.
+# what is then seen: that it is wrong, to be confirmed or done.
 WRONG, ASKED, DONE = b"err_string", b'name="back"', b'role="status"'
 USERS, ACCESS_LIST = "/user/list.cgi", "/network/orv_acl_set.cgi"
+PARTITION_POWER = "/partition/power_control.cgi?partition=0"
 NEW = {"name": "new.user", "role": "guest", "password": "new.user-pass",
        "repeated": "new.user-pass"}
 PASSWORD = {"present": "new.user-pass", "wanted": "secret-12", "repeated": "secret-12"}
 FLOWS = (
-    ("admin", USERS + "?action=add", ({**NEW, "name": "admin"}, WRONG),
-     ({**NEW, "name": "1st"}, WRONG), ({**NEW, "repeated": "new.user"}, WRONG),
-     ({**NEW, "role": "partition"}, WRONG), (NEW, DONE)),
+    ("admin", USERS + "?action=add", ({**NEW, "name": "admin"}, b"already a user"),
+     ({**NEW, "name": "1st"}, b"begin with a letter"), ({**NEW, "repeated": "x"}, b"differ"),
+     ({**NEW, "role": "partition"}, b"needs a partition"), (NEW, DONE)),
     ("admin", USERS + "?action=edit&name=new.user", ({"role": "operator"}, DONE)),
     ("new.user", "/user/ch_passwd.cgi", ({**PASSWORD, "repeated": "x"}, WRONG), (PASSWORD, DONE)),
     ("admin", USERS + "?action=remove&name=new.user", ({}, DONE)),
@@ -97,6 +98,8 @@ FLOWS = (
     ("admin", ACCESS_LIST + "?operation=remove&row=24.24.24.24/24", ({}, DONE)),
     ("admin", "/system/power_control.cgi", ({}, WRONG), ({"operation": "reset"}, ASKED),
      ({}, DONE)),
-    ("part", "/partition/power_control.cgi?partition=0", ({"operation": "off"}, ASKED),
+    ("part", PARTITION_POWER, ({"operation": "on"}, WRONG), ({"operation": "off"}, ASKED),
+     ({}, DONE)),
+    ("part", PARTITION_POWER, ({"operation": "reset"}, WRONG), ({"operation": "on"}, ASKED),
      ({}, DONE)),
 )

@@ -25,7 +25,7 @@ from fault_case import (
     BUILD, ERROR_STATUS, NOT_LOADED, SANITIZED, FaultCase, running_pages, take_small_disk)
 
 INSPECTOR, NAMES = "/common/request.cgi", "/system/sys_info.cgi"
-SEARCH = "/system/sel_filtering.cgi"
+SEARCH, FIRMWARE = "/system/sel_filtering.cgi", "/maintenance/orv_firmup.cgi"
 CHANGED, MEANWHILE = "have been changed", "Somebody else has changed these settings meanwhile"
 BROKEN, LATE, GONE = (rf"\(00:0{code}\)" for code in ("402", "405", "40[12]"))
 NOTHING_THROWN = "terminate called without an active exception"  # for want of memory to throw it
@@ -72,6 +72,11 @@ class Limits(FaultCase):
             self.assertEqual((page.exit_status, page.rows()), (0, {}))
             self.assertIn(f"errno {errno.EFBIG if limits else errno.ENOSPC}", page.log)
             self.assertNothingLeft()
+        self.start()
+        self.session = self.login().session
+        page = self.page(FIRMWARE, {"page_state": "3"}, file=bytes(MIB),
+                         limits=[(resource.RLIMIT_FSIZE, 0)])
+        self.assertIn("could not be stored", page.text())
         page = self.page(INSPECTOR, file=bytes(2 * MIB))
         self.assertIn(hashlib.sha256(bytes(2 * MIB)).hexdigest(), page.text())
 

@@ -117,6 +117,9 @@ class BoardTest(BoardCase):
         self.check(used)
         self.assertEqual(self.end(), (0, "", ""))
         self.assertFalse(self.path.exists())
+        self.start("--session-timeout", "2")
+        self.check(used, b"\1")  # its last use was kept
+        self.end()
         time.sleep(1.1)
         self.start("--session-timeout", "1")
         self.assertRefused(NO_SESSION, self.check, used)
@@ -227,6 +230,13 @@ class BoardTest(BoardCase):
         self.assertLess(time.monotonic() - begin, 0.9)
         self.assertEqual(silent[-2].recv(1), b"")  # dropped after its second
         self.assertLess(time.monotonic() - begin, 3)
+
+    def test_of_too_many_clients_the_oldest_goes(self):
+        self.start("--client-timeout", "60000")
+        session = self.login().session
+        silent = [self.connect() for _ in range(130)]
+        self.check(session)
+        self.assertEqual(silent[0].recv(1), b"")
 
     def test_logins_hold_up_no_check_and_nobody_gets_anothers_verdict(self):
         self.start()

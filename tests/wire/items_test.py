@@ -335,8 +335,8 @@ class ItemsTest(BoardCase):
                 self.assertRefused(BAD_REQUEST, self.put, USER_ADD, admin,
                                    record(name, password, role, partitions, language))
         self.assertEqual(len(self.rows(USERS, admin, 4)), 5)
-        self.put(USER_ADD, admin, record("A" + "z" * 31, "!" * 32, "staff", self.NOBODY, 0))
-        self.login(b"A" + b"z" * 31, b"!" * 32)
+        self.put(USER_ADD, admin, record("AaZ" + "z" * 29, "!" * 32, "staff", self.NOBODY, 0))
+        self.login(b"AaZ" + b"z" * 29, b"!" * 32)
 
     def test_user_management(self):
         self.start()
