@@ -7,6 +7,7 @@
 
 #include "orv/CommonUtil.h"
 #include "orv/GeneralPurposePacket.h"
+#include "orv/PException.h"
 #include "orv/PartitionOperatorInfo.h"
 #include "orv/PrimitiveTypeWrapper.h"
 #include "support/ScriptedDaemon.h"
@@ -107,6 +108,18 @@ TEST(Packet, RefusesDamagedBytesAndStaysAsItWas) {
     }
     EXPECT_EQ(valueOf(packet.getCompInfo(0)), 7);
     EXPECT_EQ(packet.getCompInfo(1), nullptr);
+}
+
+TEST(Exception, RefusesBytesThatEndTooSoon) {
+    const PException sent(1, 2, 3, 4, 5, 6, 0, 0, 0, 0, 0, 0, 0, "text");
+    const std::string bytes = serialized(sent, sent.getSerializedSize());
+    for (std::size_t size = 0; size < bytes.size(); ++size) {
+        PException read;
+        EXPECT_FALSE(take(read, bytes.substr(0, size))) << size;
+    }
+    PException read;
+    EXPECT_TRUE(take(read, bytes));
+    EXPECT_EQ(read.getArgument(7).getText(), "text");
 }
 
 TEST(Partitions, AreBitsFromTheLeastSignificant) {
