@@ -235,17 +235,6 @@ class Peers(FaultCase):
 
 
 class State(FaultCase):
-    def test_damage_anywhere_is_refused_or_harmless(self):
-        self.start()
-        self.put(SOME_ITEM, self.login().session, bytes(30000))
-        self.end()
-        good, noise = self.state.read_bytes(), random.Random(9)
-        for _ in range(60):
-            at, damage = noise.randrange(len(good)), noise.randbytes(noise.choice((1, 16, 4096)))
-            damaged = (good[:at] + damage + good[at + len(damage):])[:len(good)]
-            self.state.write_bytes(damaged)
-            self.assertTrue(self.tryDaemon() or self.state.read_bytes() == damaged)
-
     def test_a_running_daemon_keeps_its_state_and_outlives_its_damage(self):
         self.start()
         session = self.login().session
