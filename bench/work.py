@@ -40,7 +40,8 @@ class Work:
             return Program(words, {**environment, **script}, source) if program else None
         program = shutil.which("perl")
         has_module = program and not _fails(Program([program, "-MCGI", "-e", "1"]))
-        return (Program([program, PEERS / f"{name}.pl"], {**environment, "TMPDIR": "/var/tmp", "PERL_HASH_SEED": "0"}, source) if has_module else None)
+        environment = {**environment, "TMPDIR": "/var/tmp", "PERL_HASH_SEED": "0"}
+        return Program([program, PEERS / f"{name}.pl"], environment, source) if has_module else None
 
     def session(self, site):
         """What the environment of a session page holds."""

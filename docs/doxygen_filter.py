@@ -31,5 +31,6 @@ for number, line in enumerate(lines):
         if text.endswith("{"):
             comment = []  # a type, whose comment is its own
     # Copies and moves that are written out add nothing to what a reader expects of them.
-    if not re.search(r"\) = (default|delete);$", text) or lines[number - 1].strip().startswith("///"):
+    is_commented = lines[number - 1].strip().startswith("///")
+    if not re.search(r"\) = (default|delete);$", text) or is_commented:
         print(line)

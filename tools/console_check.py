@@ -109,7 +109,8 @@ def check_menu(site, user):
             if frame.partition("?")[0] not in seen:
                 seen.add(frame.partition("?")[0])
                 page = client.get(frame).body
-                expect(b"</html>" in page and b'class="notice"' not in page, f"{frame} fails {user}")
+                is_good = b"</html>" in page and b'class="notice"' not in page
+                expect(is_good, f"{frame} fails {user}")
     print(f"Menu of {user}: {len(links)} functions, each with its page")
 
 

@@ -20,7 +20,8 @@ def plain(name):
                 depth += {"<": 1, ">": -1}.get(name[end], 0)
                 end += 1
             name = name[:start] + name[end:]
-    return re.sub(r" +>", ">", name).replace("__cxx11::", "").replace("basic_string<char>", "string")
+    name = re.sub(r" +>", ">", name).replace("__cxx11::", "")
+    return name.replace("basic_string<char>", "string")
 
 
 class Entry:
@@ -100,7 +101,8 @@ def slot_line(function, by_number):
     parameters = [p for p in function.below("formal_parameter") if not p.get("artificial")]
     types = ", ".join(type_of(parameter, by_number) for parameter in parameters)
     # A destructor takes two slots, and the compiler does not say which: those that are left.
-    slot = function.get("vtable_elem_location") and f" slot {function.number('vtable_elem_location')}"
+    location = "vtable_elem_location"
+    slot = function.get(location) and f" slot {function.number(location)}"
     return f"    virtual{slot} {function.get('name')}({types})"
 
 

@@ -1,4 +1,4 @@
-"""Feeds each harness hostile input for a while: its kept corpus, what earlier runs found, and on."""
+"""Feeds each harness hostile input for a while: its kept corpus, what was found before, and on."""
 
 import argparse
 import concurrent.futures

@@ -19,7 +19,8 @@ sources '*.cpp' | xargs cppcheck --quiet -j "$(nproc)" --std=c++17 --language=c+
     -I platform -I platform/host -I src -I board -I console -I tests/unit -I bench || status=1
 # The compiler's own warnings are its business; clang does not know all of their names.
 sources '*.cpp' | grep -v OperatorTextsJapanese |
-    xargs run-clang-tidy -quiet -p "$build" -extra-arg=-Wno-unknown-warning-option >"$build/tidy.log" 2>&1 || {
+    xargs run-clang-tidy -quiet -p "$build" -extra-arg=-Wno-unknown-warning-option \
+        >"$build/tidy.log" 2>&1 || {
     grep -E 'error:|warning:' "$build/tidy.log" | sort -u
     status=1
 }

@@ -223,7 +223,8 @@ class Peers(FaultCase):
                     self.assertEqual(list(self.folder.glob("lighttpd-upload*")), [])
                     connection = http.client.HTTPConnection("127.0.0.1", site.port)
                     connection.putrequest("POST", INSPECTOR)
-                    connection.putheader("Content-Type", "multipart/form-data; boundary=" + BOUNDARY)
+                    connection.putheader("Content-Type",
+                                         "multipart/form-data; boundary=" + BOUNDARY)
                     connection.putheader("Content-Length", len(body))
                     connection.endheaders(body[:sent])
                     time.sleep(delay)

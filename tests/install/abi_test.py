@@ -50,7 +50,8 @@ def layout():
                                  for header in sorted(folder.glob("*/*.h"))))
         # Classes are described although nothing here uses them.
         BUILD.tool("cxx", "-std=c++17", "-gdwarf-4", "-fno-eliminate-unused-debug-types",
-            "-femit-class-debug-always", *(f"-I{folder}" for folder in folders), "-c", probe, "-o", built)
+            "-femit-class-debug-always", *(f"-I{folder}" for folder in folders), "-c", probe,
+            "-o", built)
         dump = BUILD.tool("readelf", "--wide", "--debug-dump=info", built)
     return [line for described in dwarf.classes(dump, "ORVLib::") for line in described]
 

@@ -29,7 +29,8 @@ INSPECTOR, REFRESH = "/common/request.cgi", "/network/orv_refresh_set.cgi"
 PAGES = (("/system/sys_status.cgi", "31 C"), ("/user/who.cgi", "soak"),
          ("/user/ch_passwd.cgi", "New password"), ("/common/menu.cgi", "Change password"),
          ("/common/frame.cgi", "<frame name="), ("/common/nothing.cgi", "There is no such page."))
-MALFORMED = (b"GARBAGE\r\n\r\n", b"GET / HTTP/1.1\r\n\r\n", b"GET /../../etc/passwd HTTP/1.0\r\n\r\n",
+MALFORMED = (b"GARBAGE\r\n\r\n", b"GET / HTTP/1.1\r\n\r\n",
+             b"GET /../../etc/passwd HTTP/1.0\r\n\r\n",
              b"POST /common/request.cgi HTTP/1.0\r\nContent-Length: -1\r\n\r\n",
              b"POST /common/request.cgi HTTP/1.0\r\nContent-Length: 9000\r\n\r\ncut off")
 take_small_disk()
@@ -54,7 +55,7 @@ class User:
                 self.random.choice(reading)()
 
     def ask(self, text, method, *arguments):
-        """Returns the answer, which must be the page with `text`, or None while the board is away."""
+        """Returns the answer, which must be the page with `text`; None while the board is away."""
         begin = time.monotonic()
         self.asked += 1
         answer = method(*arguments)
@@ -141,7 +142,8 @@ class Soak(unittest.TestCase):
         found = []
         for process in (self.site.board.pid, self.site.server.pid):
             status = Path(f"/proc/{process}/status").read_text("ascii")
-            self.assertEqual(Path(f"/proc/{process}/task/{process}/children").read_text("ascii"), "")
+            children = Path(f"/proc/{process}/task/{process}/children").read_text("ascii")
+            self.assertEqual(children, "")
             found.append((int(re.search(r"VmHWM:\s+(\d+)", status)[1]),
                           len(os.listdir(f"/proc/{process}/fd"))))
         return found
