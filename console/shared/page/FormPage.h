@@ -58,8 +58,8 @@ protected:
 
     Step getStep() const { return m_step; }
 
-    /// Makes the form that leads to `state`, with what refuse() said. Its inputs and buttons are
-    /// the kind's.
+    /// Makes a form that carries the state after `state`, with what refuse() said. Its inputs and
+    /// buttons are the kind's.
     void beginForm(int state);
 
     /// Makes the form that shows what was sent, to be confirmed as `question` asks: a button
