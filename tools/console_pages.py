@@ -22,6 +22,12 @@ class SettingsPage:
     valid: dict          # fields and values, other than a new board's
     wrong: tuple = ()    # (field, value) pairs that are refused beside the valid values
     user: str = "admin"
+    running: tuple = ()  # valid fields that go on by themselves
+
+    @property
+    def kept(self):
+        """Fields and values that are found again."""
+        return {name: value for name, value in self.valid.items() if name not in self.running}
 
 
 PAGES = (
@@ -48,7 +54,7 @@ PAGES = (
                  {"source": "manual", "date0": "2030", "date1": "02", "date2": "28",
                   "time0": "23", "time1": "30", "zone": "+09:00"},
                  (("date2", "30"), ("date0", "2038"), ("time0", "24"), ("time2", ""),
-                  ("source", "servers"))),
+                  ("source", "servers")), running=("time0", "time1")),
     SettingsPage(72, "/network/orv_ip_set.cgi",
                  {"host": "board-2.example.com", "address3": "20", "address4": "16",
                   "gateway3": "2", "first_dns3": "54", "second_dns0": "192", "second_dns1": "0",
