@@ -1,4 +1,4 @@
-#include "EventList.h"
+#include "system/EventList.h"
 
 #include <algorithm>
 

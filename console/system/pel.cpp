@@ -1,12 +1,12 @@
 // What happened on the server: the events that the user's own filter lets through.
 
-#include "EventList.h"
 #include "gui/ORVGUIUtil.h"
 #include "shared/backend/Board.h"
 #include "shared/component/SkeletonPart.h"
 #include "shared/component/Words.h"
 #include "shared/page/ConsoleMain.h"
 #include "shared/page/Program.h"
+#include "system/EventList.h"
 
 using namespace ORVLib::Gui;
 

@@ -1,9 +1,9 @@
 // Which events the event list shows, for the user who asks.
 
-#include "EventList.h"
 #include "shared/page/ConsoleMain.h"
 #include "shared/page/Program.h"
 #include "shared/page/RecordPage.h"
+#include "system/EventList.h"
 
 namespace {
 

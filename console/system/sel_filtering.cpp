@@ -1,6 +1,5 @@
 // Looks for events. Nothing is stored: the whole question stands in the page's address.
 
-#include "EventList.h"
 #include "gui/ORVGUIUtil.h"
 #include "gui/SubmitButton.h"
 #include "shared/component/Components.h"
@@ -9,6 +8,7 @@
 #include "shared/input/InputList.h"
 #include "shared/page/ConsoleMain.h"
 #include "shared/page/Program.h"
+#include "system/EventList.h"
 
 using namespace ORVLib::Gui;
 

@@ -1,10 +1,10 @@
-#include "UserPages.h"
+#include "user/UserPages.h"
 
-#include "PasswordRule.h"
 #include "gui/ORVGUIUtil.h"
 #include "shared/backend/Board.h"
 #include "shared/component/Words.h"
 #include "shared/input/Form.h"
+#include "user/PasswordRule.h"
 
 using namespace ORVLib::Gui;
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Users.h"
 #include "shared/page/SettingsPage.h"
+#include "user/Users.h"
 
 /// The pages that change the list of users. A password never stands in a page, so none of them
 /// carries its input to a confirmation: they are applied at once.

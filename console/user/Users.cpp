@@ -1,4 +1,4 @@
-#include "Users.h"
+#include "user/Users.h"
 
 #include "shared/backend/Board.h"
 

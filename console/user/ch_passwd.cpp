@@ -2,11 +2,11 @@
 
 #include <string>
 
-#include "PasswordRule.h"
 #include "shared/backend/Board.h"
 #include "shared/page/ConsoleMain.h"
 #include "shared/page/Program.h"
 #include "shared/page/SettingsPage.h"
+#include "user/PasswordRule.h"
 
 namespace {
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "UserPages.h"
 #include "gui/ORVGUIUtil.h"
 #include "shared/component/Components.h"
 #include "shared/component/OuterPage.h"
@@ -11,6 +10,7 @@
 #include "shared/input/Form.h"
 #include "shared/page/ConsoleMain.h"
 #include "shared/page/Program.h"
+#include "user/UserPages.h"
 
 using namespace ORVLib::Gui;
 

@@ -14,9 +14,6 @@ namespace Console {
 /// What pages share whose form changes something: the step that a request asks for, the frame of
 /// the form, what it carries on, and where its completion leads.
 class FormPage : public ORVLib::Gui::CommonDefaultPage {
-public:
-    ~FormPage() override;
-
 protected:
     /// Title and place of the page are the function's; `purpose` says what it is for. `skeleton`
     /// is a file name in the folder of the page skeletons.

@@ -33,28 +33,30 @@ std::string UploadPage::sizeText(unsigned long bytes) {
 }
 
 void UploadPage::makeDispPage() {
-    if (getStep() == Step::CONFIRM) {
-        receiveFile();
-        if (!isRefused()) {
-            showConfirmation();
+    switch (getStep()) {
+        case Step::CONFIRM:
+            receiveFile();
+            if (!isRefused()) {
+                showConfirmation();
+                return;
+            }
+            break;
+        case Step::EDIT_AGAIN:
+            drop();
+            showForm(text(TEXT_FILE_DROPPED));
             return;
-        }
-    }
-    if (getStep() == Step::EDIT_AGAIN) {
-        drop();
-        showForm(text(TEXT_FILE_DROPPED));
-    } else {
-        if (getStep() == Step::CUT_OFF) {
+        case Step::CUT_OFF:
             refuse(isFileLost(getContext().form) ? TEXT_FILE_LOST : TEXT_FORM_CUT_OFF);
-        }
-        showForm("");
+            break;
+        default:
+            break;
     }
+    showForm("");
 }
 
 void UploadPage::makeConfigPage() {
     apply();
-    m_completed = !isRefused();
-    if (m_completed) {
+    if (isCompleted()) {
         showCompletion();
     } else {
         showForm("");

@@ -24,7 +24,7 @@ namespace Console {
 class UploadPage : public FormPage {
 public:
     /// True when the page has done what the user confirmed. REQUIRES: makePage() was called.
-    bool isCompleted() const { return m_completed; }
+    bool isCompleted() const { return getStep() == Step::APPLY && !isRefused(); }
 
 protected:
     /// `file` is what the input is called, `notice` what is asked before apply().
@@ -59,7 +59,6 @@ private:
 
     Text m_file;
     Text m_notice;
-    bool m_completed = false;
 };
 
 }  // namespace Console
