@@ -28,16 +28,20 @@ NO_SESSION, REFUSED, NOT_AUTHORISED, NO_ITEM, BAD_REQUEST, BUSY = (
     1031, 1281, 1282, 1283, 1284, 1285)
 EXISTS, FULL, NOT_FOUND, LAST_ADMINISTRATOR, DAMAGED = 1286, 1287, 1288, 1289, 1290
 
-LIMIT = 10
+LIMIT = 10  # seconds that an answer may take
 
 
 class BoardError(Exception):
+    """An error response of the daemon."""
+
     def __init__(self, payload):
         *_, self.action, self.detail, _ = struct.unpack(">6i", payload[:24])
         super().__init__(f"detail {self.detail}")
 
 
 class Answer:
+    """What the daemon answered: the telegram's fields, and the payload when there is one."""
+
     def __init__(self, header, payload=None):
         self.header, self.payload = header, payload
         self.session = header[4:36].rstrip(b"\0")
@@ -94,7 +98,8 @@ class BoardClient:
         kinds = [answered for answered, _ in answer]
         if kinds == [ERROR]:
             raise BoardError(answer[0][1])
-        self.assertEqual(kinds, [kind] * len(kinds))
+        if set(kinds) != {kind}:
+            raise ValueError(f"request {kind:#x} was answered with {kinds}")
         return Answer(*(payload for _, payload in answer))
 
     def login(self, user=b"admin", password=None, address=b"192.0.2.7"):

@@ -105,9 +105,10 @@ def check_menu(site, user):
     for link in links:
         frames = FRAME.findall(client.get(link).body.decode("latin-1"))
         expect(len(frames) == 3, "the frameset does not have its three frames")
-        for frame in {frame.partition("?")[0]: frame for frame in frames}.values():
-            if frame.partition("?")[0] not in seen:
-                seen.add(frame.partition("?")[0])
+        for frame in frames:
+            path = frame.partition("?")[0]
+            if path not in seen:
+                seen.add(path)
                 page = client.get(frame).body
                 is_good = b"</html>" in page and b'class="notice"' not in page
                 expect(is_good, f"{frame} fails {user}")

@@ -25,7 +25,7 @@ def parse_arguments():
     parser.add_argument("--build", type=pathlib.Path, help=argparse.SUPPRESS)
     arguments = parser.parse_args()
     arguments.seconds = 60
-    if arguments.harness and arguments.harness[0][0].isdigit():
+    if arguments.harness and arguments.harness[0][:1].isdigit():
         text = arguments.harness.pop(0)
         if not (text.isascii() and text.isdigit() and 0 < int(text) <= LONGEST):
             parser.error(f"'{text}' is no number of seconds from 1 to {LONGEST}")
