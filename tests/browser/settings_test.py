@@ -1,11 +1,10 @@
-"""Settings pages, one after the other: what is set stays, what is wrong is refused, what anybody
-types is text."""
+"""Settings pages, one after the other: what is set stays, what anybody types is text."""
 
 import unittest
 
 from browser_case import BrowserCase
-from selenium.common.exceptions import NoAlertPresentException
 from console_pages import PAGES
+from selenium.common.exceptions import NoAlertPresentException
 
 # Cut to what a field takes. None holds a blank, which address fields show as another one.
 NASTY_TEXTS = ("<script>alert(1)</script>", "\"><img/src=x/onerror=alert(1)>", "'\"&lt;&#65;&amp;",

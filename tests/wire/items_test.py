@@ -535,18 +535,17 @@ class ItemsTest(BoardCase):
         present = self.get(BACKUP, admin)
         lines = before.splitlines(keepends=True)[:-1]
 
-        signed = self.signed
-        self.assertEqual(signed(lines), before)
+        self.assertEqual(self.signed(lines), before)
         led = next(n for n, line in enumerate(lines) if line.startswith(b"item 000b"))
 
         def with_led(line):
-            return signed(lines[:led] + [line] + lines[led + 1:])
+            return self.signed(lines[:led] + [line] + lines[led + 1:])
 
         for content in (
                 before[:-1], before + b"\n", before.replace(b"\n", b"\r\n"), b"\n", b"\0",
                 before[:-2] + bytes([before[-2] ^ 1]) + b"\n", b"".join(lines), lines[0],
-                signed([b"orv-settings 2\n"] + lines[1:]), signed(lines[:-1]),
-                signed(lines + lines[-1:]), signed(lines[:1] + lines[:0:-1]),
+                self.signed([b"orv-settings 2\n"] + lines[1:]), self.signed(lines[:-1]),
+                self.signed(lines + lines[-1:]), self.signed(lines[:1] + lines[:0:-1]),
                 with_led(b"item 000b " + record("of").hex().encode() + b"\n"),
                 with_led(b"item 000b " + record("off").hex().upper().encode() + b"\n"),
                 with_led(b"item 000b 6f666600f\n"), with_led(b"item 000b\n"),
