@@ -3,7 +3,7 @@
 # shellcheck shell=bash disable=SC2015,SC2034
 
 BUILD_PACKAGES="cmake g++ libc-bin libcrypt-dev libsqlite3-dev lighttpd lighttpd-mod-openssl
-    ninja-build nettle-dev openssl python3 util-linux"
+    lighttpd-modules-lua ninja-build nettle-dev openssl python3 util-linux"
 TEST_PACKAGES="binutils clang-format clang-tidy cppcheck doxygen libgtest-dev mount pkg-config
     pyflakes3 shellcheck"
 BOARD_PACKAGES="autoconf automake dpkg-dev g++-powerpc-linux-gnu googletest libtool m4 make
