@@ -4,6 +4,7 @@ import contextlib
 import os
 import pathlib
 import shutil
+import signal
 import socket
 import subprocess
 import time
@@ -13,6 +14,8 @@ from console_client import ConsoleClient
 PROJECT = pathlib.Path(__file__).resolve().parent.parent
 START_LIMIT_SECONDS = 10
 PRIVATE = 0o077  # file mode mask: state, keys and logs are for whoever starts the servers
+LARGEST_LOG = 1 << 20  # bytes
+LOGS_KEPT = 4
 COMMAND_WORD = 3  # where a server's own command begins, behind setpriv's words
 
 
@@ -74,6 +77,8 @@ class ConsoleSite(contextlib.AbstractContextManager):
         self.run = pathlib.Path(run).resolve()
         self.socket = self.run / "board.sock"
         self.environment = {"ORV_IPC_SOCKET": self.socket,
+                            "ORV_PAGE_PLACES": self.run / "places",
+                            "ORV_TRACE_LIMITS": self.run / "trace.limits",
                             "ORV_TRACE_LEVEL": os.environ.get("ORV_TRACE_LEVEL", "0"),
                             **(environment or {})}
         self.port = port or free_port()
@@ -126,12 +131,26 @@ class ConsoleSite(contextlib.AbstractContextManager):
         self._processes.remove(process)
 
     def wait(self):
-        """Returns when one of the servers has ended, with its name."""
+        """Returns when one of the servers has ended, with its name. Meanwhile rotates the logs."""
         while True:
+            self.rotate_logs()
             for process in self._processes:
                 if process.poll() is not None:
                     return pathlib.Path(process.args[COMMAND_WORD]).name
             time.sleep(0.2)
+
+    def rotate_logs(self):
+        """Begins a log anew when it is large; keeps the last few as trace.log.1 and so on."""
+        large = [log for log in (self.trace_log, self.run / "server.log")
+                 if log.exists() and log.stat().st_size > LARGEST_LOG]
+        for log in large:
+            for age in range(LOGS_KEPT - 1, 0, -1):
+                older = log.with_name(f"{log.name}.{age}")
+                if older.exists():
+                    older.rename(log.with_name(f"{log.name}.{age + 1}"))
+            log.rename(log.with_name(log.name + ".1"))
+        if large:
+            self.server.send_signal(signal.SIGHUP)  # lighttpd opens its logs again
 
     def start_board(self, *options):
         """Starts the simulated board with further words on its command line."""
@@ -180,7 +199,7 @@ class ConsoleSite(contextlib.AbstractContextManager):
         text = (PROJECT / "console" / "lighttpd.conf.in").read_text(encoding="utf-8")
         environment = ", ".join(f'"{name}" => "{value}"'
                                 for name, value in self.environment.items())
-        values = {"PORT": self.port, "SITE": self.build / "site", "RUN": self.run,
+        values = {"PORT": self.port, "PROJECT": PROJECT, "SITE": self.build / "site", "RUN": self.run,
                   "ENVIRONMENT": environment, "RUNNER": self.runner,
                   "TLS": TLS % (self.tls_port, self.certificate) if self.tls_port else ""}
         for name, value in values.items():

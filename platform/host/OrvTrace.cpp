@@ -8,12 +8,15 @@
 #include <cstdlib>
 #include <ctime>
 
+#include "TraceLimit.h"
 #include "TraceSink.h"
 #include "common/ParseNumber.h"
 
 namespace ORVLib::trace {
 
 namespace {
+
+constexpr int ERROR_LEVEL = 0;
 
 TraceSink traceSink = nullptr;
 
@@ -22,22 +25,23 @@ int highestLevel() {
     return parseNumber(level != nullptr ? level : "", 0, INT_MAX).value_or(0);
 }
 
-bool isControl(unsigned char byte) {
-    return byte < 0x20 || byte == 0x7f;
+bool isPrintableAscii(unsigned char byte) {
+    return byte >= 0x20 && byte < 0x7f;
 }
 
-// A text from the network must not be able to end the line and forge an entry.
+// A text from the network must not be able to end the line and forge an entry, nor to control the
+// terminal that shows the log.
 std::string oneLine(const std::string& text) {
     std::string line;
     line.reserve(text.size());
     for (const char character : text) {
         const auto byte = static_cast<unsigned char>(character);
-        if (isControl(byte)) {
+        if (isPrintableAscii(byte)) {
+            line += character;
+        } else {
             char escape[sizeof("\\xHH")];
             std::snprintf(escape, sizeof escape, "\\x%02x", byte);
             line += escape;
-        } else {
-            line += character;
         }
     }
     return line;
@@ -54,7 +58,7 @@ std::string timeOfDay() {
     return text;
 }
 
-void writeToStandardError(const TraceEntry& entry) {
+void writeLine(const TraceEntry& entry) {
     char origin[96];
     std::snprintf(origin, sizeof origin, " [%ld] level=%d %d/%d/%d ", static_cast<long>(getpid()),
                   entry.level, entry.category, entry.subCategory, entry.module);
@@ -62,6 +66,23 @@ void writeToStandardError(const TraceEntry& entry) {
     // One write an entry keeps the lines of concurrent pages apart. A log that cannot be written
     // has nowhere left to be reported.
     static_cast<void>(!::write(STDERR_FILENO, line.data(), line.size()));
+}
+
+// Errors repeat as often as somebody wants them to. Higher levels are for who looks for a fault.
+void writeToStandardError(const TraceEntry& entry) {
+    if (entry.level <= ERROR_LEVEL) {
+        const TraceLimit::Verdict verdict = TraceLimit::count(entry);
+        if (verdict.dropped > 0) {
+            TraceEntry summary = entry;
+            summary.text =
+                "dropped: " + std::to_string(verdict.dropped) + " entries like the next one";
+            writeLine(summary);
+        }
+        if (!verdict.isKept) {
+            return;
+        }
+    }
+    writeLine(entry);
 }
 
 }  // namespace
