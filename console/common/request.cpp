@@ -173,5 +173,5 @@ private:
 }  // namespace
 
 int main() {
-    return Console::runProgram<InspectorMain>();
+    return Console::runProgram<InspectorMain>({true, std::nullopt, Console::Places::ORDINARY});
 }

@@ -32,5 +32,5 @@ protected:
 }  // namespace
 
 int main() {
-    return Console::runProgram<TimeoutMain>();
+    return Console::runProgram<TimeoutMain>({false, std::nullopt, Console::Places::RESERVED});
 }

@@ -140,5 +140,5 @@ protected:
 }  // namespace
 
 int main() {
-    return Console::runProgram<BackupMain>();
+    return Console::runUploadProgram<BackupMain>(BackupPage::FUNCTION);
 }

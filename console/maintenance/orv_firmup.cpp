@@ -225,5 +225,5 @@ protected:
 }  // namespace
 
 int main() {
-    return Console::runProgram<FirmwareMain>();
+    return Console::runUploadProgram<FirmwareMain>(FirmwarePage::FUNCTION);
 }

@@ -1,6 +1,5 @@
 """Programs under faults: where they run, what they are given, and that nothing of them is left."""
 
-import contextlib
 import glob
 import hashlib
 import os
@@ -41,14 +40,6 @@ def take_small_disk():
 
 def uploads():
     return set(glob.glob("/var/tmp/tmp_*"))
-
-
-def running_pages():
-    site, found = os.fsencode(BUILD / "site"), []
-    for path in glob.glob("/proc/[0-9]*/cmdline"):
-        with contextlib.suppress(OSError):  # it has just ended
-            found += [path] * Path(path).read_bytes().startswith(site)
-    return found
 
 
 class Page(Answer):
@@ -115,9 +106,9 @@ class FaultCase(BoardCase):
             "ORV_IPC_TIMEOUT_MS": str(int(TIME_LIMIT * 1000)),
             "CONTENT_TYPE": "multipart/form-data; boundary=" + BOUNDARY if file is not None else ""}
         return subprocess.Popen(
-            [BUILD / "site/usr/local/www/htdocs" / path.lstrip("/")], env=environment, stdin=stdin,
+            [BUILD / "site/usr/local/www/htdocs" / path.lstrip("/")], env=environment,
             preexec_fn=lambda: [resource.setrlimit(kind, (most, most)) for kind, most in limits],
-            **{"stdout": subprocess.PIPE, "stderr": subprocess.PIPE, **streams})
+            **{"stdin": stdin, "stdout": subprocess.PIPE, "stderr": subprocess.PIPE, **streams})
 
     def finish_page(self, process):
         output, log = process.communicate(timeout=3 * LIMIT)

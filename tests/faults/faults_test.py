@@ -22,7 +22,8 @@ from board_client import (
 from console_client import BOUNDARY, multipart
 from console_site import ConsoleSite
 from fault_case import (
-    BUILD, ERROR_STATUS, NOT_LOADED, SANITIZED, FaultCase, running_pages, take_small_disk)
+    BUILD, ERROR_STATUS, NOT_LOADED, SANITIZED, FaultCase, take_small_disk, uploads)
+from site_case import running_pages
 
 INSPECTOR, NAMES = "/common/request.cgi", "/system/sys_info.cgi"
 SEARCH, FIRMWARE = "/system/sel_filtering.cgi", "/maintenance/orv_firmup.cgi"
@@ -82,7 +83,8 @@ class Limits(FaultCase):
 
     @unittest.skipUnless(SMALL_DISK, "no disk of our own here")
     def test_a_full_or_read_only_disk_stops_what_cannot_be_stored_and_nothing_else(self):
-        self.state = Path(self.enterContext(tempfile.TemporaryDirectory(dir="/var/tmp"))) / "db"
+        folder = tempfile.TemporaryDirectory(prefix="state-", dir="/var/tmp")
+        self.state = Path(self.enterContext(folder)) / "db"
         filler = self.exhaust()
         self.assertRefusesToStart("full")
         filler.unlink()
@@ -161,6 +163,36 @@ class Limits(FaultCase):
         for connection in greedy:
             connection.close()
         self.check(session)
+
+    def test_a_body_is_read_only_of_whom_it_may_be_taken(self):
+        self.start()
+        admin, guest = (self.login(user).session for user in (b"admin", b"guest"))
+        form, file = {"fields": {"a": "x" * 3 * MIB}}, {"file": bytes(3 * MIB)}
+        for path, session, body, text in (
+                (NAMES, admin, form, "413 Payload Too Large"), (NAMES, admin, file, "413 "),
+                (INSPECTOR, b"", form, "413 "), (FIRMWARE, admin, form, "413 "),
+                (FIRMWARE, b"nobody", file, "timeout.cgi"), (FIRMWARE, guest, file, r"\(00:0502\)"),
+                (FIRMWARE, admin, file, r"\(00:0413\)")):  # is read, and nothing comes
+            self.session = session
+            self.assertRegex(self.page(path, missing=3 * MIB, **body).body.decode(), text)
+
+    @unittest.skipIf(SANITIZED, "a sanitizer's own memory is without measure")
+    def test_a_page_that_needs_too_much_ends_in_an_error_page(self):
+        fields = {str(number): "" for number in range(700000)}
+        page = self.page(INSPECTOR, fields, file=b"x")
+        self.assertError(page, "Error")
+        self.assertIn("bad_alloc", page.log)
+        body = multipart({}, b"file.bin", bytes(3 * MIB))
+        reader, writer = os.pipe()
+        process = self.start_page(INSPECTOR, file=bytes(3 * MIB), stdin=reader)
+        os.close(reader)
+        os.write(writer, body[:2 * MIB])
+        self.waitFor(lambda: uploads() - self.uploads)
+        process.send_signal(signal.SIGXCPU)
+        page = self.finish_page(process)
+        os.close(writer)
+        self.assertIn("too much processor time", page.text())
+        self.assertIn("too much processor time", page.log)
 
 
 class Peers(FaultCase):

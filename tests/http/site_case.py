@@ -1,13 +1,25 @@
 """The console of CONSOLE_BUILD, served for the tests of one file."""
 
+import contextlib
+import glob
 import os
 import tempfile
 import unittest
+from pathlib import Path
 
 from console_client import ConsoleClient
 from console_site import ConsoleSite
 
+BUILD = Path(os.environ["CONSOLE_BUILD"])
 SANITIZER_REPORTS = ("AddressSanitizer", "LeakSanitizer", "runtime error:")
+
+
+def running_pages():
+    site, found = os.fsencode(BUILD / "site"), []
+    for path in glob.glob("/proc/[0-9]*/cmdline"):
+        with contextlib.suppress(OSError):  # it has just ended
+            found += [path] * Path(path).read_bytes().startswith(site)
+    return found
 
 
 class SiteCase(unittest.TestCase):
@@ -17,7 +29,7 @@ class SiteCase(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.run_folder = cls.enterClassContext(tempfile.TemporaryDirectory())
-        cls.site = cls.enterClassContext(ConsoleSite(os.environ["CONSOLE_BUILD"], cls.run_folder,
+        cls.site = cls.enterClassContext(ConsoleSite(BUILD, cls.run_folder,
                                                      environment=cls.environment,
                                                      tls_port=cls.tls_port))
         cls.client = ConsoleClient(cls.site.url)

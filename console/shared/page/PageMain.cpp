@@ -1,5 +1,6 @@
 #include "shared/page/PageMain.h"
 
+#include "shared/access/PageLimits.h"
 #include "shared/component/OuterPage.h"
 #include "shared/input/Form.h"
 
@@ -24,6 +25,7 @@ void PageMain::answerWithFile(const std::string& fileName) {
 
 void PageMain::printPage(std::unique_ptr<HTMLComponent> body) {
     HTMLMapUtil::insertIntoMap(m_page->getMap(), HTMLPage::KEY_BODY, std::move(body));
+    notePageBegun();
     m_page->getGenerator().printHTML();
 }
 

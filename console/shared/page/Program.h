@@ -1,30 +1,39 @@
 #pragma once
 
 #include <exception>
+#include <optional>
 #include <string>
 
 #include "gui/FormInfo.h"
 #include "orv/PException.h"
-#include "shared/access/Origin.h"
+#include "shared/access/Functions.h"
+#include "shared/access/PageLimits.h"
 
 namespace Console {
+
+/// What a page expects of its requests.
+struct RequestRules {
+    /// A page that takes no file gets forms of up to 64 KiB.
+    bool takesFile = false;
+    /// The function whose right a user needs before a body is read; without one, nobody is asked.
+    std::optional<Function> function;
+    /// Pages that are answered when all others have to wait.
+    Places places = Places::ORDINARY;
+};
 
 /// Answers a request that could not even be read. Returns the program's exit status.
 int refuseRequest(const std::string& reason);
 
-/// Answers a request that another site made a browser send. Returns the program's exit status.
-int refuseForeignPost();
+/// Limits what this process may use and decides, before anything of the body is read, whether the
+/// request is taken at all. Returns the program's exit status when it has been refused and
+/// answered. The body of a file page's user who has not the right to it counts as empty.
+std::optional<int> admitRequest(const RequestRules& rules);
 
-/// Lets a log or a page that cannot be written be a failed write, not the end of the program.
-void ignoreOutputSignals();
-
-/// A page program's main(): reads the request, unless another site made it, and runs a main object
-/// on it.
+/// A page program's main(): reads the request, when it is admitted, and runs a main object on it.
 template <typename Main>
-int runProgram() {
-    ignoreOutputSignals();
-    if (isForeignPost()) {
-        return refuseForeignPost();
+int runProgram(const RequestRules& rules = {}) {
+    if (const std::optional<int> refused = admitRequest(rules)) {
+        return *refused;
     }
     std::unique_ptr<ORVLib::Gui::FormInfo> form;
     try {
@@ -36,6 +45,12 @@ int runProgram() {
     }
     ORVLib::Gui::FormInfo::myInstance = form.get();
     return Main(*form).exec();
+}
+
+/// As runProgram(), for a page that takes a file from users with the right to `function`.
+template <typename Main>
+int runUploadProgram(Function function) {
+    return runProgram<Main>({true, function, Places::ORDINARY});
 }
 
 }  // namespace Console
