@@ -13,6 +13,8 @@ namespace {
 
 constexpr char HEX_DIGITS[] = "0123456789abcdef";
 constexpr std::string_view BLANKS = " \t";
+constexpr std::string_view NAME_START = "TEXT_";
+constexpr std::string_view NAME_CHARACTERS = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_";
 
 bool isBlank(char character) {
     return BLANKS.find(character) != std::string_view::npos;
@@ -20,6 +22,15 @@ bool isBlank(char character) {
 
 bool isDigit(char character) {
     return character >= '0' && character <= '9';
+}
+
+// How much of `text` is a name; 0 when it does not begin with one.
+std::size_t nameLength(std::string_view text) {
+    const std::size_t length = std::min(text.find_first_not_of(NAME_CHARACTERS), text.size());
+    const bool isName = text.substr(0, NAME_START.size()) == NAME_START &&
+                        length > NAME_START.size() &&
+                        (length == text.size() || isBlank(text[length]));
+    return isName ? length : 0;
 }
 
 // What makes a line no text at all, comment or not; empty when it is well-formed.
@@ -148,8 +159,9 @@ void TextReader::readLine(std::size_t line, std::string_view text) {
         return;
     }
     text.remove_prefix(std::min(text.find_first_not_of(BLANKS), text.size()));
+    const std::string name = takeName(line, text);
     const std::string bytes = fault.empty() ? readText(line, text) : "";
-    const auto [entry, added] = m_entries.insert({number, Entry{line, bytes}});
+    const auto [entry, added] = m_entries.insert({number, Entry{line, name, bytes}});
     if (!added) {
         report(line, "number " + std::to_string(number) + " is already used on line " +
                          std::to_string(entry->second.line));
@@ -176,6 +188,19 @@ bool TextReader::readNumber(std::size_t line, std::string_view& text, std::uint3
     }
     text.remove_prefix(length);
     return true;
+}
+
+// Takes the name that `text` may begin with off it.
+std::string TextReader::takeName(std::size_t line, std::string_view& text) {
+    const std::size_t length = nameLength(text);
+    const std::string name(text.substr(0, length));
+    text.remove_prefix(length);
+    text.remove_prefix(std::min(text.find_first_not_of(BLANKS), text.size()));
+    const auto [earlier, added] = m_names.insert({name, line});
+    if (!name.empty() && !added) {
+        report(line, name + " is already used on line " + std::to_string(earlier->second));
+    }
+    return name;
 }
 
 // REQUIRES: `text` is well-formed UTF-8.
@@ -224,8 +249,10 @@ std::string textLine(std::size_t number, std::string_view bytes, const Character
         std::size_t length = 0;
         const std::string character = characters.decodeFirst(bytes.substr(at), length);
         length = character.empty() ? 1 : length;
+        const std::string_view encoded = bytes.substr(at, length);
         const bool atEdge = at == 0 || at + length == bytes.size();
-        line += atEdge && character == " " ? "\\x20" : escaped(character, bytes.substr(at, length));
+        const bool isMistaken = (atEdge && character == " ") || (at == 0 && nameLength(bytes) > 0);
+        line += isMistaken ? hexEscaped(encoded) : escaped(character, encoded);
         at += length;
     }
     return line + '\n';

@@ -19,6 +19,7 @@
 #include "CharacterSet.h"
 #include "Failure.h"
 #include "Limits.h"
+#include "Names.h"
 #include "TextForm.h"
 #include "common/FileDescriptor.h"
 
@@ -32,16 +33,19 @@ constexpr int EXIT_USAGE = 2;
 constexpr char USAGE[] =
     "usage: mkcatalogue --charset SET INPUT.txt OUTPUT.out\n"
     "       mkcatalogue --dump --charset SET CATALOGUE.out\n"
+    "       mkcatalogue --header NAMESPACE INPUT.txt OTHER_LANGUAGE.txt OUTPUT.h\n"
     "       mkcatalogue --help\n";
 
 constexpr char HELP[] =
     "\n"
     "Makes a message catalogue from a text file, or with --dump writes a catalogue's\n"
     "text form to standard output. SET is the character set of the catalogue's strings,\n"
-    "such as EUC-JP or ISO-8859-1.\n"
+    "such as EUC-JP or ISO-8859-1. With --header makes a C++ header with the texts' names,\n"
+    "when both languages have the same texts with the same names and placeholders (%s, %1).\n"
     "\n"
     "The text form is UTF-8, one text a line: its number (0 to 65535, any order, none\n"
-    "missing), blanks, the text. Blank lines and lines that begin with # are comments.\n"
+    "missing), blanks, its name if it has one (such as TEXT_NEXT) and blanks, the text.\n"
+    "Blank lines and lines that begin with # are comments.\n"
     "In texts:\n"
     "  \\n \\t \\\\   line feed, tab, backslash\n"
     "  \\xHH       the byte with this hexadecimal value, as it is\n"
@@ -53,12 +57,14 @@ struct Options {
     bool help = false;
     bool dump = false;
     std::string charset;
+    std::string nameSpace;  // of a header to make; empty for none
     std::vector<std::string> files;
 };
 
 bool readOptions(int argc, char** argv, Options& options) {
     constexpr option KNOWN[] = {{"charset", required_argument, nullptr, 'c'},
                                 {"dump", no_argument, nullptr, 'd'},
+                                {"header", required_argument, nullptr, 'n'},
                                 {"help", no_argument, nullptr, 'h'},
                                 {nullptr, 0, nullptr, 0}};
     bool charsetGiven = false;
@@ -72,6 +78,9 @@ bool readOptions(int argc, char** argv, Options& options) {
             case 'd':
                 options.dump = true;
                 break;
+            case 'n':
+                options.nameSpace = optarg;
+                break;
             case 'h':
                 options.help = true;
                 return true;
@@ -80,6 +89,9 @@ bool readOptions(int argc, char** argv, Options& options) {
         }
     }
     options.files.assign(argv + optind, argv + argc);
+    if (!options.nameSpace.empty()) {
+        return !charsetGiven && !options.dump && options.files.size() == 3;
+    }
     return charsetGiven && options.files.size() == (options.dump ? 1 : 2);
 }
 
@@ -192,13 +204,22 @@ int dump(const std::string& path, const CharacterSet& characters) {
     return EXIT_SUCCESS;
 }
 
+/// Says what is wrong in `file`. Returns true when nothing is.
+bool report(const std::string& file, const std::vector<Problem>& problems) {
+    for (const Problem& problem : problems) {
+        std::cerr << file << ':';
+        if (problem.line > 0) {
+            std::cerr << problem.line << ':';
+        }
+        std::cerr << ' ' << problem.text << '\n';
+    }
+    return problems.empty();
+}
+
 int make(const std::string& input, const std::string& output, const CharacterSet& characters) {
     const std::string file = readFile(input, MAX_TEXT_SIZE);
     const TextReader reader(file, characters);
-    for (const Problem& problem : reader.problems()) {
-        std::cerr << input << ':' << problem.line << ": " << problem.text << '\n';
-    }
-    if (!reader.problems().empty()) {
+    if (!report(input, reader.problems())) {
         return EXIT_FAILURE;
     }
     refuseToReplace(output, input);
@@ -206,9 +227,37 @@ int make(const std::string& input, const std::string& output, const CharacterSet
     return EXIT_SUCCESS;
 }
 
+int header(const std::string& input, const std::string& other, const std::string& output,
+           const std::string& nameSpace) {
+    const CharacterSet characters("UTF-8");
+    const std::string file = readFile(input, MAX_TEXT_SIZE);
+    const std::string otherFile = readFile(other, MAX_TEXT_SIZE);
+    const TextReader texts(file, characters);
+    const TextReader others(otherFile, characters);
+    if (!report(input, texts.problems()) || !report(other, others.problems())) {
+        return EXIT_FAILURE;
+    }
+    const bool isFirstWhole = report(input, findMissing(texts, others, other));
+    const bool isSecondWhole = report(other, findMissing(others, texts, input));
+    if (!report(other, findDifferences(others, texts, input)) || !isFirstWhole || !isSecondWhole) {
+        return EXIT_FAILURE;
+    }
+    refuseToReplace(output, input);
+    refuseToReplace(output, other);
+    const std::string content = makeHeader(texts, nameSpace);
+    // A header that stays as it is lets nothing be compiled again.
+    if (access(output.c_str(), F_OK) != 0 || readFile(output, MAX_TEXT_SIZE) != content) {
+        replaceFile(output, content);
+    }
+    return EXIT_SUCCESS;
+}
+
 int run(const Options& options) {
     if (options.help) {
         return help();
+    }
+    if (!options.nameSpace.empty()) {
+        return header(options.files[0], options.files[1], options.files[2], options.nameSpace);
     }
     const CharacterSet characters(options.charset);
     return options.dump ? dump(options.files[0], characters)

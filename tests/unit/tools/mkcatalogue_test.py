@@ -48,7 +48,9 @@ class Mkcatalogue(unittest.TestCase):
                 ("ISO-8859-1", "0 café".encode(), words(1, 0) + b"caf\xe9\0"),
                 ("ISO-8859-1", b"\xef\xbb\xbf# note\r\n \t\r\n2\r\n0 \t a  b \t\r\n01\tc\r\n",
                  words(3, 0, 5, 7) + b"a  b\0c\0\0"),
-                ("EUC-JP", rb"0 \x20\n\t\\n\xA4\xfF\x20", words(1, 0) + b" \n\t\\n\xa4\xff \0")):
+                ("EUC-JP", rb"0 \x20\n\t\\n\xA4\xfF\x20", words(1, 0) + b" \n\t\\n\xa4\xff \0"),
+                ("EUC-JP", b"0 TEXT_A  a\n1 TEXT_B\n2 TEXT_c d\n3 \\x54EXT_D",
+                 words(4, 0, 2, 3, 12) + b"a\0\0TEXT_c d\0TEXT_D\0")):
             with self.subTest(text=text):
                 result = self.make(text, charset, preexec_fn=lambda: os.umask(0o027))
                 self.assertEqual((result.returncode, result.stderr), (0, b""))
@@ -72,16 +74,41 @@ class Mkcatalogue(unittest.TestCase):
                 (b"-1 a\n65536 b\n4294967296 c\n18446744073709551616 d",
                  *(f"{line}: {limits}" for line in range(1, 5))),
                 (b"0 \\q\n1 \\\n2 \\x4\n3 \\x4g", *(f"{line}: {escape}" for line in range(1, 5))),
+                (b"0 TEXT_A a\n1 TEXT_A b", "2: TEXT_A is already used on line 1"),
                 (rb"0 \x00", r"1: \x00 would end the text")):
             with self.subTest(text=text):
                 Path("out").write_bytes(b"before")
                 self.assert_fails(self.make(text), "\n".join("in.txt:" + e for e in errors))
                 self.assert_output_is_as_before()
 
+    def header(self, first, second):
+        Path("in.txt").write_text(first, encoding="utf-8")
+        Path("other.txt").write_text(second, encoding="utf-8")
+        return self.run_program("--header", "N", "in.txt", "other.txt", "out")
+
+    def test_makes_a_header_of_names_that_both_languages_have(self):
+        first = "0 TEXT_A a %s %1\n2 c\n1 TEXT_B b"
+        self.assertEqual(self.header(first, "0 TEXT_A %1%s 電\n1 TEXT_B\n2\n").returncode, 0)
+        header = Path("out").read_text(encoding="utf-8")
+        self.assertIn("namespace N {", header)
+        self.assertIn("enum Text {\n    TEXT_A = 0,\n    TEXT_B = 1\n};\n", header)
+        Path("out").write_bytes(b"before")
+        for second, *errors in (
+                ("0 TEXT_A a %s %1\n1 TEXT_B b", "other.txt: text 2 (no name) is missing:"
+                 " it is in in.txt:2"),
+                (first + "\n3 TEXT_C d",
+                 "in.txt: text 3 (TEXT_C) is missing: it is in other.txt:4"),
+                ("0 TEXT_A a %s %s\n1 b\n2 c", "other.txt:1: the placeholders differ from those in"
+                 " in.txt:1", "other.txt:2: no name is called TEXT_B in in.txt:3"),
+                (first + "\nx", "other.txt:4: the line does not begin with a number and a blank")):
+            self.assert_fails(self.header(first, second), "\n".join(errors))
+            self.assertEqual(Path("out").read_bytes(), b"before")
+
     def test_dumps_text_that_makes_the_same_catalogue(self):
         for charset, area, text in (
                 ("EUC-JP", b"\xc5\xc5\xb8\xbb\0\0\x8f\xb0\xa1\0", "0 電源\n1\n2 丂\n"),
                 ("EUC-JP", b" \0  a  \0\t\n\\x\0", "0 \\x20\n1 \\x20 a \\x20\n2 \\t\\n\\\\x\n"),
+                ("EUC-JP", b"TEXT_A b\0TEXT_A\0TEXT_\0", "0 \\x54EXT_A b\n1 \\x54EXT_A\n2 TEXT_\n"),
                 ("EUC-JP", b"\xa4\0\x1b\x85\x7f\0\xa4\xffA\xa4\xa2\xa4\0",
                  "0 \\xa4\n1 \\x1b\\x85\\x7f\n2 \\xa4\\xffAあ\\xa4\n"),
                 # Both mean U+FFE2; only the first is what that character is written as.
@@ -148,7 +175,7 @@ class Mkcatalogue(unittest.TestCase):
             self.assertRegex(result.stderr.decode(), rf"^.*character set '{charset}'.*\n$")
             self.assertEqual((result.returncode, os.listdir()), (1, ["in.txt"]))
         for arguments in ("in.txt out", "--charset EUC-JP in.txt", "--wrong", "--charset",
-                          "--dump --charset EUC-JP in.txt out"):
+                          "--dump --charset EUC-JP in.txt out", "--header N in.txt out"):
             result = self.run_program(*arguments.split())
             self.assertEqual((result.returncode, result.stderr[:7]), (2, b"usage: "), arguments)
 
