@@ -118,10 +118,14 @@ class Install(unittest.TestCase):
     def test_page_by_pkg_config(self):
         flags = run("pkg-config", "--cflags", "--libs", "orvgui",
                     PKG_CONFIG_LIBDIR=f"{self.stage}{LIBDIR}/pkgconfig")
-        page = self.outside / "page"
-        run(BUILD.settings["cxx"], "-std=c++17", self.outside / "page.cpp",
-            "-o", page, *flags.stdout.decode().split())
-        self.ask(page)
+        readme = (TREE / "README.md").read_text(encoding="utf-8")
+        (self.outside / "hello.cpp").write_text(readme.split("```cpp\n")[1].split("```")[0])
+        for name in ("page", "hello"):
+            run(BUILD.settings["cxx"], "-std=c++17", self.outside / (name + ".cpp"),
+                "-o", self.outside / name, *flags.stdout.decode().split())
+        self.ask(self.outside / "page")
+        self.assertEqual(self.start(self.outside / "hello").stdout,
+                         b"Content-Type: text/plain\n\nHello\n")
 
     def test_page_by_find_package(self):
         (self.outside / "CMakeLists.txt").write_text(CMAKE_PROJECT)
@@ -148,10 +152,13 @@ class Install(unittest.TestCase):
 
     def ask(self, page):
         """Runs a page as the web server does, from where its libraries are staged."""
-        answer = run(*BUILD.command(page, self.outside / "skeleton.txt"), REQUEST_METHOD="GET",
-                     QUERY_STRING="who=%3Cyou%3E+%26+me", LD_LIBRARY_PATH=f"{self.stage}{LIBDIR}")
+        answer = self.start(page, self.outside / "skeleton.txt")
         self.assertEqual(answer.stdout, PAGE)
         self.assertIn(b"printed", answer.stderr)
+
+    def start(self, *page):
+        return run(*BUILD.command(*page), REQUEST_METHOD="GET", QUERY_STRING="who=%3Cyou%3E+%26+me",
+                   LD_LIBRARY_PATH=f"{self.stage}{LIBDIR}")
 
 
 if __name__ == "__main__":
