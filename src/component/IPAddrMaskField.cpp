@@ -1,10 +1,9 @@
 #include "gui/IPAddrMaskField.h"
 
-#include <iostream>
-
 #include "component/Attributes.h"
 #include "component/Validation.h"
 #include "message/Numbers.h"
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
@@ -35,43 +34,43 @@ void IPAddrMaskField::printHTML() const {
 
 void IPAddrMaskField::printBoxes() const {
     for (int i = 0; i < ADDR_BYTE_SIZE; ++i) {
-        std::cout << "<input type=\"text\"";
+        output << "<input type=\"text\"";
         printSizes(IP_SIZE, IP_MAX_LENGTH);
         printNumberedValue(getAddress(i), getName(), i);
-        std::cout << '>';
+        output << '>';
         if (i < ADDR_BYTE_SIZE - 1) {
-            std::cout << "&nbsp;.";
+            output << "&nbsp;.";
             printLineEnd();
         }
     }
-    std::cout << "&nbsp;/";
+    output << "&nbsp;/";
     printLineEnd();
-    std::cout << "<input type=\"text\"";
+    output << "<input type=\"text\"";
     printSizes(MASK_SIZE, MASK_MAX_LENGTH);
     printNumberedValue(m_mask, getName(), ADDR_BYTE_SIZE);
-    std::cout << '>';
+    output << '>';
 }
 
 void IPAddrMaskField::printReadOnlyText() const {
     const char* separator = "";
     for (int i = 0; i < ADDR_BYTE_SIZE; ++i) {
-        std::cout << separator << getAddress(i);
+        output << separator << getAddress(i);
         separator = ".";
     }
-    std::cout << '/' << m_mask << "&nbsp;";
+    output << '/' << m_mask << "&nbsp;";
 }
 
 void IPAddrMaskField::printHiddenInputs() const {
     printLineEnd();
     for (int i = 0; i < ADDR_BYTE_SIZE; ++i) {
-        std::cout << "<input type=\"hidden\"";
+        output << "<input type=\"hidden\"";
         printNumberedValue(getAddress(i), getName(), i);
-        std::cout << '>';
+        output << '>';
         printLineEnd();
     }
-    std::cout << "<input type=\"hidden\"";
+    output << "<input type=\"hidden\"";
     printNumberedValue(m_mask, getName(), ADDR_BYTE_SIZE);
-    std::cout << '>';
+    output << '>';
 }
 
 bool IPAddrMaskField::isError() const {

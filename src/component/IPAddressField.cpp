@@ -1,11 +1,10 @@
 #include "gui/IPAddressField.h"
 
-#include <iostream>
-
 #include "component/Attributes.h"
 #include "component/Validation.h"
 #include "gui/MessageMgr.h"
 #include "message/Numbers.h"
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
@@ -36,15 +35,15 @@ void IPAddressField::setOnFocusFunction(std::string function, std::string argume
 
 void IPAddressField::printHTML() const {
     for (int i = 0; i < ADDR_BYTE_SIZE; ++i) {
-        std::cout << "<input type=\"text\"";
+        output << "<input type=\"text\"";
         printSizes(SIZE, MAX_LENGTH);
-        std::cout << " style=\"width:30px;\"";
+        output << " style=\"width:30px;\"";
         printNumberedValue(getAddress(i), getName(), i);
-        std::cout << ' ' << m_onFocus;
+        output << ' ' << m_onFocus;
         printDisabledUnlessEditable(m_displayMode);
-        std::cout << '>';
+        output << '>';
         if (i < ADDR_BYTE_SIZE - 1) {
-            std::cout << "&nbsp;.\n";
+            output << "&nbsp;.\n";
         }
     }
 }
