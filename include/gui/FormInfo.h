@@ -25,9 +25,9 @@ class CGIRequester;
 /// byte. Of multipart fields the first line is kept, as it came. Of several fields with one name,
 /// and of several files, the last one counts.
 ///
-/// An uploaded file lies in a temporary file, readable by its owner alone, that goes when this
-/// object ends, and when the process does, by exit() or by a signal of its web server: move or copy
-/// what is to stay.
+/// An uploaded file is stored in a temporary file, readable by its owner alone, that is deleted
+/// with this object, and when the process ends, by exit() or by any signal but SIGKILL: move or
+/// copy what is to stay.
 class ORVGUI_EXPORT FormInfo {
 public:
     /// Values by field name.
