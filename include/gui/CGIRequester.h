@@ -37,7 +37,8 @@ public:
     CGIRequester(const CGIRequester&) = delete;
     CGIRequester& operator=(const CGIRequester&) = delete;
 
-    /// The session every later request belongs to; cut after SESSION_ID_LENGTH characters.
+    /// The session every later request belongs to; cut after SESSION_ID_LENGTH characters. Null and
+    /// an empty text mean none.
     void setSessionId(const char* sessionId);
     std::string getSessionId() const;
 
@@ -66,6 +67,7 @@ public:
     int getInfo(unsigned int id, void* out);
 
     /// Reads an item of exactly `size` bytes; an answer of another size is a failure.
+    /// Null leaves the answer unread.
     int getInfo(unsigned int id, void* out, unsigned int size);
 
     /// Reads an item into `out`. What came is not looked at: 1 says that there was an answer, not
@@ -82,7 +84,8 @@ public:
     /// Writes the item `id`.
     unsigned int setInfo(unsigned int id, const SerializableObject& in);
 
-    /// Writes the item `id` from the first `length`, cut to its low 16 bits, bytes at `data`.
+    /// Writes the item `id` from the first `length`, cut to its low 16 bits, bytes at `data`. Null
+    /// is a failure unless that length is 0.
     unsigned int setInfo(unsigned int id, unsigned int length, const void* data);
 
     /// The exception detail of the last operation, 0 when it succeeded, and when the daemon's
@@ -102,6 +105,7 @@ private:
 
     void init();
     void resetTelegram();
+    /// Null writes nothing.
     void sendRequest(const void* data);
     void recieveResponseHeader();
     void recieveResponseData(bool allocate, void* buffer, Payload* outData, unsigned int* outSize);

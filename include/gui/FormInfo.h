@@ -63,7 +63,8 @@ public:
     bool getFormData(const std::string& name, std::string& value) const;
 
     /// Reads the four fields `name`0 to `name`3 as decimal numbers into the four bytes at
-    /// `address`, each cut to its low 8 bits. Returns false at the first that is missing.
+    /// `address`, each cut to its low 8 bits. Returns false at the first that is missing, and for
+    /// null.
     bool getFormIPAddr(const std::string& name, unsigned char* address) const;
 
     /// Every field as name=value in the order of the names, joined with "&", decoded as the
