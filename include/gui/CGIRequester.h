@@ -77,12 +77,21 @@ public:
     /// Sends `in` along and reads the answer into `out`. What `in` serialises to is cut to the low
     /// 16 bits of its size, as with every operation that sends data.
     int getInfo(unsigned int id, const SerializableObject& in, SerializableObject& out);
+    int getInfo(unsigned int id, SerializableObject& in, SerializableObject& out) {
+        return getInfo(id, static_cast<const SerializableObject&>(in), out);
+    }
 
     /// As getInfo() with `in` and `out`, for operations that do something.
     int callTransaction(unsigned int id, const SerializableObject& in, SerializableObject& out);
+    int callTransaction(unsigned int id, SerializableObject& in, SerializableObject& out) {
+        return callTransaction(id, static_cast<const SerializableObject&>(in), out);
+    }
 
     /// Writes the item `id`.
     unsigned int setInfo(unsigned int id, const SerializableObject& in);
+    unsigned int setInfo(unsigned int id, SerializableObject& in) {
+        return setInfo(id, static_cast<const SerializableObject&>(in));
+    }
 
     /// Writes the item `id` from the first `length`, cut to its low 16 bits, bytes at `data`. Null
     /// is a failure unless that length is 0.
@@ -96,6 +105,7 @@ public:
     unsigned char getActionCode() const { return m_actionCode; }
 
     /// Writes bytes to the trace log in hexadecimal, for programs that look for a fault.
+    /// Null writes nothing.
     void debugTrace(const unsigned char* data, int length);
 
 private:
@@ -105,7 +115,6 @@ private:
 
     void init();
     void resetTelegram();
-    /// Null writes nothing.
     void sendRequest(const void* data);
     void recieveResponseHeader();
     void recieveResponseData(bool allocate, void* buffer, Payload* outData, unsigned int* outSize);

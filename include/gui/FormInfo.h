@@ -26,8 +26,8 @@ class CGIRequester;
 /// and of several files, the last one counts.
 ///
 /// An uploaded file is stored in a temporary file, readable by its owner alone, that is deleted
-/// with this object, and when the process ends, by exit() or by any signal but SIGKILL: move or
-/// copy what is to stay.
+/// with this object, and when the process ends: by exit(), or by a signal of its web server, of a
+/// limit or of a fault. Only SIGKILL leaves it. Move or copy what is to stay.
 class ORVGUI_EXPORT FormInfo {
 public:
     /// Values by field name.

@@ -7,7 +7,15 @@
 
 namespace ORVLib::Gui {
 
-void IPAddrMaskField::setMaskBit(int bits) {
+// Programs that were built when the number was passed by value link this name.
+extern "C" ORVGUI_EXPORT void orvguiSetMaskBit(IPAddrMaskField* field, int bits) __asm__(
+    "_ZN6ORVLib3Gui15IPAddrMaskField10setMaskBitEi");
+
+void orvguiSetMaskBit(IPAddrMaskField* field, int bits) {
+    field->setMaskBit(bits);
+}
+
+void IPAddrMaskField::setMaskBit(const int& bits) {
     m_maskError = m_maskError || bits < MASK_VALUE_MIN || bits > MASK_VALUE_MAX;
     m_mask = std::to_string(bits);
 }

@@ -23,8 +23,17 @@ void IPAddressField::setAddress(int index, std::string text) {
     m_address[boxOf(index)] = std::move(text);
 }
 
-void IPAddressField::setAddress(const unsigned char* address) {
-    for (int i = 0; i < ADDR_BYTE_SIZE; ++i) {
+// Programs that were built when there was one form of setAddress() for bytes link this name.
+extern "C" ORVGUI_EXPORT void orvguiSetAddress(
+    IPAddressField* field,
+    const unsigned char* address) __asm__("_ZN6ORVLib3Gui14IPAddressField10setAddressEPKh");
+
+void orvguiSetAddress(IPAddressField* field, const unsigned char* address) {
+    field->setAddress(address);
+}
+
+void IPAddressField::setBytes(const unsigned char* address) {
+    for (int i = 0; address != nullptr && i < ADDR_BYTE_SIZE; ++i) {
         setAddress(i, address[i]);
     }
 }
