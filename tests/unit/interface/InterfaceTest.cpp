@@ -11,7 +11,6 @@
 #include "gui/CheckBox.h"
 #include "gui/Cookie.h"
 #include "gui/DateField.h"
-#include "gui/EmailAddressField.h"
 #include "gui/FileField.h"
 #include "gui/FormInfo.h"
 #include "gui/Frame.h"
@@ -19,7 +18,6 @@
 #include "gui/HyperLink.h"
 #include "gui/IPAddrMaskField.h"
 #include "gui/Image.h"
-#include "gui/InetAddressField.h"
 #include "gui/JsFunction.h"
 #include "gui/JudgeAuthority.h"
 #include "gui/MaintenanceMode.h"
@@ -28,12 +26,12 @@
 #include "gui/ORVGUIUtil.h"
 #include "gui/OutlineFramePage.h"
 #include "gui/PasswordField.h"
-#include "gui/PortNumberField.h"
 #include "gui/RadioButton.h"
 #include "gui/ResetButton.h"
 #include "gui/SelectFile.h"
 #include "gui/SelectMenu.h"
 #include "gui/SubmitButton.h"
+#include "gui/TextField.h"
 #include "gui/TextString.h"
 #include "gui/TimeField.h"
 #include "gui/TimeoutPage.h"
@@ -76,21 +74,10 @@ constexpr bool is(Type* /*operation*/, More*... /*operations*/) {
     return (std::is_same_v<Type, More> && ...);
 }
 
-template <class... Component>
-constexpr bool areComponents =
-    (std::is_base_of_v<HTMLComponent, Component> && ...) &&
-    is<void() const>(&Component::printHTML...) && is<bool() const>(&Component::isError...);
-static_assert(
-    areComponents<Button, CheckBox, CommonDefaultPage, Cookie, DateField, EmailAddressField,
-                  FileField, Frame, HiddenField, HyperLink, IPAddressField, IPAddrMaskField, Image,
-                  InetAddressField, JsFunction, MetaTag, PasswordField, PortNumberField,
-                  RadioButton, ResetButton, SelectFile, SelectMenu, SubmitButton, TextField,
-                  TextString, TimeField, TimeoutPage>);
-
 template <class... Class>
 constexpr bool areBases = (std::has_virtual_destructor_v<Class> && ...);
-static_assert(areBases<AbstractMain, CGIAuthority, FormInfo, HTMLCodeGenerator, HTMLPage,
-                       MessageMgr, ORVGUIUtil>);
+static_assert(areBases<AbstractMain, CGIAuthority, FormInfo, HTMLCodeGenerator, HTMLComponent,
+                       HTMLPage, MessageMgr, ORVGUIUtil>);
 
 template <class Class, typename... Arguments>
 constexpr bool takes = std::is_constructible_v<Class, Arguments...>;
@@ -102,7 +89,7 @@ static_assert(takes<JudgeAuthority, CGIAuthority*, int, int> && takes<TimeoutPag
 static_assert(is<bool() const>(&FormInfo::isPostMethod, &CGIAuthority::isSystemAdmin,
                                &CGIAuthority::isTechnicalStaff, &CGIAuthority::isGuest,
                                &CGIAuthority::isOperator, &CGIAuthority::isSomePartitionAdmin,
-                               &HTMLCodeGenerator::isError));
+                               &HTMLCodeGenerator::isError, &HTMLComponent::isError));
 static_assert(is<bool(Text, string&) const>(&FormInfo::getFormData));
 static_assert(is<bool(Text, Byte*) const>(&FormInfo::getFormIPAddr));
 static_assert(is<string()>(&FormInfo::getQueryString));
@@ -151,7 +138,7 @@ static_assert(is<const char*>(&HTMLPage::SKELETON_FILE_NAME, &HTMLPage::SKELETON
 static_assert(is<const string>(&HTMLPage::FORM_PAGE_STATE, &HTMLPage::KEY_JAVA_SCRIPT,
                                &HTMLPage::KEY_BODY, &HTMLPage::KEY_COOKIE));
 static_assert(is<bool(Map&, Text, HTMLComponent*)>(&HTMLMapUtil::insertIntoMap));
-static_assert(is<void() const>(&HTMLCodeGenerator::printHTML));
+static_assert(is<void() const>(&HTMLCodeGenerator::printHTML, &HTMLComponent::printHTML));
 static_assert(is<int(int, bool)>(&CommonDefaultPage::getNextPageState));
 static_assert(is<void(int*, bool), CommonDefaultPage>(&CommonDefaultPage::addNextPageItem));
 static_assert(is<void(Text, Text, int)>(&CommonDefaultPage::setComplPageItemToMap));

@@ -194,7 +194,7 @@ std::string uploadOf(pid_t process) {
     for (int attempt = 0; attempt < 5000; ++attempt) {
         for (const auto& file : std::filesystem::directory_iterator(files)) {
             std::error_code gone;
-            const std::string path = std::filesystem::read_symlink(file, gone);
+            std::string path = std::filesystem::read_symlink(file, gone);
             if (path.rfind("/var/tmp/tmp_", 0) == 0) {
                 return path;
             }
@@ -236,10 +236,10 @@ TEST(Upload, GoesHoweverTheProcessEnds) {
             }
             const std::string path = uploadOf(child);
             kill(child, signal);
-            int status = 0;
-            waitpid(child, &status, 0);
             close(body[0]);
             close(body[1]);
+            int status = 0;
+            waitpid(child, &status, 0);
             EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal) << signal;
             EXPECT_NE(path, "");
             EXPECT_FALSE(std::filesystem::exists(path)) << signal;
