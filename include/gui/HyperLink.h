@@ -65,6 +65,8 @@ public:
             m_content.reset(content);
         }
     }
+
+    /// As above, for content that is owned already.
     void setContent(std::unique_ptr<HTMLComponent> content) { m_content = std::move(content); }
 
 private:

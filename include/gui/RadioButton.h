@@ -36,9 +36,11 @@ public:
     /// or it passes for `checked`.
     void add(const std::string& value, const std::string& label, bool checked, bool disabled);
 
+    /// The script that a click on any button runs.
     const std::string& getOnClick() const { return m_onClick; }
     void setOnClick(const std::string& onClick) { m_onClick = onClick; }
 
+    /// The DisplayMode; not owned.
     const int* getDisplayMode() const { return m_displayMode; }
     void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
 

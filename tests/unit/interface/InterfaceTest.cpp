@@ -63,15 +63,21 @@ struct Main : AbstractMain {
     using AbstractMain::setAutoRefresh;
 };
 
-/// Whether classes have operations, or values, of exactly the type `Type`; one that has drifted
-/// from it does not compile.
+/// Whether classes have operations of exactly the type `Type`; one that has drifted from it does
+/// not compile.
 template <typename Type, class... Class>
 constexpr bool is(Type Class::*... rows) {
     return sizeof...(rows) > 0;
 }
-template <typename Type, typename... More>
-constexpr bool is(Type* /*operation*/, More*... /*operations*/) {
-    return (std::is_same_v<Type, More> && ...);
+template <typename Type>
+constexpr bool is(Type* /*operation*/) {
+    return true;
+}
+
+/// Whether classes have values of exactly the type `Type`.
+template <typename Type, typename... Value>
+constexpr bool are(Value*... /*value*/) {
+    return (std::is_same_v<Type, Value> && ...);
 }
 
 template <class... Class>
@@ -101,7 +107,7 @@ static_assert(is<void()>(&FormInfo::readSkipData, &FormInfo::terminate,
                          &CommonDefaultPage::makeConfigPage, &CommonDefaultPage::makePage,
                          &DateField::checkDate, &TimeField::checkTime,
                          &OutlineFramePage::createPage));
-static_assert(is<FormInfo*>(&FormInfo::myInstance));
+static_assert(are<FormInfo*>(&FormInfo::myInstance));
 static_assert(is<void(const char*)>(&CGIRequester::setSessionId));
 static_assert(is<string() const>(&CGIRequester::getSessionId));
 static_assert(is<Number(int&)>(&CGIRequester::getLanguage));
@@ -134,9 +140,9 @@ static_assert(is<void(string, int, Byte)>(&AbstractMain::errorExit));
 static_assert(is<void(string, string)>(
     &AbstractMain::errorExit, &IPAddressField::setOnFocusFunction, &DateField::setOnFocusFunction,
     &SelectMenu::setOnChangeFunction, &SelectMenu::setOnClickFunction));
-static_assert(is<const char*>(&HTMLPage::SKELETON_FILE_NAME, &HTMLPage::SKELETON_ERR_FILE_NAME));
-static_assert(is<const string>(&HTMLPage::FORM_PAGE_STATE, &HTMLPage::KEY_JAVA_SCRIPT,
-                               &HTMLPage::KEY_BODY, &HTMLPage::KEY_COOKIE));
+static_assert(are<const char*>(&HTMLPage::SKELETON_FILE_NAME, &HTMLPage::SKELETON_ERR_FILE_NAME));
+static_assert(are<const string>(&HTMLPage::FORM_PAGE_STATE, &HTMLPage::KEY_JAVA_SCRIPT,
+                                &HTMLPage::KEY_BODY, &HTMLPage::KEY_COOKIE));
 static_assert(is<bool(Map&, Text, HTMLComponent*)>(&HTMLMapUtil::insertIntoMap));
 static_assert(is<void() const>(&HTMLCodeGenerator::printHTML, &HTMLComponent::printHTML));
 static_assert(is<int(int, bool)>(&CommonDefaultPage::getNextPageState));
@@ -145,9 +151,10 @@ static_assert(is<void(Text, Text, int)>(&CommonDefaultPage::setComplPageItemToMa
 static_assert(is<string(int)>(&MessageMgr::getString) && is<string(int)>(&ORVGUIUtil::getCGIPath));
 static_assert(is<string(int, int, ...)>(&MessageMgr::getMessage));
 static_assert(is<bool(ORVUi::CsvInfoAccess&, Number, Number&)>(&MessageMgr::getCsvExMsgId));
-static_assert(is<void(string&)>(&MessageMgr::encodeURL, &MessageMgr::convertHTML));
+static_assert(is<void(string&)>(&MessageMgr::encodeURL) &&
+              is<void(string&)>(&MessageMgr::convertHTML));
 static_assert(is<void(string&, Text, Text)>(&MessageMgr::convertStr));
-static_assert(is<const char[6][16]>(&TextString::colorStyle));
+static_assert(are<const char[6][16]>(&TextString::colorStyle));
 static_assert(is<HTMLComponent*() const>(&HyperLink::getContent));
 static_assert(is<void(int, int), IPAddressField>(&IPAddressField::setAddress));
 static_assert(is<void(int, string), IPAddressField>(&IPAddressField::setAddress));
