@@ -156,6 +156,7 @@ static_assert(is<void(string&)>(&MessageMgr::encodeURL) &&
 static_assert(is<void(string&, Text, Text)>(&MessageMgr::convertStr));
 static_assert(are<const char[6][16]>(&TextString::colorStyle));
 static_assert(is<HTMLComponent*() const>(&HyperLink::getContent));
+static_assert(is<void(HTMLComponent*)>(&HyperLink::setContent));
 static_assert(is<void(int, int), IPAddressField>(&IPAddressField::setAddress));
 static_assert(is<void(int, string), IPAddressField>(&IPAddressField::setAddress));
 static_assert(is<void(Byte*), IPAddressField>(&IPAddressField::setAddress));
