@@ -28,8 +28,9 @@ public:
     explicit ProgressBar(int percent) : m_percent(std::min(percent, WHOLE)) {}
 
     void printHTML() const override {
-        std::cout << "<progress max=\"" << WHOLE << "\" value=\"" << m_percent << "\"></progress> "
-                  << m_percent << " %";
+        const std::string percent = std::to_string(m_percent);
+        std::cout << "<progress max=\"" << std::to_string(WHOLE) << "\" value=\"" << percent
+                  << "\"></progress> " << percent << " %";
     }
 
     bool isError() const override { return false; }

@@ -48,8 +48,8 @@ public:
     void errorExit(std::string title, std::string message);
 
 protected:
-    /// `formInfo` is the request; it is not owned and must outlive this object. `module` names the
-    /// program in the trace log.
+    /// `formInfo` is the request; it is not owned and must outlive this object. Null is a program
+    /// that reads no request. `module` names the program in the trace log.
     AbstractMain(FormInfo* formInfo, int module);
 
     /// Takes the session ID from the request's cookie. Without a usable cookie nothing changes.

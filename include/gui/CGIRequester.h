@@ -37,7 +37,8 @@ public:
     CGIRequester(const CGIRequester&) = delete;
     CGIRequester& operator=(const CGIRequester&) = delete;
 
-    /// The session every later request belongs to; cut after SESSION_ID_LENGTH characters.
+    /// The session every later request belongs to; cut after SESSION_ID_LENGTH characters. Null and
+    /// an empty text mean none.
     void setSessionId(const char* sessionId);
     std::string getSessionId() const;
 
@@ -66,6 +67,7 @@ public:
     int getInfo(unsigned int id, void* out);
 
     /// Reads an item of exactly `size` bytes; an answer of another size is a failure.
+    /// Null leaves the answer unread.
     int getInfo(unsigned int id, void* out, unsigned int size);
 
     /// Reads an item into `out`. What came is not looked at: 1 says that there was an answer, not
@@ -75,14 +77,24 @@ public:
     /// Sends `in` along and reads the answer into `out`. What `in` serialises to is cut to the low
     /// 16 bits of its size, as with every operation that sends data.
     int getInfo(unsigned int id, const SerializableObject& in, SerializableObject& out);
+    int getInfo(unsigned int id, SerializableObject& in, SerializableObject& out) {
+        return getInfo(id, static_cast<const SerializableObject&>(in), out);
+    }
 
     /// As getInfo() with `in` and `out`, for operations that do something.
     int callTransaction(unsigned int id, const SerializableObject& in, SerializableObject& out);
+    int callTransaction(unsigned int id, SerializableObject& in, SerializableObject& out) {
+        return callTransaction(id, static_cast<const SerializableObject&>(in), out);
+    }
 
     /// Writes the item `id`.
     unsigned int setInfo(unsigned int id, const SerializableObject& in);
+    unsigned int setInfo(unsigned int id, SerializableObject& in) {
+        return setInfo(id, static_cast<const SerializableObject&>(in));
+    }
 
-    /// Writes the item `id` from the first `length`, cut to its low 16 bits, bytes at `data`.
+    /// Writes the item `id` from the first `length`, cut to its low 16 bits, bytes at `data`. Null
+    /// is a failure unless that length is 0.
     unsigned int setInfo(unsigned int id, unsigned int length, const void* data);
 
     /// The exception detail of the last operation, 0 when it succeeded, and when the daemon's
@@ -93,6 +105,7 @@ public:
     unsigned char getActionCode() const { return m_actionCode; }
 
     /// Writes bytes to the trace log in hexadecimal, for programs that look for a fault.
+    /// Null writes nothing.
     void debugTrace(const unsigned char* data, int length);
 
 private:

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <type_traits>
 
 #include "gui/HTMLCodeGenerator.h"
 #include "gui/HTMLMapUtil.h"
@@ -50,8 +51,14 @@ public:
     void makePage();
 
     /// Puts the hidden field that carries the state after `*state` into the page. A state that
-    /// leads to 0 or nowhere adds none.
-    void addNextPageItem(const int* state, bool redisplay);
+    /// leads to 0 or nowhere adds none, and so does null.
+    void addNextPageItem(int* state, bool redisplay) { addNextState(state, redisplay); }
+
+    /// As above. A template, so that nullptr is not ambiguous.
+    template <typename State, typename = std::enable_if_t<std::is_same_v<State, const int>>>
+    void addNextPageItem(State* state, bool redisplay) {
+        addNextState(state, redisplay);
+    }
 
     /// Turns the page into the completion page: a title, the operator message `messageId` and an
     /// OK button that runs the script `onClick`, which brings its own quotes.
@@ -86,6 +93,8 @@ protected:
     void setText(const std::string& text) { m_text = text; }
 
 private:
+    void addNextState(const int* state, bool redisplay);
+
     std::unique_ptr<HTMLCodeGenerator> m_generator;
     MessageMgr* m_messages;
     ComponentMap m_map;

@@ -8,8 +8,13 @@ namespace ORVLib::Gui {
 /// A date in three text boxes, named with the field's name followed by 0 (year), 1 (month) and 2
 /// (day).
 ///
-/// Set the texts, call checkDate(), ask isError(). Nothing is escaped: escape what came from a
-/// person before (MessageMgr::convertHTML()).
+/// The texts are checked and printed as they are. Check what came from a person first and escape it
+/// afterwards; an escaped text would be checked as another one:
+///
+///     DateField field("date", "", "", year, month, day);
+///     field.checkDate();  // from now on isError() keeps the answer
+///     for (std::string* text : {&year, &month, &day}) MessageMgr::convertHTML(*text);
+///     field.setYear(year), field.setMonth(month), field.setDay(day);
 class ORVGUI_EXPORT DateField : public FormComponent, public HTMLComponent {
 public:
     /// `displayMode` is a DisplayMode, not owned; null is editable.
@@ -24,7 +29,7 @@ public:
           m_displayMode(displayMode) {}
 
     /// Marks the field invalid unless the texts are a date from 2000 on. Each text counts as the
-    /// number it starts with, 0 when it starts with none: what stands behind it is not looked at.
+    /// number it starts with, 0 when it starts with none; what follows the number is ignored.
     void checkDate();
 
     /// Calls `function`(`arguments`) when a box gets the focus. Nothing is escaped; use single

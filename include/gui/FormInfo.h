@@ -25,9 +25,9 @@ class CGIRequester;
 /// byte. Of multipart fields the first line is kept, as it came. Of several fields with one name,
 /// and of several files, the last one counts.
 ///
-/// An uploaded file lies in a temporary file, readable by its owner alone, that goes when this
-/// object ends, and when the process does, by exit() or by a signal of its web server: move or copy
-/// what is to stay.
+/// An uploaded file is stored in a temporary file, readable by its owner alone, that is deleted
+/// with this object, and when the process ends: by exit(), or by a signal of its web server, of a
+/// limit or of a fault. Only SIGKILL leaves it. Move or copy what is to stay.
 class ORVGUI_EXPORT FormInfo {
 public:
     /// Values by field name.
@@ -63,7 +63,8 @@ public:
     bool getFormData(const std::string& name, std::string& value) const;
 
     /// Reads the four fields `name`0 to `name`3 as decimal numbers into the four bytes at
-    /// `address`, each cut to its low 8 bits. Returns false at the first that is missing.
+    /// `address`, each cut to its low 8 bits. Returns false at the first that is missing, and for
+    /// null.
     bool getFormIPAddr(const std::string& name, unsigned char* address) const;
 
     /// Every field as name=value in the order of the names, joined with "&", decoded as the

@@ -15,7 +15,7 @@ namespace ORVLib::Gui {
 class ORVGUI_EXPORT HTMLCodeGenerator {
 public:
     /// Copies HTMLPage::SKELETON_FILE_NAME unless another file is set. `map` is not owned and
-    /// must outlive the generator.
+    /// must outlive the generator. Null is a map without components.
     explicit HTMLCodeGenerator(ComponentMap* map);
     virtual ~HTMLCodeGenerator();
     HTMLCodeGenerator(const HTMLCodeGenerator&) = delete;
@@ -26,12 +26,11 @@ public:
     void setSkeletonFileName(const std::string& fileName) { m_skeletonFileName = fileName; }
 
     /// Writes the page. A skeleton that cannot be read gives an operator message in its place and
-    /// a trace entry.
-    /// REQUIRES: no null component under a name that the skeleton uses.
+    /// a trace entry. A null component prints nothing.
     void printHTML() const;
 
     /// True when one component of the map, in the order of their names, says that it is invalid.
-    /// REQUIRES: no null component in the map.
+    /// A null component is not.
     bool isError() const;
 
 private:

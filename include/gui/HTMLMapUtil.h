@@ -17,8 +17,8 @@ class ORVGUI_EXPORT HTMLMapUtil {
 public:
     HTMLMapUtil() = delete;
 
-    /// Hands `component`, made with new, to the map. A component that stood under `key` is
-    /// deleted and the result is false.
+    /// Hands `component`, made with new, to the map. A component that was stored under `key` is
+    /// deleted and the result is false. Null prints nothing at the marker.
     static bool insertIntoMap(ComponentMap& map, const std::string& key, HTMLComponent* component);
 
     /// As above, for a component that is owned already.

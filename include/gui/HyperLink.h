@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "gui/HTMLComponent.h"
 
@@ -13,10 +14,17 @@ namespace ORVLib::Gui {
 /// between single quotes and must not hold one.
 class ORVGUI_EXPORT HyperLink : public HTMLComponent {
 public:
-    /// What follows `url` can be set later, too.
+    /// What follows `url` can be set later, too. `content`, made with new, passes to the link; null
+    /// shows nothing.
     explicit HyperLink(const std::string& url, const std::string& target = "",
                        const std::string& cssClass = "", const std::string& script = "",
-                       bool scriptMode = false, std::unique_ptr<HTMLComponent> content = nullptr)
+                       bool scriptMode = false, HTMLComponent* content = nullptr)
+        : HyperLink(url, target, cssClass, script, scriptMode,
+                    std::unique_ptr<HTMLComponent>(content)) {}
+
+    /// As above, for content that is owned already.
+    HyperLink(const std::string& url, const std::string& target, const std::string& cssClass,
+              const std::string& script, bool scriptMode, std::unique_ptr<HTMLComponent> content)
         : m_url(url),
           m_target(target),
           m_cssClass(cssClass),
@@ -49,8 +57,16 @@ public:
     bool isScriptMode() const { return m_scriptMode; }
     void setScriptMode(bool scriptMode) { m_scriptMode = scriptMode; }
 
-    /// What the link shows; null shows nothing. The link owns it.
-    const HTMLComponent* getContent() const { return m_content.get(); }
+    /// What the link shows; null shows nothing. It passes to the link, which deletes what it showed
+    /// before.
+    HTMLComponent* getContent() const { return m_content.get(); }
+    void setContent(HTMLComponent* content) {
+        if (content != m_content.get()) {
+            m_content.reset(content);
+        }
+    }
+
+    /// As above, for content that is owned already.
     void setContent(std::unique_ptr<HTMLComponent> content) { m_content = std::move(content); }
 
 private:

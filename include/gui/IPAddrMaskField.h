@@ -30,7 +30,7 @@ public:
           m_showReadOnlyText(showReadOnlyText) {}
 
     /// `bits` outside 1 to 32 is an error; the number is kept so that the user sees it again.
-    void setMaskBit(int bits);
+    void setMaskBit(const int& bits);
 
     /// Sets the mask from what a user typed. Anything but digits is an error and is kept for the
     /// mask box, where only its double quotes need escaping: print the text read-only only after

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <type_traits>
+
 #include "gui/FormComponent.h"
 #include "gui/HTMLComponent.h"
 
@@ -31,8 +33,14 @@ public:
     /// for HTML; a number is kept without leading zeros.
     void setAddress(int index, std::string text);
 
-    /// Sets all boxes from the four bytes at `address`, leftmost first.
-    void setAddress(const unsigned char* address);
+    /// Sets all boxes from the four bytes at `address`, leftmost first. Null changes none.
+    void setAddress(unsigned char* address) { setBytes(address); }
+
+    /// As above. A template, so that nullptr is not ambiguous.
+    template <typename Byte, typename = std::enable_if_t<std::is_same_v<Byte, const unsigned char>>>
+    void setAddress(Byte* address) {
+        setBytes(address);
+    }
 
     /// The text in a box, as it is printed.
     const std::string& getAddress(int index) const { return m_address[boxOf(index)]; }
@@ -52,6 +60,8 @@ private:
     static unsigned int boxOf(int index) {
         return static_cast<unsigned int>(index) % ADDR_BYTE_SIZE;
     }
+
+    void setBytes(const unsigned char* address);
 
     std::string m_address[ADDR_BYTE_SIZE];
     const int* m_displayMode;

@@ -16,7 +16,7 @@ public:
     /// What preCheckDisplayMode() says.
     enum PreCheck { REFUSED = 0, ALLOWED = 1, UNDECIDED = 2 };
 
-    /// `authority` is not owned and must outlive the object.
+    /// `authority` is not owned and must outlive the object. Null is a user without any right.
     JudgeAuthority(const CGIAuthority* authority, int functionId, int partition = NO_PARTITION)
         : m_authority(authority), m_functionId(functionId), m_partition(partition) {}
 

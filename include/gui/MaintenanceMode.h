@@ -15,14 +15,15 @@ struct ORV_MAINTENANCE_MODE {
     unsigned char bytes[34];
 };
 
-/// Throws PException for a buffer of less than 34 bytes.
+/// Throws PException for a buffer of less than 34 bytes, and for null.
 template <>
 ORVGUI_EXPORT unsigned int PrimitiveTypeWrapper<ORV_MAINTENANCE_MODE>::getSerialized(
     unsigned char* buffer, unsigned int size) const;
 template <>
 ORVGUI_EXPORT unsigned int PrimitiveTypeWrapper<ORV_MAINTENANCE_MODE>::getSerializedSize() const;
 
-/// Refuses more than 34 bytes. Of fewer, those that are there are taken and the rest is zero.
+/// Refuses more than 34 bytes, and null unless `size` is 0. Of fewer bytes, those that are there
+/// are taken and the rest is zero.
 template <>
 ORVGUI_EXPORT bool PrimitiveTypeWrapper<ORV_MAINTENANCE_MODE>::setSerialized(
     const unsigned char* data, unsigned int size);

@@ -30,6 +30,7 @@ public:
     std::string getString(int id);
 
     /// The operator message `msgId`, formatted with the arguments that follow.
+    /// REQUIRES: they are those that the message asks for, in number and type, and no text is null.
     /// A positive `code` is shown behind it: 26 as " (00:001a)".
     std::string getMessage(int msgId, int code, ...);
 

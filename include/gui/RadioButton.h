@@ -31,15 +31,16 @@ public:
     /// of a button with an ID checks it.
     void add(const std::string& value, const std::string& label, const std::string& id,
              bool checked, bool disabled);
+
+    /// The same without an ID. Four arguments always mean this form: give both flags with an ID,
+    /// or it passes for `checked`.
     void add(const std::string& value, const std::string& label, bool checked, bool disabled);
 
-    /// An ID must not pass for the flag `checked`: give both flags with it.
-    void add(const std::string& value, const std::string& label, const char* id,
-             bool checked) = delete;
-
+    /// The script that a click on any button runs.
     const std::string& getOnClick() const { return m_onClick; }
     void setOnClick(const std::string& onClick) { m_onClick = onClick; }
 
+    /// The DisplayMode; not owned.
     const int* getDisplayMode() const { return m_displayMode; }
     void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
 

@@ -8,8 +8,13 @@ namespace ORVLib::Gui {
 /// A time of day in three text boxes, named with the field's name followed by 0 (hour), 1 (minute)
 /// and 2 (second).
 ///
-/// Set the texts, call checkTime(), ask isError(). Nothing is escaped: escape what came from a
-/// person before (MessageMgr::convertHTML()).
+/// The texts are checked and printed as they are. Check what came from a person first and escape it
+/// afterwards; an escaped text would be checked as another one:
+///
+///     TimeField field("time", "", "", hour, minute, second);
+///     field.checkTime();  // from now on isError() keeps the answer
+///     for (std::string* text : {&hour, &minute, &second}) MessageMgr::convertHTML(*text);
+///     field.setHour(hour), field.setMinute(minute), field.setSecond(second);
 class ORVGUI_EXPORT TimeField : public FormComponent, public HTMLComponent {
 public:
     /// `displayMode` is a DisplayMode, not owned; null is editable.

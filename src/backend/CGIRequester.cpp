@@ -83,7 +83,9 @@ void CGIRequester::init() {
 void CGIRequester::setSessionId(const char* sessionId) {
     unsigned char* const field = m_request + Telegram::SESSION_ID;
     std::memset(field, 0, Telegram::SESSION_ID_SIZE);
-    std::memcpy(field, sessionId, strnlen(sessionId, SESSION_ID_LENGTH));
+    if (sessionId != nullptr) {
+        std::memcpy(field, sessionId, strnlen(sessionId, SESSION_ID_LENGTH));
+    }
 }
 
 std::string CGIRequester::getSessionId() const {
@@ -351,7 +353,9 @@ int CGIRequester::getInfo(unsigned int id, void* out, unsigned int size) {
     return static_cast<int>(perform(id, "CGIRequester::getInfo", [&] {
         sendRequest(nullptr);
         recieveResponseHeader();
-        recieveResponseData(out, size);
+        if (out != nullptr) {
+            recieveResponseData(out, size);
+        }
         m_connection.reset();
     }));
 }
@@ -393,7 +397,7 @@ unsigned int CGIRequester::setInfo(unsigned int id, unsigned int length, const v
 void CGIRequester::debugTrace(const unsigned char* data, int length) {
     constexpr char DIGITS[] = "0123456789ABCDEF";
     std::string text;
-    for (int i = 0; i < length; ++i) {
+    for (int i = 0; data != nullptr && i < length; ++i) {
         if (i > 0 && i % TRACE_GROUP == 0) {
             text += ' ';
         }

@@ -202,7 +202,7 @@ const unsigned char JudgeAuthority::m_ModeTable[FUNCTIONS][ROLES] = {
 // clang-format on
 
 int JudgeAuthority::getDisplayMode() const {
-    if (m_functionId < 0 || m_functionId >= FUNCTIONS) {
+    if (m_authority == nullptr || m_functionId < 0 || m_functionId >= FUNCTIONS) {
         return 0;
     }
     const unsigned char* const allowed = m_ModeTable[m_functionId];
@@ -217,7 +217,8 @@ int JudgeAuthority::getDisplayMode() const {
 }
 
 int JudgeAuthority::preCheckDisplayMode(CGIRequester& requester) const {
-    if (!isPowerFunction(m_functionId) || !m_authority->isTechnicalStaff()) {
+    if (!isPowerFunction(m_functionId) || m_authority == nullptr ||
+        !m_authority->isTechnicalStaff()) {
         return UNDECIDED;
     }
     MaintenanceMode mode;

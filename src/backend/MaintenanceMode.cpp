@@ -16,7 +16,7 @@ constexpr unsigned int RECORD_SIZE = sizeof(ORV_MAINTENANCE_MODE);
 template <>
 unsigned int PrimitiveTypeWrapper<ORV_MAINTENANCE_MODE>::getSerialized(unsigned char* buffer,
                                                                        unsigned int size) const {
-    if (size < RECORD_SIZE) {
+    if (buffer == nullptr || size < RECORD_SIZE) {
         throw PException(1, 80, 19200, 1, 1537, 20019, "Too short size", 0, 0, 0, 0, 0, 0, 0);
     }
     std::memcpy(buffer, getValue().bytes, RECORD_SIZE);
@@ -31,7 +31,7 @@ unsigned int PrimitiveTypeWrapper<ORV_MAINTENANCE_MODE>::getSerializedSize() con
 template <>
 bool PrimitiveTypeWrapper<ORV_MAINTENANCE_MODE>::setSerialized(const unsigned char* data,
                                                                unsigned int size) {
-    if (size > RECORD_SIZE) {
+    if (size > RECORD_SIZE || (data == nullptr && size > 0)) {
         return false;
     }
     ORV_MAINTENANCE_MODE record{};

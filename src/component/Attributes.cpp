@@ -4,6 +4,7 @@
 
 #include "gui/DisplayMode.h"
 #include "gui/MessageMgr.h"
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
@@ -29,26 +30,26 @@ std::string callAttribute(const char* event, const std::string& function,
 }
 
 void printInputStart(const char* type, const std::string& name, const std::string& value) {
-    std::cout << "<input type=\"" << type << "\" name=\"" << name << "\" value=\"" << value << '"';
+    output << "<input type=\"" << type << "\" name=\"" << name << "\" value=\"" << value << '"';
 }
 
 void printEvent(const char* event, const std::string& script, bool quoted) {
     if (!script.empty()) {
         const char* const quote = quoted ? "\"" : "";
-        std::cout << ' ' << event << '=' << quote << script << quote;
+        output << ' ' << event << '=' << quote << script << quote;
     }
 }
 
 void printSizes(int size, int maxLength) {
-    std::cout << " size=\"" << size << "\" maxlength=\"" << maxLength << '"';
+    output << " size=\"" << size << "\" maxlength=\"" << maxLength << '"';
 }
 
 void printNumberedValue(const std::string& value, const std::string& name, int number) {
-    std::cout << " value=\"" << value << "\" name=\"" << name << number << '"';
+    output << " value=\"" << value << "\" name=\"" << name << number << '"';
 }
 
 void printDisabled() {
-    std::cout << " class=\"disabled\" disabled";
+    output << " class=\"disabled\" disabled";
 }
 
 void printDisabledUnlessEditable(const int* displayMode) {

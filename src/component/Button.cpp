@@ -1,8 +1,7 @@
 #include "gui/Button.h"
 
-#include <iostream>
-
 #include "component/Attributes.h"
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
@@ -10,9 +9,9 @@ void Button::printHTML() const {
     printInputStart("button", getName(), getValue());
     printEvent("onClick", m_onClick);
     if (m_disabled) {
-        std::cout << " disabled";
+        output << " disabled";
     }
-    std::cout << '>';
+    output << '>';
 }
 
 bool Button::isError() const {

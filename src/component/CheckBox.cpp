@@ -1,8 +1,7 @@
 #include "gui/CheckBox.h"
 
-#include <iostream>
-
 #include "component/Attributes.h"
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
@@ -26,12 +25,11 @@ void CheckBox::printHTML() const {
 void CheckBox::printBox(const CheckBoxData& box) const {
     printInputStart("checkbox", box.name, box.value);
     if (!box.id.empty()) {
-        std::cout << " id=\"" << box.id << '"';
+        output << " id=\"" << box.id << '"';
     }
     printEvent("onClick", m_onClick, m_quoteScript);
     const bool disabled = m_disabled || box.disabled || !isEditable(m_displayMode);
-    std::cout << (box.checked ? " checked" : "") << (disabled ? " disabled" : "") << '>'
-              << box.label;
+    output << (box.checked ? " checked" : "") << (disabled ? " disabled" : "") << '>' << box.label;
 }
 
 bool CheckBox::isError() const {

@@ -1,9 +1,8 @@
 #include "gui/DateField.h"
 
-#include <iostream>
-
 #include "component/Attributes.h"
 #include "message/Numbers.h"
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
@@ -49,12 +48,12 @@ void DateField::printHTML() const {
     const Box boxes[] = {{5, 4, m_year, ">-"}, {3, 2, m_month, ">-"}, {3, 2, m_day, ">"}};
     int number = 0;
     for (const Box& box : boxes) {
-        std::cout << "<input type=\"text\"";
+        output << "<input type=\"text\"";
         printSizes(box.size, box.maxLength);
         printNumberedValue(box.text, getName(), number++);
-        std::cout << ' ' << m_onFocus;
+        output << ' ' << m_onFocus;
         printDisabledUnlessEditable(m_displayMode);
-        std::cout << box.end;
+        output << box.end;
     }
     printLineEnd();
 }

@@ -1,8 +1,7 @@
 #include "gui/FileField.h"
 
-#include <iostream>
-
 #include "component/Attributes.h"
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
@@ -11,22 +10,22 @@ void FileField::printHTML() const {
         printInputs();
         return;
     }
-    std::cout << (getValue().empty() ? "&nbsp;" : getValue());
+    output << (getValue().empty() ? "&nbsp;" : getValue());
     if (isCarried(m_displayMode)) {
         printLineEnd();
         printInputStart("hidden", getName(), getValue());
-        std::cout << '>';
+        output << '>';
     }
 }
 
 void FileField::printInputs() const {
     const std::string& name = getName();
     const std::string hidden = "browse_" + name;
-    std::cout << "<input type=\"file\" name=\"" << hidden << "\" style=\"display: none;\">\n"
-              << "<input type=\"text\" readonly size=\"" << m_size << "\" name=\"" << name
-              << "\" value=\"" << getValue() << "\">\n"
-              << "<input type=\"button\" onClick=\"" << hidden << ".click();" << name
-              << ".value=" << hidden << ".value;\" value=\"" << m_buttonLabel << "\">";
+    output << "<input type=\"file\" name=\"" << hidden << "\" style=\"display: none;\">\n"
+           << "<input type=\"text\" readonly size=\"" << m_size << "\" name=\"" << name
+           << "\" value=\"" << getValue() << "\">\n"
+           << "<input type=\"button\" onClick=\"" << hidden << ".click();" << name
+           << ".value=" << hidden << ".value;\" value=\"" << m_buttonLabel << "\">";
 }
 
 bool FileField::isError() const {

@@ -1,14 +1,13 @@
 #include "gui/HiddenField.h"
 
-#include <iostream>
-
 #include "component/Attributes.h"
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
 void HiddenField::printHTML() const {
     printInputStart("hidden", getName(), quoteEscaped(getValue()));
-    std::cout << '>';
+    output << '>';
 }
 
 bool HiddenField::isError() const {

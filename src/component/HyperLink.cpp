@@ -1,23 +1,23 @@
 #include "gui/HyperLink.h"
 
-#include <iostream>
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
 void HyperLink::printHTML() const {
-    std::cout << "<a ";
+    output << "<a ";
     if (!m_cssClass.empty()) {
-        std::cout << "class=\"" << m_cssClass << "\" ";
+        output << "class=\"" << m_cssClass << "\" ";
     }
     if (m_scriptMode) {
-        std::cout << "href=\"#\" onClick='" << m_script << ";blur()'>";
+        output << "href=\"#\" onClick='" << m_script << ";blur()'>";
     } else {
-        std::cout << "href=\"" << m_url << "\" target=\"" << m_target << "\" onClick='blur()'>";
+        output << "href=\"" << m_url << "\" target=\"" << m_target << "\" onClick='blur()'>";
     }
     if (m_content) {
         m_content->printHTML();
     }
-    std::cout << "</a>";
+    output << "</a>";
 }
 
 bool HyperLink::isError() const {

@@ -1,14 +1,21 @@
 #include "gui/IPAddrMaskField.h"
 
-#include <iostream>
-
 #include "component/Attributes.h"
 #include "component/Validation.h"
 #include "message/Numbers.h"
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
-void IPAddrMaskField::setMaskBit(int bits) {
+// Programs that were built when the number was passed by value link this name.
+extern "C" ORVGUI_EXPORT void orvguiSetMaskBit(IPAddrMaskField* field, int bits) __asm__(
+    "_ZN6ORVLib3Gui15IPAddrMaskField10setMaskBitEi");
+
+void orvguiSetMaskBit(IPAddrMaskField* field, int bits) {
+    field->setMaskBit(bits);
+}
+
+void IPAddrMaskField::setMaskBit(const int& bits) {
     m_maskError = m_maskError || bits < MASK_VALUE_MIN || bits > MASK_VALUE_MAX;
     m_mask = std::to_string(bits);
 }
@@ -35,43 +42,43 @@ void IPAddrMaskField::printHTML() const {
 
 void IPAddrMaskField::printBoxes() const {
     for (int i = 0; i < ADDR_BYTE_SIZE; ++i) {
-        std::cout << "<input type=\"text\"";
+        output << "<input type=\"text\"";
         printSizes(IP_SIZE, IP_MAX_LENGTH);
         printNumberedValue(getAddress(i), getName(), i);
-        std::cout << '>';
+        output << '>';
         if (i < ADDR_BYTE_SIZE - 1) {
-            std::cout << "&nbsp;.";
+            output << "&nbsp;.";
             printLineEnd();
         }
     }
-    std::cout << "&nbsp;/";
+    output << "&nbsp;/";
     printLineEnd();
-    std::cout << "<input type=\"text\"";
+    output << "<input type=\"text\"";
     printSizes(MASK_SIZE, MASK_MAX_LENGTH);
     printNumberedValue(m_mask, getName(), ADDR_BYTE_SIZE);
-    std::cout << '>';
+    output << '>';
 }
 
 void IPAddrMaskField::printReadOnlyText() const {
     const char* separator = "";
     for (int i = 0; i < ADDR_BYTE_SIZE; ++i) {
-        std::cout << separator << getAddress(i);
+        output << separator << getAddress(i);
         separator = ".";
     }
-    std::cout << '/' << m_mask << "&nbsp;";
+    output << '/' << m_mask << "&nbsp;";
 }
 
 void IPAddrMaskField::printHiddenInputs() const {
     printLineEnd();
     for (int i = 0; i < ADDR_BYTE_SIZE; ++i) {
-        std::cout << "<input type=\"hidden\"";
+        output << "<input type=\"hidden\"";
         printNumberedValue(getAddress(i), getName(), i);
-        std::cout << '>';
+        output << '>';
         printLineEnd();
     }
-    std::cout << "<input type=\"hidden\"";
+    output << "<input type=\"hidden\"";
     printNumberedValue(m_mask, getName(), ADDR_BYTE_SIZE);
-    std::cout << '>';
+    output << '>';
 }
 
 bool IPAddrMaskField::isError() const {

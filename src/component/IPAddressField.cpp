@@ -1,11 +1,10 @@
 #include "gui/IPAddressField.h"
 
-#include <iostream>
-
 #include "component/Attributes.h"
 #include "component/Validation.h"
 #include "gui/MessageMgr.h"
 #include "message/Numbers.h"
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
@@ -24,8 +23,17 @@ void IPAddressField::setAddress(int index, std::string text) {
     m_address[boxOf(index)] = std::move(text);
 }
 
-void IPAddressField::setAddress(const unsigned char* address) {
-    for (int i = 0; i < ADDR_BYTE_SIZE; ++i) {
+// Programs that were built when there was one form of setAddress() for bytes link this name.
+extern "C" ORVGUI_EXPORT void orvguiSetAddress(
+    IPAddressField* field,
+    const unsigned char* address) __asm__("_ZN6ORVLib3Gui14IPAddressField10setAddressEPKh");
+
+void orvguiSetAddress(IPAddressField* field, const unsigned char* address) {
+    field->setAddress(address);
+}
+
+void IPAddressField::setBytes(const unsigned char* address) {
+    for (int i = 0; address != nullptr && i < ADDR_BYTE_SIZE; ++i) {
         setAddress(i, address[i]);
     }
 }
@@ -36,15 +44,15 @@ void IPAddressField::setOnFocusFunction(std::string function, std::string argume
 
 void IPAddressField::printHTML() const {
     for (int i = 0; i < ADDR_BYTE_SIZE; ++i) {
-        std::cout << "<input type=\"text\"";
+        output << "<input type=\"text\"";
         printSizes(SIZE, MAX_LENGTH);
-        std::cout << " style=\"width:30px;\"";
+        output << " style=\"width:30px;\"";
         printNumberedValue(getAddress(i), getName(), i);
-        std::cout << ' ' << m_onFocus;
+        output << ' ' << m_onFocus;
         printDisabledUnlessEditable(m_displayMode);
-        std::cout << '>';
+        output << '>';
         if (i < ADDR_BYTE_SIZE - 1) {
-            std::cout << "&nbsp;.\n";
+            output << "&nbsp;.\n";
         }
     }
 }

@@ -1,10 +1,10 @@
 #include "gui/Image.h"
 
 #include <cstdint>
-#include <iostream>
 
 #include "component/Attributes.h"
 #include "message/Numbers.h"
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
@@ -92,20 +92,20 @@ bool Image::zoomImageDispSize(unsigned int factor, bool divide) {
 
 void Image::printHTML() const {
     if (m_cell) {
-        std::cout << "<td>";
+        output << "<td>";
     }
-    std::cout << "<img src=\"" << m_source << '"';
+    output << "<img src=\"" << m_source << '"';
     if (!m_width.empty()) {
-        std::cout << " width=\"" << m_width << '"';
+        output << " width=\"" << m_width << '"';
     }
     if (!m_height.empty()) {
-        std::cout << " height=\"" << m_height << '"';
+        output << " height=\"" << m_height << '"';
     }
     printEvent("onClick", m_onClick, m_quoteScript);
-    std::cout << " border=\"" << m_border << "\" name=\"" << m_name << "\" id=\"" << m_id
-              << "\" alt=\"" << m_alt << "\">";
+    output << " border=\"" << m_border << "\" name=\"" << m_name << "\" id=\"" << m_id
+           << "\" alt=\"" << m_alt << "\">";
     if (m_cell) {
-        std::cout << "</td>";
+        output << "</td>";
     }
 }
 

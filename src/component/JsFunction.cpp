@@ -1,15 +1,15 @@
 #include "gui/JsFunction.h"
 
-#include <iostream>
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
 void JsFunction::printHTML() const {
-    std::cout << "function " << m_head << "{\n";
+    output << "function " << m_head << "{\n";
     for (const std::string& line : m_lines) {
-        std::cout << line << '\n';
+        output << line << '\n';
     }
-    std::cout << "}\n";
+    output << "}\n";
 }
 
 bool JsFunction::isError() const {

@@ -1,20 +1,19 @@
 #include "gui/PasswordField.h"
 
-#include <iostream>
-
 #include "component/Attributes.h"
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
 void PasswordField::printHTML() const {
     if (isEditable(m_displayMode)) {
-        std::cout << "<input type=\"password\"";
+        output << "<input type=\"password\"";
         printSizes(m_size, m_maxLength);
-        std::cout << " name=\"" << getName() << "\" value=\"\">";
+        output << " name=\"" << getName() << "\" value=\"\">";
     } else if (getValue().empty()) {
-        std::cout << "&nbsp;";
+        output << "&nbsp;";
     } else {
-        std::cout << std::string(getValue().size(), '*');
+        output << std::string(getValue().size(), '*');
     }
 }
 

@@ -1,8 +1,7 @@
 #include "gui/RadioButton.h"
 
-#include <iostream>
-
 #include "component/Attributes.h"
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
@@ -37,15 +36,15 @@ void RadioButton::printHTML() const {
 void RadioButton::printItem(Items::const_iterator item, const std::string& id,
                             bool disabled) const {
     if (!id.empty()) {
-        std::cout << "<label for=\"" << id << "\">";
+        output << "<label for=\"" << id << "\">";
     }
     printInputStart("radio", getName(), item->first);
     if (!id.empty()) {
-        std::cout << " id=\"" << id << '"';
+        output << " id=\"" << id << '"';
     }
     printEvent("onClick", m_onClick, true);
-    std::cout << (item == m_checked ? " checked" : "") << (disabled ? " disabled" : "") << '>'
-              << item->second << (id.empty() ? "" : "</label>");
+    output << (item == m_checked ? " checked" : "") << (disabled ? " disabled" : "") << '>'
+           << item->second << (id.empty() ? "" : "</label>");
 }
 
 bool RadioButton::isError() const {

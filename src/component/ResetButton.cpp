@@ -1,14 +1,13 @@
 #include "gui/ResetButton.h"
 
-#include <iostream>
-
 #include "component/Attributes.h"
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
 void ResetButton::printHTML() const {
     printInputStart("reset", getName(), getValue());
-    std::cout << '>';
+    output << '>';
 }
 
 bool ResetButton::isError() const {

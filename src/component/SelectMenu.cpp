@@ -1,8 +1,7 @@
 #include "gui/SelectMenu.h"
 
-#include <iostream>
-
 #include "component/Attributes.h"
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
@@ -31,20 +30,20 @@ void SelectMenu::printHTML() const {
     if (m_options.empty()) {
         return;
     }
-    std::cout << "<select name=\"" << getName() << '"' << m_onChange << m_onClick;
+    output << "<select name=\"" << getName() << '"' << m_onChange << m_onClick;
     // A disabled menu on a read-only page says so twice; browsers take the first.
     if (m_disabled) {
         printDisabled();
     }
     printDisabledUnlessEditable(m_displayMode);
-    std::cout << ">\n";
+    output << ">\n";
     int index = 0;
     for (const auto& [value, label] : m_options) {
         const char* const selected = index++ == m_selected ? " selected" : "";
-        std::cout << "<option value=\"" << value << '"' << selected << '>' << label;
+        output << "<option value=\"" << value << '"' << selected << '>' << label;
         printLineEnd();
     }
-    std::cout << "</select>";
+    output << "</select>";
 }
 
 bool SelectMenu::isError() const {

@@ -1,15 +1,14 @@
 #include "gui/SubmitButton.h"
 
-#include <iostream>
-
 #include "component/Attributes.h"
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
 void SubmitButton::printHTML() const {
     printInputStart("submit", getName(), getValue());
     printEvent("onClick", m_onClick);
-    std::cout << '>';
+    output << '>';
 }
 
 bool SubmitButton::isError() const {

@@ -1,18 +1,18 @@
 #include "gui/TextField.h"
 
 #include <algorithm>
-#include <iostream>
 
 #include "component/Attributes.h"
 #include "component/Validation.h"
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
 void TextField::printHTML() const {
-    std::cout << "<input type=\"text\"";
+    output << "<input type=\"text\"";
     printDisabledUnlessEditable(m_displayMode);
     printSizes(m_size, m_maxLength);
-    std::cout << " name=\"" << getName() << "\" value=\"" << quoteEscaped(getValue()) << "\">";
+    output << " name=\"" << getName() << "\" value=\"" << quoteEscaped(getValue()) << "\">";
 }
 
 bool TextField::isError() const {

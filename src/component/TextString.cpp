@@ -1,8 +1,7 @@
 #include "gui/TextString.h"
 
-#include <iostream>
-
 #include "gui/MessageMgr.h"
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
@@ -21,9 +20,9 @@ void TextString::printHTML() const {
         MessageMgr::convertHTML(text);
     }
     if (m_colour < ERROR_COLOUR || m_colour > MAINTENANCE_COLOUR) {
-        std::cout << text;
+        output << text;
     } else {
-        std::cout << "<font class=\"" << colorStyle[m_colour] << "\">" << text << "</font>";
+        output << "<font class=\"" << colorStyle[m_colour] << "\">" << text << "</font>";
     }
 }
 

@@ -1,9 +1,8 @@
 #include "gui/TimeField.h"
 
-#include <iostream>
-
 #include "component/Attributes.h"
 #include "message/Numbers.h"
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
@@ -29,15 +28,15 @@ void TimeField::printHTML() const {
     int number = 0;
     for (const std::string* const text : {&m_hour, &m_minute, &m_second}) {
         if (number > 0) {
-            std::cout << ':';
+            output << ':';
             printLineEnd();
         }
-        std::cout << "<input type=\"text\"";
+        output << "<input type=\"text\"";
         printSizes(3, 2);
         printNumberedValue(*text, getName(), number++);
-        std::cout << ' ';
+        output << ' ';
         printDisabledUnlessEditable(m_displayMode);
-        std::cout << '>';
+        output << '>';
     }
 }
 

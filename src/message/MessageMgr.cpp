@@ -145,6 +145,7 @@ bool MessageMgr::getCsvExMsgId(ORVUi::CsvInfoAccess& csv, unsigned int key, unsi
     std::string record;
     csv.searchRecord(0, std::to_string(key), record);
     std::istringstream fields(record);
+    fields.imbue(std::locale::classic());  // the page's own may take a comma for a part of a number
     unsigned int recordKey = 0;
     char separator = '\0';
     unsigned int number = 0;

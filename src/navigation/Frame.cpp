@@ -1,14 +1,14 @@
 #include "gui/Frame.h"
 
-#include <iostream>
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
 void Frame::printHTML() const {
-    std::cout << "<frame name=\"" << m_name << "\" src=\"" << m_src << "\" "
-              << (m_scrolling ? "" : "scrolling=\"no\" ")
-              << (m_border ? "frameborder=\"yes\"" : "frameborder=\"no\"")
-              << (m_resize ? ">" : " noresize>");
+    output << "<frame name=\"" << m_name << "\" src=\"" << m_src << "\" "
+           << (m_scrolling ? "" : "scrolling=\"no\" ")
+           << (m_border ? "frameborder=\"yes\"" : "frameborder=\"no\"")
+           << (m_resize ? ">" : " noresize>");
 }
 
 bool Frame::isError() const {

@@ -107,7 +107,7 @@ int AbstractMain::runPage() {
     int messageNumber = 0;
     Log::putText(m_trace, Log::PROTOCOL_LEVEL, Log::PROGRAM_STARTED, "CGI");
     try {
-        if (m_formInfo->isReadSkip()) {
+        if (m_formInfo != nullptr && m_formInfo->isReadSkip()) {
             m_formInfo->readSkipData();
         }
         const int status = execMain();

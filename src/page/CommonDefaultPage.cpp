@@ -73,7 +73,16 @@ void CommonDefaultPage::makePage() {
     }
 }
 
-void CommonDefaultPage::addNextPageItem(const int* state, bool redisplay) {
+// Programs that were built when there was one form of addNextPageItem() link this name.
+extern "C" ORVGUI_EXPORT void orvguiAddNextPageItem(
+    CommonDefaultPage* page, const int* state,
+    bool redisplay) __asm__("_ZN6ORVLib3Gui17CommonDefaultPage15addNextPageItemEPKib");
+
+void orvguiAddNextPageItem(CommonDefaultPage* page, const int* state, bool redisplay) {
+    page->addNextPageItem(state, redisplay);
+}
+
+void CommonDefaultPage::addNextState(const int* state, bool redisplay) {
     const int next = state != nullptr ? getNextPageState(*state, redisplay) : NO_NEXT_STATE;
     if (next > 0) {
         HTMLMapUtil::insertIntoMap(

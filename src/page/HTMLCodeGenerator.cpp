@@ -12,6 +12,7 @@
 #include "gui/HTMLPage.h"
 #include "gui/MessageMgr.h"
 #include "message/Log.h"
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
@@ -106,17 +107,20 @@ void HTMLCodeGenerator::printHTML() const {
 
 void HTMLCodeGenerator::printMarker(const std::string& name) const {
     if (name.empty()) {
-        std::cout << MARKER;
+        output << MARKER;
+        return;
+    }
+    if (m_map == nullptr) {
         return;
     }
     const auto entry = m_map->find(name);
-    if (entry != m_map->end()) {
+    if (entry != m_map->end() && entry->second != nullptr) {
         entry->second->printHTML();
     }
 }
 
 void HTMLCodeGenerator::printUnreadable() const {
-    std::cout << MessageMgr(NO_SKELETON_LANGUAGE).getMessage(NO_SKELETON_MESSAGE, NO_SKELETON_CODE);
+    output << MessageMgr(NO_SKELETON_LANGUAGE).getMessage(NO_SKELETON_MESSAGE, NO_SKELETON_CODE);
     logUnreadable();
 }
 
@@ -127,8 +131,9 @@ void HTMLCodeGenerator::logUnreadable() const {
 }
 
 bool HTMLCodeGenerator::isError() const {
-    return std::any_of(m_map->begin(), m_map->end(),
-                       [](const auto& entry) { return entry.second->isError(); });
+    return m_map != nullptr && std::any_of(m_map->begin(), m_map->end(), [](const auto& entry) {
+               return entry.second != nullptr && entry.second->isError();
+           });
 }
 
 }  // namespace ORVLib::Gui

@@ -5,6 +5,8 @@
 #include <cstring>
 #include <iostream>
 
+#include "message/Output.h"
+
 namespace ORVLib::Gui {
 
 namespace {
@@ -29,9 +31,9 @@ Cookie::Cookie() {
 
 void Cookie::printHTML() const {
     const auto end = std::find_if(m_sessionId.begin(), m_sessionId.end(), endsLine);
-    std::cout << "Set-Cookie: sid=" << std::string(m_sessionId.begin(), end);
+    output << "Set-Cookie: sid=" << std::string(m_sessionId.begin(), end);
     if (m_expired) {
-        std::cout << "; path=/; expires=Thu,01-Jan-1970 09:00:00 GMT";
+        output << "; path=/; expires=Thu,01-Jan-1970 09:00:00 GMT";
     }
     std::cout << std::endl;
 }

@@ -128,7 +128,7 @@ bool FormInfo::getFormData(const std::string& name, std::string& value) const {
 bool FormInfo::getFormIPAddr(const std::string& name, unsigned char* address) const {
     for (int i = 0; i < IPAddressField::ADDR_BYTE_SIZE; ++i) {
         std::string value;
-        if (!getFormData(name + std::to_string(i), value)) {
+        if (address == nullptr || !getFormData(name + std::to_string(i), value)) {
             return false;
         }
         address[i] = static_cast<unsigned char>(Numbers::readInt(value.c_str()) & 0xff);

@@ -1,6 +1,7 @@
 #include "request/UploadGuard.h"
 
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -14,12 +15,16 @@ namespace {
 
 constexpr int NAME_ATTEMPTS = 100;
 constexpr mode_t OWNER_ONLY = 0600;
-constexpr int ENDING_SIGNALS[] = {SIGTERM, SIGHUP, SIGINT, SIGABRT};
+constexpr int ENDING_SIGNALS[] = {SIGTERM, SIGHUP, SIGINT, SIGPIPE, SIGQUIT, SIGALRM, SIGABRT,
+                                  SIGSEGV, SIGBUS, SIGFPE, SIGILL,  SIGSYS,  SIGXCPU};
 
 // What a signal handler may read: the guarded file's name, empty for none, and whose it is.
 char guardedPath[128];
 pid_t guardingProcess = 0;
 
+constexpr std::size_t HANDLER_STACK_SIZE = 65536;
+
+/// Leaves the files of a parent alone in a process that the page forked.
 void removeGuarded() {
     if (guardedPath[0] != '\0' && guardingProcess == getpid()) {
         unlink(guardedPath);
@@ -50,13 +55,30 @@ private:
     sigset_t m_before{};
 };
 
+/// Gives the handlers a stack of their own for a process whose stack is full, unless the program
+/// has done so. It is mapped here and not kept in the library, whose every page would pay for it.
+void provideStack() {
+    stack_t stack{};
+    if (sigaltstack(nullptr, &stack) != 0 || (stack.ss_flags & SS_DISABLE) == 0) {
+        return;
+    }
+    stack.ss_sp = mmap(nullptr, HANDLER_STACK_SIZE, PROT_READ | PROT_WRITE,
+                       MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    stack.ss_size = HANDLER_STACK_SIZE;
+    stack.ss_flags = 0;
+    if (stack.ss_sp != MAP_FAILED) {
+        sigaltstack(&stack, nullptr);
+    }
+}
+
 void handleEnds() {
     std::atexit(removeGuarded);
+    provideStack();
     for (const int signal : ENDING_SIGNALS) {
         struct sigaction action {};
         if (sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_DFL) {
             action.sa_handler = removeAndEnd;
-            action.sa_flags = static_cast<int>(SA_RESETHAND);
+            action.sa_flags = static_cast<int>(SA_RESETHAND | SA_ONSTACK);
             sigaction(signal, &action, nullptr);
         }
     }
@@ -67,7 +89,7 @@ void handleEnds() {
 }  // namespace
 
 int create(std::string (*nextName)(), std::string& path) {
-    if (guardingProcess == 0) {
+    if (guardingProcess != getpid()) {
         handleEnds();
     }
     const SignalsBlocked blocked;

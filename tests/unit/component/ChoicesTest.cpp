@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <type_traits>
 #include <utility>
 
 #include "component/Printing.h"
@@ -12,10 +11,6 @@
 using namespace ORVLib::Gui;
 
 namespace {
-
-static_assert(!std::is_copy_constructible_v<RadioButton> &&
-              !std::is_copy_assignable_v<RadioButton>);
-static_assert(!std::is_copy_constructible_v<CheckBox> && !std::is_copy_assignable_v<CheckBox>);
 
 TEST(Choices, PrintNothingWithoutEntries) {
     EXPECT_EQ(printedWithFlushes(SelectMenu("n", "v", "f", 0, &CONFIRM, true)), "");

@@ -4,7 +4,9 @@
 
 #include "component/Printing.h"
 #include "gui/DateField.h"
+#include "gui/MessageMgr.h"
 #include "gui/TimeField.h"
+#include "support/Captured.h"
 
 using namespace ORVLib::Gui;
 
@@ -32,6 +34,19 @@ TEST(DateField, ChecksTheCalendar) {
         field.checkDate();
         EXPECT_EQ(field.isError(), c.isError) << c.first << ' ' << c.second << ' ' << c.third;
     }
+}
+
+// As the header shows it.
+TEST(DateField, IsCheckedBeforeItIsEscaped) {
+    std::string year = "2028", month = " 2", day = "29\"<";
+    DateField field("d", "", "", year, month, day);
+    field.checkDate();
+    for (std::string* text : {&year, &month, &day}) {
+        MessageMgr::convertHTML(*text);
+    }
+    field.setYear(year), field.setMonth(month), field.setDay(day);
+    EXPECT_FALSE(field.isError());
+    EXPECT_NE(printed(field).find("value=\"29&quot;&lt;\""), std::string::npos);
 }
 
 TEST(DateField, KnowsTheLastDayOfEachMonth) {

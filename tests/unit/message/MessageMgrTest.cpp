@@ -109,6 +109,7 @@ TEST(CsvMessageNumber, StandsBehindTheKey) {
     writeFile(path, "1,500,text\n4294967295,7\n2,0\n3,x\n4\n");
     CsvInfoAccess csv(path);
     MessageMgr messages(1);
+    const std::locale before = std::locale::global(std::locale(std::locale(), new Grouping));
     struct Case {
         unsigned int key;
         bool found;
@@ -122,6 +123,7 @@ TEST(CsvMessageNumber, StandsBehindTheKey) {
         EXPECT_EQ(number, c.number);
         EXPECT_EQ(trace.has(0, MODULE, "MessageMgr::getCsvExMsgId() tmpId"), !c.found);
     }
+    std::locale::global(before);
     const CapturedTrace trace;
     CsvInfoAccess missing(path + ".missing");
     unsigned int number = 99;

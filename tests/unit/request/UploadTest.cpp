@@ -1,16 +1,20 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <climits>
 #include <csignal>
 #include <filesystem>
 
+#include "gui/AbstractMain.h"
 #include "gui/FormInfo.h"
 #include "support/Captured.h"
 #include "support/CgiRequest.h"
 #include "support/Child.h"
 #include "support/Files.h"
 
+using ORVLib::Gui::AbstractMain;
 using ORVLib::Gui::FormInfo;
 
 namespace {
@@ -175,19 +179,100 @@ TEST(Upload, GoesWithTerminateOnce) {
     EXPECT_TRUE(std::filesystem::remove(path));
 }
 
+/// A page program that has nothing to do but to read its request.
+class Page : public AbstractMain {
+public:
+    explicit Page(FormInfo* form) : AbstractMain(form, 1) {}
+
+private:
+    int execMain() override { return 0; }
+};
+
+/// The upload that a process has open, once it has.
+std::string uploadOf(pid_t process) {
+    const std::string files = "/proc/" + std::to_string(process) + "/fd";
+    for (int attempt = 0; attempt < 5000; ++attempt) {
+        for (const auto& file : std::filesystem::directory_iterator(files)) {
+            std::error_code gone;
+            std::string path = std::filesystem::read_symlink(file, gone);
+            if (path.rfind("/var/tmp/tmp_", 0) == 0) {
+                return path;
+            }
+        }
+        usleep(1000);
+    }
+    return "";
+}
+
+/// Ends as the kernel would end a process without handlers, but leaves no core file.
+void endByDefault(int signal) {
+    const rlimit none{};
+    setrlimit(RLIMIT_CORE, &none);
+    std::signal(signal, SIG_DFL);
+}
+
+// In the middle of an upload: the body does not go on. A larger one is read by exec().
 TEST(Upload, GoesHoweverTheProcessEnds) {
-    for (const int signal : {0, SIGTERM, SIGHUP, SIGINT, SIGABRT}) {
-        CgiRequest request;
-        request.postMultipart("B", filePart("B", "f", "x") + closing("B"));
-        const ChildResult child = inChild([signal] {
+    for (const char* const announced : {"1000000", "3000000"}) {
+        for (const int signal : {SIGTERM, SIGHUP, SIGINT, SIGPIPE, SIGQUIT, SIGALRM, SIGABRT,
+                                 SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGSYS, SIGXCPU}) {
+            if (signal == SIGPIPE && *announced == '3') {
+                continue;  // exec() ignores it
+            }
+            CgiRequest request;
+            request.post("multipart/form-data; boundary=B", "", announced);
+            int body[2];
+            ASSERT_EQ(pipe2(body, O_CLOEXEC), 0);
+            fcntl(body[1], F_SETPIPE_SZ, 2 * BUFFER);
+            const std::string begin = filePart("B", "f", std::string(BUFFER, 'x'));
+            ASSERT_EQ(write(body[1], begin.data(), begin.size()),
+                      static_cast<ssize_t>(begin.size()));
+            const pid_t child = fork();
+            if (child == 0) {
+                dup2(body[0], STDIN_FILENO);
+                endByDefault(signal);
+                FormInfo form;
+                std::_Exit(Page(&form).exec());
+            }
+            const std::string path = uploadOf(child);
+            kill(child, signal);
+            close(body[0]);
+            close(body[1]);
+            int status = 0;
+            waitpid(child, &status, 0);
+            EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal) << signal;
+            EXPECT_NE(path, "");
+            EXPECT_FALSE(std::filesystem::exists(path)) << signal;
+        }
+    }
+}
+
+int fillStack(int depth) {
+    static int (*volatile const again)(int) = fillStack;
+    volatile char block[4096];
+    block[0] = 0;
+    return depth == 0 ? 0 : again(depth - 1) + block[0];
+}
+
+TEST(Upload, GoesWithItsOwnProcessAndWithAFullStack) {
+    CgiRequest request;
+    request.postMultipart("B", filePart("B", "f", "x") + closing("B"));
+    for (const bool overflows : {false, true}) {
+        const ChildResult page = inChild([overflows] {
+            endByDefault(SIGSEGV);
             static const FormInfo* const form = new FormInfo;  // nobody destroys it
             std::cout << form->getTemporaryFilePath() << std::flush;
-            raise(signal);
-            return std::filesystem::exists(form->getTemporaryFilePath()) ? 3 : 4;
+            if (fork() == 0) {
+                raise(SIGSEGV);
+            }
+            wait(nullptr);
+            const bool kept = std::filesystem::exists(form->getTemporaryFilePath());
+            return kept && overflows ? fillStack(INT_MAX) : kept;
         });
-        EXPECT_EQ(child.status, signal == 0 ? 3 : -1) << signal;
-        EXPECT_EQ(child.output.rfind("/var/tmp/tmp_", 0), 0U);
-        EXPECT_FALSE(std::filesystem::exists(child.output)) << signal;
+        EXPECT_EQ(page.status, overflows ? -1 : 1);
+        EXPECT_EQ(page.output.rfind("/var/tmp/tmp_", 0), 0U);
+        EXPECT_FALSE(std::filesystem::exists(page.output)) << overflows;
+        lseek(STDIN_FILENO, 0, SEEK_SET);
     }
 }
 

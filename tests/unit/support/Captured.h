@@ -1,6 +1,7 @@
 #pragma once
 
 #include <iostream>
+#include <locale>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -21,6 +22,12 @@ public:
 private:
     std::ostringstream m_text;
     std::streambuf* m_before;
+};
+
+/// A locale in which numbers have a comma before every digit but the first.
+class Grouping : public std::numpunct<char> {
+    char do_thousands_sep() const override { return ','; }
+    std::string do_grouping() const override { return "\1"; }
 };
 
 inline std::string printed(const ORVLib::Gui::HTMLComponent& component) {

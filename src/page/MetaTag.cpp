@@ -1,16 +1,16 @@
 #include "gui/MetaTag.h"
 
-#include <iostream>
+#include "message/Output.h"
 
 namespace ORVLib::Gui {
 
 void MetaTag::printHTML() const {
     const char* const attribute = m_name == "FRAME-ID" ? "name" : "http-equiv";
-    std::cout << "<meta " << attribute << "=\"" << m_name << "\" content=\"" << m_content;
+    output << "<meta " << attribute << "=\"" << m_name << "\" content=\"" << m_content;
     if (!m_url.empty()) {
-        std::cout << ";URL=" << m_url;
+        output << ";URL=" << m_url;
     }
-    std::cout << "\">";
+    output << "\">";
 }
 
 bool MetaTag::isError() const {
