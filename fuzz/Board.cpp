@@ -122,7 +122,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Fuzz::Input input(data, size);
     for (int start = 0; start < 2; ++start) {  // once more, with whatever the input left
         BoardState state(path);
-        Sessions sessions(state, std::chrono::seconds(1000));
+        Sessions sessions(state, std::chrono::seconds(1000), folder.path + "/ended");
         FirmwareStage stage(path + ".firmware");
         Installation installation(state);
         installation.noteInterruption();

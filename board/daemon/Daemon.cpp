@@ -24,6 +24,7 @@ constexpr std::size_t ACCEPT_BATCH = 16;
 constexpr std::chrono::seconds ACCEPT_PAUSE{1};
 
 const char* const STAGE_SUFFIX = ".firmware";
+const char* const MARKER_SUFFIX = ".ended";
 
 // The entries of poll() before those of the clients.
 enum { SIGNALS, SERVER, PASSWORDS, FIRST_CLIENT };
@@ -52,7 +53,7 @@ Daemon::Daemon(const Options& options)
       m_signals(openSignals()),
       m_server(options.socket),
       m_state(options.state),
-      m_sessions(m_state, options.sessionTimeout),
+      m_sessions(m_state, options.sessionTimeout, options.state + MARKER_SUFFIX),
       m_stage(options.state + STAGE_SUFFIX),
       m_installation(m_state),
       m_requests(getParts()),
@@ -60,6 +61,7 @@ Daemon::Daemon(const Options& options)
       m_nextAccept(Clock::now()) {
     BoardClock::start(m_state);
     noteInterruption();
+    storeSessions();
 }
 
 void Daemon::run() {
@@ -297,7 +299,7 @@ void Daemon::storeSessions() {
     m_nextStore = Clock::now() + Sessions::STORE_INTERVAL;
     try {
         m_sessions.store();
-    } catch (const DatabaseError& error) {
+    } catch (const std::runtime_error& error) {
         putLog(std::string("cannot store when sessions were used: ") + error.what());
     }
 }

@@ -174,7 +174,8 @@ void BoardState::deleteSessions(const std::string& user, const std::string& kept
 }
 
 void BoardState::updateSessions(const std::vector<StoredSession>& used,
-                                const std::vector<std::string>& ended) {
+                                const std::vector<std::string>& ended,
+                                const std::vector<TimedEvent>& events) {
     Transaction transaction(m_database);
     for (const StoredSession& session : used) {
         m_database.query("UPDATE sessions SET last_use = ? WHERE id = ?")
@@ -184,6 +185,9 @@ void BoardState::updateSessions(const std::vector<StoredSession>& used,
     }
     for (const std::string& id : ended) {
         deleteSession(id);
+    }
+    for (const TimedEvent& timed : events) {
+        insertEvent(timed.event, timed.time);
     }
     transaction.commit();
 }

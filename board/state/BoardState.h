@@ -67,7 +67,8 @@ public:
     void removeSession(const std::string& id, const Event& event);
     /// Stores last uses and forgets sessions, all at once.
     void updateSessions(const std::vector<StoredSession>& used,
-                        const std::vector<std::string>& ended);
+                        const std::vector<std::string>& ended,
+                        const std::vector<TimedEvent>& events);
 
     void logEvent(const Event& event);
     std::vector<StoredEvent> readEvents(const EventQuery& query);

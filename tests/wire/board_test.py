@@ -350,9 +350,18 @@ class BoardTest(BoardCase):
         self.end()
         self.start(limit=1)
         self.check(session)
-        for operation, *arguments in ((self.login,), (self.ask, LOGOUT, session)):
-            self.assertRefused(BOARD_FAILURE, operation, *arguments)
+        self.assertRefused(BOARD_FAILURE, self.login)
+        self.ask(LOGOUT, session)
         self.assertRefused(NO_SESSION, self.check, session)
+        self.assertRefused(BOARD_FAILURE, self.login)
+        for limit in (1, None, None):  # still full, room again, and as ever
+            self.end(signal.SIGKILL)
+            self.start(limit=limit)
+            self.assertRefused(NO_SESSION, self.check, session)
+        other = self.login(b"guest").session
+        self.end(signal.SIGKILL)
+        self.start()
+        self.check(other)
 
     def test_damage_is_found_and_left_to_be_mended(self):
         self.start()
