@@ -2,13 +2,15 @@
 
 #include <algorithm>
 
+#include "wire/Calendar.h"
 #include "wire/Records.h"
 
 namespace ORVLib::Board {
 
 namespace {
 
-constexpr int KEPT_EVENTS = 2000;  // of each source
+constexpr int KEPT_EVENTS = 500;  // of each code
+constexpr int COUNTED_TOGETHER_S = 600;
 
 std::int64_t toSeconds(std::chrono::system_clock::time_point time) {
     return std::chrono::duration_cast<std::chrono::seconds>(time.time_since_epoch()).count();
@@ -25,6 +27,15 @@ std::string readText(const Query& query, int column) {
         throw DatabaseError("a text is damaged", SQLITE_CORRUPT);
     }
     return text;
+}
+
+// An event's detail, and how often the event came since.
+std::string describe(const std::string& detail, std::int64_t count, std::int64_t lastTime) {
+    if (count <= 1) {
+        return detail;
+    }
+    const auto second = static_cast<int>(std::max<std::int64_t>(lastTime, 0) % SECONDS_PER_DAY);
+    return detail + ", " + std::to_string(count) + " times until " + formatTime(second);
 }
 
 User readUser(const Query& query) {
@@ -144,7 +155,7 @@ void BoardState::addSession(const StoredSession& session, const std::vector<std:
     for (const std::string& id : ended) {
         deleteSession(id);
     }
-    m_database.query("INSERT INTO sessions VALUES (?, ?, ?, ?, ?)")
+    m_database.query("INSERT INTO sessions VALUES (?, ?, ?, ?, ?, '')")
         .bind(session.id)
         .bind(session.user)
         .bind(session.address)
@@ -199,6 +210,9 @@ void BoardState::logEvent(const Event& event) {
 }
 
 void BoardState::insertEvent(const Event& event, std::int64_t time) {
+    if (event.code == EventCode::LOGIN_REFUSED && countRepetition(event, time)) {
+        return;
+    }
     m_database
         .query("INSERT INTO events (time, severity, code, user, detail) VALUES (?, ?, ?, ?, ?)")
         .bind(time)
@@ -207,21 +221,51 @@ void BoardState::insertEvent(const Event& event, std::int64_t time) {
         .bind(event.user)
         .bind(event.detail)
         .run();
-    const int source = getSource(event.code);
-    m_database
-        .query(
-            "DELETE FROM events WHERE code / 100 = ? AND number <= (SELECT number FROM events"
-            " WHERE code / 100 = ? ORDER BY number DESC LIMIT 1 OFFSET ?)")
-        .bind(source)
-        .bind(source)
-        .bind(KEPT_EVENTS)
+    trimEvents(static_cast<int>(event.code));
+}
+
+// Whoever guesses passwords must not be able to fill the log. False when there is no row of the
+// last minutes to count in.
+bool BoardState::countRepetition(const Event& event, std::int64_t time) {
+    Query row = m_database.query(
+        "SELECT max(number) FROM events"
+        " WHERE code = ? AND user = ? AND detail = ? AND time > ? AND time <= ?");
+    row.bind(static_cast<int>(event.code))
+        .bind(event.user)
+        .bind(event.detail)
+        .bind(time - COUNTED_TOGETHER_S)
+        .bind(time)
+        .step();
+    const std::int64_t number = row.getNumber(0);
+    if (number == 0) {
+        return false;
+    }
+    m_database.query("UPDATE events SET count = count + 1, last_time = ? WHERE number = ?")
+        .bind(time)
+        .bind(number)
         .run();
+    return true;
+}
+
+void BoardState::trimEvents(int code) {
+    const auto isTooMany = [&] {
+        Query all = m_database.query("SELECT count(*) FROM events WHERE code = ?");
+        return all.bind(code).step() && all.getNumber(0) > KEPT_EVENTS;
+    };
+    while (isTooMany()) {
+        m_database
+            .query(
+                "DELETE FROM events WHERE number = (SELECT min(number) FROM events"
+                " WHERE code = ? GROUP BY user ORDER BY count(*) DESC, min(number) LIMIT 1)")
+            .bind(code)
+            .run();
+    }
 }
 
 std::vector<StoredEvent> BoardState::readEvents(const EventQuery& wanted) {
     std::vector<StoredEvent> events;
     Query query = m_database.query(
-        "SELECT number, time, code, user, detail FROM events"
+        "SELECT number, time, code, user, detail, count, last_time FROM events"
         " WHERE number < ? AND severity >= ? AND ? IN (0, code / 100) AND time >= ? AND time < ?"
         " ORDER BY number DESC LIMIT ?");
     query.bind(wanted.before)
@@ -233,7 +277,7 @@ std::vector<StoredEvent> BoardState::readEvents(const EventQuery& wanted) {
     while (query.step()) {
         events.push_back({query.getNumber(0), query.getNumber(1),
                           static_cast<EventCode>(query.getNumber(2)), readText(query, 3),
-                          readText(query, 4)});
+                          describe(readText(query, 4), query.getNumber(5), query.getNumber(6))});
     }
     return events;
 }

@@ -70,6 +70,9 @@ public:
                         const std::vector<std::string>& ended,
                         const std::vector<TimedEvent>& events);
 
+    /// Keeps a bounded number of events of each code. Where there are more, the user who has most
+    /// of them loses the oldest: nobody can push out what others did, or what the hardware did.
+    /// Refused log-ins that repeat are counted in the row of the first.
     void logEvent(const Event& event);
     std::vector<StoredEvent> readEvents(const EventQuery& query);
 
@@ -91,6 +94,8 @@ private:
     void makeNew();
     void replaceUser(const User& user);
     void insertEvent(const Event& event, std::int64_t time);
+    bool countRepetition(const Event& event, std::int64_t time);
+    void trimEvents(int code);
     void replaceItem(std::uint32_t id, const std::string& content);
     void deleteSession(const std::string& id);
     void deleteSessions(const std::string& user, const std::string& keptSession);

@@ -376,7 +376,7 @@ class BoardTest(BoardCase):
         self.assertEqual((self.state.read_bytes(), log.read_bytes()), (damaged, last))
         for statement in ("DROP TABLE events", "ALTER TABLE users DROP COLUMN event_filter",
                           "UPDATE users SET name = 'x' || char(0) WHERE name = 'guest'",
-                          "INSERT INTO sessions VALUES ('x', 'nobody', '', 0, 0)"):
+                          "INSERT INTO sessions VALUES ('x', 'nobody', '', 0, 0, '')"):
             with self.subTest(statement):
                 self.state.unlink()
                 self.start()
