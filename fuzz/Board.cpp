@@ -130,7 +130,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         std::vector<std::string> ids = {""};
         for (const SampleUser& user : SAMPLE_USERS) {
             if (state.findUser(user.name)) {
-                ids.push_back(sessions.open(user.name, "", {EventCode::LOGGED_IN, user.name, ""}));
+                ids.push_back(
+                    sessions.open(user.name, "", "", {EventCode::LOGGED_IN, user.name, ""}));
             }
         }
         serve(input, {state, sessions, stage, installation}, ids);

@@ -11,6 +11,7 @@ namespace {
 
 constexpr int KEPT_EVENTS = 500;  // of each code
 constexpr int COUNTED_TOGETHER_S = 600;
+constexpr int DEVICES_OF_A_USER = 16;
 
 std::int64_t toSeconds(std::chrono::system_clock::time_point time) {
     return std::chrono::duration_cast<std::chrono::seconds>(time.time_since_epoch()).count();
@@ -94,7 +95,11 @@ void BoardState::storeUser(const User& user, const Event& event) {
 
 void BoardState::resetUser(const User& user, const std::string& keptSession, const Event& event) {
     Transaction transaction(m_database);
+    const auto before = findUser(user.name);
     replaceUser(user);
+    if (!before || before->passwordHash != user.passwordHash) {
+        deleteDevices(user.name, keptSession);
+    }
     deleteSessions(user.name, keptSession);
     insertEvent(event, getTime());
     transaction.commit();
@@ -102,6 +107,7 @@ void BoardState::resetUser(const User& user, const std::string& keptSession, con
 
 void BoardState::removeUser(const std::string& name, const Event& event) {
     Transaction transaction(m_database);
+    deleteDevices(name, "");
     deleteSessions(name, "");
     m_database.query("DELETE FROM users WHERE name = ?").bind(name).run();
     insertEvent(event, getTime());
@@ -137,14 +143,15 @@ void BoardState::replaceItem(std::uint32_t id, const std::string& content) {
 
 std::vector<StoredSession> BoardState::readSessions() {
     std::vector<StoredSession> sessions;
-    Query query = m_database.query("SELECT id, user, address, login_time, last_use FROM sessions");
+    Query query =
+        m_database.query("SELECT id, user, address, login_time, last_use, device FROM sessions");
     const std::int64_t now = toSeconds(std::chrono::system_clock::now());
     while (query.step()) {
         // A clock that was set back since must not make a session last longer.
         const std::int64_t lastUse = std::clamp<std::int64_t>(query.getNumber(4), 0, now);
         const std::int64_t loginTime = std::clamp<std::int64_t>(query.getNumber(3), 0, lastUse);
         sessions.push_back({readText(query, 0), readText(query, 1), readText(query, 2),
-                            toTime(loginTime), toTime(lastUse)});
+                            toTime(loginTime), toTime(lastUse), readText(query, 5)});
     }
     return sessions;
 }
@@ -155,15 +162,67 @@ void BoardState::addSession(const StoredSession& session, const std::vector<std:
     for (const std::string& id : ended) {
         deleteSession(id);
     }
-    m_database.query("INSERT INTO sessions VALUES (?, ?, ?, ?, ?, '')")
+    m_database.query("INSERT INTO sessions VALUES (?, ?, ?, ?, ?, ?)")
         .bind(session.id)
         .bind(session.user)
         .bind(session.address)
         .bind(toSeconds(session.loginTime))
         .bind(toSeconds(session.lastUse))
+        .bind(session.device)
         .run();
+    if (!session.device.empty()) {
+        replaceDevice(session.device, session.user);
+    }
     insertEvent(event, getTime());
     transaction.commit();
+}
+
+bool BoardState::hasDevice(const std::string& digest) {
+    return m_database.query("SELECT 1 FROM devices WHERE digest = ?").bind(digest).step();
+}
+
+bool BoardState::hasDevice(const std::string& digest, const std::string& user) {
+    return m_database.query("SELECT 1 FROM devices WHERE user = ? AND digest = ?")
+        .bind(user)
+        .bind(digest)
+        .step();
+}
+
+void BoardState::addDevice(const std::string& digest, const std::string& user,
+                           const std::string& session) {
+    Transaction transaction(m_database);
+    replaceDevice(digest, user);
+    m_database.query("UPDATE sessions SET device = ? WHERE id = ?")
+        .bind(digest)
+        .bind(session)
+        .run();
+    transaction.commit();
+}
+
+// With a new number, which is the highest: they are in the order of their last use.
+void BoardState::replaceDevice(const std::string& digest, const std::string& user) {
+    m_database.query("REPLACE INTO devices (user, digest) VALUES (?, ?)")
+        .bind(user)
+        .bind(digest)
+        .run();
+    m_database
+        .query(
+            "DELETE FROM devices WHERE user = ? AND number <= (SELECT number FROM devices"
+            " WHERE user = ? ORDER BY number DESC LIMIT 1 OFFSET ?)")
+        .bind(user)
+        .bind(user)
+        .bind(DEVICES_OF_A_USER)
+        .run();
+}
+
+void BoardState::deleteDevices(const std::string& user, const std::string& keptSession) {
+    m_database
+        .query(
+            "DELETE FROM devices WHERE user = ? AND digest NOT IN"
+            " (SELECT device FROM sessions WHERE id = ?)")
+        .bind(user)
+        .bind(keptSession)
+        .run();
 }
 
 void BoardState::removeSession(const std::string& id, const Event& event) {

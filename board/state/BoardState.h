@@ -31,6 +31,7 @@ struct StoredSession {
     std::string address;
     Time loginTime;
     Time lastUse;
+    std::string device;  ///< digest of the ID of the browser; empty for one that has none
 };
 
 /// Items by their IDs.
@@ -51,7 +52,8 @@ public:
     std::vector<User> readUsers();
     /// Adds the user, or replaces what is known of the one with this name.
     void storeUser(const User& user, const Event& event);
-    /// As storeUser(), and ends all of the user's sessions but `keptSession`.
+    /// As storeUser(), and ends all of the user's sessions but `keptSession`. With another password
+    /// all of the user's devices are forgotten but that session's.
     void resetUser(const User& user, const std::string& keptSession, const Event& event);
     /// Ends the user's sessions too.
     void removeUser(const std::string& name, const Event& event);
@@ -61,6 +63,13 @@ public:
     void writeItems(const StoredItems& contents, const std::vector<Event>& events);
 
     std::vector<StoredSession> readSessions();
+    /// True for a device that some user has.
+    bool hasDevice(const std::string& digest);
+    /// True for a device of this user.
+    bool hasDevice(const std::string& digest, const std::string& user);
+    /// Makes a session's device one of its user's; the longest unused one may make way for it.
+    void addDevice(const std::string& digest, const std::string& user, const std::string& session);
+
     /// Forgets the sessions that `session` takes the room of, too.
     void addSession(const StoredSession& session, const std::vector<std::string>& ended,
                     const Event& event);
@@ -98,6 +107,8 @@ private:
     void trimEvents(int code);
     void replaceItem(std::uint32_t id, const std::string& content);
     void deleteSession(const std::string& id);
+    void replaceDevice(const std::string& digest, const std::string& user);
+    void deleteDevices(const std::string& user, const std::string& keptSession);
     void deleteSessions(const std::string& user, const std::string& keptSession);
 
     Database m_database;

@@ -34,22 +34,23 @@ Sessions::Sessions(BoardState& state, std::chrono::seconds timeout, const std::s
             m_ended.push_back(stored.id);
             continue;
         }
-        m_sessions[stored.id] = {stored.user, stored.address, stored.loginTime,
-                                 Clock::now() - std::chrono::duration_cast<Clock::duration>(unused),
-                                 false};
+        m_sessions[stored.id] = {
+            stored.user,      stored.address,
+            stored.loginTime, Clock::now() - std::chrono::duration_cast<Clock::duration>(unused),
+            stored.device,    false};
     }
 }
 
 std::string Sessions::open(const std::string& user, const std::string& address,
-                           const Event& event) {
+                           const std::string& device, const Event& event) {
     std::string id = randomId();
     const auto now = std::chrono::system_clock::now();
     const std::vector<std::string> surplus = findSurplus(user);
-    m_state.addSession({id, user, address, now, now}, surplus, event);
+    m_state.addSession({id, user, address, now, now, device}, surplus, event);
     for (const std::string& ended : surplus) {
         m_sessions.erase(ended);
     }
-    m_sessions[id] = {user, address, now, Clock::now(), false};
+    m_sessions[id] = {user, address, now, Clock::now(), device, false};
     return id;
 }
 
@@ -79,6 +80,12 @@ std::optional<std::string> Sessions::find(const std::string& id, bool renew) {
         found->second.used = true;
     }
     return found->second.user;
+}
+
+void Sessions::setDevice(const std::string& id, const std::string& digest) {
+    Session& session = m_sessions.at(id);
+    m_state.addDevice(digest, session.user, id);
+    session.device = digest;
 }
 
 void Sessions::close(const std::string& id, const Event& event) {
@@ -124,8 +131,12 @@ void Sessions::forget(const std::string& user, const std::string& keptId) {
 StoredSession Sessions::describe(const std::string& id, const Session& session) {
     const auto unused =
         std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - session.lastUse);
-    return {id, session.user, session.address, session.loginTime,
-            std::chrono::system_clock::now() - unused};
+    return {id,
+            session.user,
+            session.address,
+            session.loginTime,
+            std::chrono::system_clock::now() - unused,
+            session.device};
 }
 
 void Sessions::store() {

@@ -25,10 +25,17 @@ public:
     Sessions(BoardState& state, std::chrono::seconds timeout, const std::string& markerPath);
 
     /// Starts a session and returns its ID: 31 random characters.
-    std::string open(const std::string& user, const std::string& address, const Event& event);
+    /// `device` is the digest of a device of the user's, or empty.
+    std::string open(const std::string& user, const std::string& address, const std::string& device,
+                     const Event& event);
 
     /// The user of a session, which counts as used when `renew` is set; none when it is over.
     std::optional<std::string> find(const std::string& id, bool renew);
+
+    /// The digest of the session's device; empty without one. REQUIRES: there is such a session.
+    const std::string& getDevice(const std::string& id) const { return m_sessions.at(id).device; }
+    /// Stores the device as one of the user's. REQUIRES: there is such a session.
+    void setDevice(const std::string& id, const std::string& digest);
 
     /// The session is over when this returns, also after a crash: an end that cannot be stored is
     /// marked, and store() tries again. Throws when not even the marker can be written.
@@ -55,6 +62,7 @@ private:
         std::string address;
         StoredSession::Time loginTime;
         Clock::time_point lastUse;
+        std::string device;
         bool used = false;  ///< since it was stored
     };
     using Table = std::unordered_map<std::string, Session>;
