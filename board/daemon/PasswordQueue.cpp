@@ -9,8 +9,8 @@ namespace ORVLib::Board {
 
 namespace {
 
-constexpr std::size_t STRANGERS = 64;  ///< that wait at a time
-constexpr std::size_t KNOWN = 32;      ///< that wait at a time
+constexpr std::ptrdiff_t STRANGERS = 64;  ///< that wait at a time
+constexpr std::ptrdiff_t KNOWN = 32;      ///< that wait at a time
 constexpr std::size_t NAMES = 1024;
 constexpr std::size_t SOURCES_OF_A_NAME = 128;
 constexpr std::size_t ADDRESSES = 1024;
@@ -128,41 +128,44 @@ PasswordQueue::Attempts::iterator PasswordQueue::findNextToGrant(Clock::time_poi
     return best;
 }
 
-/// Keeps to the places: among known sources, the account with most attempts loses its latest. Among
-/// strangers, the address with most attempts that wait does; where each has one, the address that
-/// has tried most of late.
+/// Keeps to the places. Returns the ticket of the attempt that loses its own.
 std::optional<std::uint64_t> PasswordQueue::makeRoom(bool isKnown, Clock::time_point now) {
-    std::map<std::string, std::size_t> held;
-    std::size_t all = 0;
-    std::size_t most = 0;
-    const auto holderOf = [](const Waiting& waiting) {
-        return waiting.attempt.isKnown ? waiting.attempt.account : waiting.attempt.source;
-    };
-    for (const Waiting& waiting : m_attempts) {
-        if (waiting.attempt.isKnown == isKnown) {
-            ++all;
-            most = std::max(most, ++held[holderOf(waiting)]);
-        }
-    }
-    if (all <= (isKnown ? KNOWN : STRANGERS)) {
+    const auto all = std::count_if(
+        m_attempts.begin(), m_attempts.end(),
+        [isKnown](const Waiting& waiting) { return waiting.attempt.isKnown == isKnown; });
+    const auto victim = findVictim(isKnown, now);
+    if (all <= (isKnown ? KNOWN : STRANGERS) || victim == m_attempts.end()) {
         return std::nullopt;
-    }
-    auto victim = m_attempts.end();
-    int mostOfLate = 0;
-    for (auto at = m_attempts.begin(); at != m_attempts.end(); ++at) {
-        if (at->attempt.isKnown != isKnown || held[holderOf(*at)] != most) {
-            continue;
-        }
-        const int count = most > 1 ? 0 : m_addresses.count(at->source, now);
-        const bool isWorse = most > 1 ? count >= mostOfLate : count > mostOfLate;
-        if (victim == m_attempts.end() || isWorse) {
-            victim = at;
-            mostOfLate = count;
-        }
     }
     const std::uint64_t ticket = victim->attempt.job.ticket;
     drop(victim);
     return ticket;
+}
+
+/// The latest attempt of whoever waits with most, a user or the address of strangers; where each
+/// waits with one, that of the address that has tried most of late.
+PasswordQueue::Attempts::iterator PasswordQueue::findVictim(bool isKnown, Clock::time_point now) {
+    const auto holderOf = [isKnown](const Waiting& waiting) {
+        return isKnown ? waiting.attempt.account : waiting.attempt.source;
+    };
+    std::map<std::string, std::size_t> held;
+    auto victim = m_attempts.end();
+    for (const Waiting& waiting : m_attempts) {
+        held[holderOf(waiting)] += waiting.attempt.isKnown == isKnown ? 1 : 0;
+    }
+    std::pair<std::size_t, int> most;
+    for (auto at = m_attempts.begin(); at != m_attempts.end(); ++at) {
+        if (at->attempt.isKnown != isKnown) {
+            continue;
+        }
+        const std::pair<std::size_t, int> has(held[holderOf(*at)],
+                                              isKnown ? 0 : m_addresses.count(at->source, now));
+        if (victim == m_attempts.end() || has > most || (has == most && has.first > 1)) {
+            victim = at;
+            most = has;
+        }
+    }
+    return victim;
 }
 
 /// Of one that will not be checked.

@@ -91,6 +91,7 @@ private:
     Attempts::iterator findKnown();
     Attempts::iterator findStranger(Clock::time_point now);
     std::optional<std::uint64_t> makeRoom(bool isKnown, Clock::time_point now);
+    Attempts::iterator findVictim(bool isKnown, Clock::time_point now);
     void drop(Attempts::iterator waiting);
 
     std::string m_key;
