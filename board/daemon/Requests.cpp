@@ -159,7 +159,7 @@ Requests::PasswordCheck Requests::beginLogin(const Request& request) {
     // An unknown user costs a hash too: the time must not tell who exists.
     const auto user = m_state.findUser(login.user);
     login.hash = user ? user->passwordHash : m_nobodysHash;
-    if (user && !client.device.empty()) {
+    if (!client.device.empty()) {
         noteDevice(login, Device::digestOf(client.device));
     }
     return login;
