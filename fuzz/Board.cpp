@@ -122,7 +122,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Fuzz::Input input(data, size);
     for (int start = 0; start < 2; ++start) {  // once more, with whatever the input left
         BoardState state(path);
-        Sessions sessions(state, std::chrono::seconds(1000));
+        Sessions sessions(state, std::chrono::seconds(1000), folder.path + "/ended");
         FirmwareStage stage(path + ".firmware");
         Installation installation(state);
         installation.noteInterruption();
@@ -130,7 +130,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         std::vector<std::string> ids = {""};
         for (const SampleUser& user : SAMPLE_USERS) {
             if (state.findUser(user.name)) {
-                ids.push_back(sessions.open(user.name, "", {EventCode::LOGGED_IN, user.name, ""}));
+                ids.push_back(
+                    sessions.open(user.name, "", "", {EventCode::LOGGED_IN, user.name, ""}));
             }
         }
         serve(input, {state, sessions, stage, installation}, ids);

@@ -5,7 +5,8 @@ import struct
 
 GET_LANGUAGE, LOGIN, LOGOUT, CHECK_SESSION = 0x02010001, 0x02010002, 0x02010004, 0x02010005
 GET_USER_INFO = 0x02010025
-OWN_LANGUAGE, OWN_REFRESH_INTERVAL, OWN_PASSWORD = 0x02010026, 0x02010027, 0x02010028
+OWN_LANGUAGE, OWN_REFRESH_INTERVAL, OWN_PASSWORD, OWN_DEVICE = (
+    0x02010026, 0x02010027, 0x02010028, 0x02010029)
 STATUS, PRODUCT, SYSTEM_NAMES, SYSTEM_POWER, LED = (
     0x02010003, 0x02010007, 0x02010008, 0x0201000A, 0x0201000B)
 PARTITIONS, ADDRESSES, SERVICES, TRAPS = 0x02010030, 0x02010048, 0x0201004A, 0x0201004D
@@ -75,7 +76,11 @@ class BoardClient:
 
     def connect(self, data=b""):
         connection = socket.socket(socket.AF_UNIX)
-        connection.connect(str(self.path))
+        try:
+            connection.connect(str(self.path))
+        except OSError:
+            connection.close()
+            raise
         connection.settimeout(LIMIT)
         connection.sendall(data)
         return connection

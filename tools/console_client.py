@@ -77,27 +77,33 @@ def multipart(fields, file_name, content, boundary=BOUNDARY):
 
 
 class ConsoleClient:
-    """Keeps the session cookie as a browser does. `certificate` is a file, for HTTPS."""
+    """Keeps the console's cookies as a browser does. `certificate` is a file, for HTTPS."""
 
     def __init__(self, url, certificate=None):
         self.server = urllib.parse.urlsplit(url).netloc
         self.context = certificate and ssl.create_default_context(cafile=certificate)
-        self.session = None
+        self.session, self.device = None, None
         self._tokens = {}
 
     def request(self, method, path, body=None, headers=None):
         headers = dict(headers or {})
-        if self.session is not None:
-            headers["Cookie"] = "sid=" + self.session
+        cookies = [f"device={self.device}"] * (path == LOGIN and self.device is not None)
+        cookies += [f"sid={self.session}"] * (self.session is not None)
+        if cookies:
+            headers["Cookie"] = "; ".join(cookies)
         connection = self._connect()
         try:
             connection.request(method, path, body, headers)
             response = connection.getresponse()
-            names = {name.lower(): value for name, value in response.getheaders()}
+            names = {}
+            for name, value in response.getheaders():  # several of a name as several lines
+                name = name.lower()
+                names[name] = f"{names[name]}\n{value}" if name in names else value
             answer = Answer(response.status, names, response.read())
         finally:
             connection.close()
-        self._keep_cookie(answer.headers.get("set-cookie", ""))
+        for line in answer.headers.get("set-cookie", "").split("\n"):
+            self._keep_cookie(line)
         return answer
 
     def _connect(self):
@@ -111,6 +117,8 @@ class ConsoleClient:
             value, *attributes = line[len("sid="):].split("; ")
             expired = any(attribute.startswith("expires=") for attribute in attributes)
             self.session = None if expired else value
+        elif line.startswith("device="):
+            self.device = line[len("device="):].split("; ")[0]
 
     def login(self, user, password=None):
         return self.post(LOGIN, {"user": user, "password": password or user + "-pass"})

@@ -12,7 +12,9 @@
 #include "item/BoardClock.h"
 #include "item/Firmware.h"
 #include "orv/OrvTrace.h"
+#include "wire/Digest.h"
 #include "wire/Protocol.h"
+#include "wire/Random.h"
 
 namespace ORVLib::Board {
 
@@ -24,6 +26,7 @@ constexpr std::size_t ACCEPT_BATCH = 16;
 constexpr std::chrono::seconds ACCEPT_PAUSE{1};
 
 const char* const STAGE_SUFFIX = ".firmware";
+const char* const MARKER_SUFFIX = ".ended";
 
 // The entries of poll() before those of the clients.
 enum { SIGNALS, SERVER, PASSWORDS, FIRST_CLIENT };
@@ -52,20 +55,23 @@ Daemon::Daemon(const Options& options)
       m_signals(openSignals()),
       m_server(options.socket),
       m_state(options.state),
-      m_sessions(m_state, options.sessionTimeout),
+      m_sessions(m_state, options.sessionTimeout, options.state + MARKER_SUFFIX),
       m_stage(options.state + STAGE_SUFFIX),
       m_installation(m_state),
       m_requests(getParts()),
+      m_waiting(randomBytes(Digest::SIZE)),
       m_nextStore(Clock::now() + Sessions::STORE_INTERVAL),
       m_nextAccept(Clock::now()) {
     BoardClock::start(m_state);
     noteInterruption();
+    storeSessions();
 }
 
 void Daemon::run() {
     while (!m_stopped) {
         waitAndServe();
         expireClients();
+        expirePasswordChecks();
         removeClosed();
         startPasswordCheck();
         finishInstallation();
@@ -82,9 +88,7 @@ int Daemon::getWaitMs() const {
     if (m_nextAccept > Clock::now()) {
         next = std::min(next, m_nextAccept);
     }
-    if (m_passwords.isIdle()) {
-        next = std::min(next, m_waiting.getDue());
-    }
+    next = std::min(next, m_waiting.getDue(m_passwords.isIdle()));
     for (const Client& client : m_clients) {
         next = std::min(next, client.getDeadline());
     }
@@ -194,18 +198,24 @@ void Daemon::awaitPasswordCheck(Client& client) {
     const std::uint64_t ticket = client.getTicket();
     try {
         Requests::PasswordCheck check = m_requests.beginPasswordCheck(client.getRequest());
-        const bool isDelayed = check.delay > check.delay.zero();
         const auto ousted = m_waiting.add({{ticket, check.password, check.hash, check.newPassword},
-                                           check.user,
+                                           check.account,
                                            check.source,
-                                           Clock::now() + check.delay},
-                                          isDelayed);
+                                           check.isKnown,
+                                           !check.hash},
+                                          Clock::now());
         m_passwordChecks[ticket] = std::move(check);
         if (ousted) {
             refuseAsBusy(*ousted);
         }
     } catch (const PException& refusal) {
         client.answer(Reply::error(refusal), getDamage(client));
+    }
+}
+
+void Daemon::expirePasswordChecks() {
+    for (const std::uint64_t ticket : m_waiting.expire(Clock::now())) {
+        refuseAsBusy(ticket);
     }
 }
 
@@ -233,10 +243,14 @@ void Daemon::finishPasswordCheck() {
         return;
     }
     const auto check = m_passwordChecks.extract(result->ticket);
-    if (Client* const client = findWorkedOn(result->ticket)) {
-        client->answer(endPasswordCheck(client->getRequest(), check.mapped(), *result),
-                       getDamage(*client));
+    Client* const client = findWorkedOn(result->ticket);
+    if (client == nullptr) {
+        m_waiting.finish(false);
+        return;
     }
+    Reply reply = endPasswordCheck(client->getRequest(), check.mapped(), *result);
+    m_waiting.finish(reply.type != TYPE_ERROR);
+    client->answer(std::move(reply), getDamage(*client));
 }
 
 Reply Daemon::endPasswordCheck(const Request& request, const Requests::PasswordCheck& check,
@@ -297,7 +311,7 @@ void Daemon::storeSessions() {
     m_nextStore = Clock::now() + Sessions::STORE_INTERVAL;
     try {
         m_sessions.store();
-    } catch (const DatabaseError& error) {
+    } catch (const std::runtime_error& error) {
         putLog(std::string("cannot store when sessions were used: ") + error.what());
     }
 }

@@ -46,6 +46,7 @@ private:
     void finishPasswordCheck();
     Reply endPasswordCheck(const Request& request, const Requests::PasswordCheck& check,
                            const PasswordWorker::Result& result);
+    void expirePasswordChecks();
     void refuseAsBusy(std::uint64_t ticket);
     Client* findWorkedOn(std::uint64_t ticket);
     void expireClients();

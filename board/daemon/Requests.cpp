@@ -2,10 +2,14 @@
 
 #include <exception>
 
+#include "daemon/LoginClient.h"
+#include "item/Device.h"
 #include "item/Users.h"
 #include "orv/OrvTrace.h"
 #include "state/Password.h"
+#include "wire/Digest.h"
 #include "wire/Protocol.h"
+#include "wire/Random.h"
 
 namespace ORVLib::Board {
 
@@ -89,8 +93,7 @@ Requests::Requests(const Parts& parts)
     : m_state(parts.state),
       m_sessions(parts.sessions),
       m_items(parts),
-      m_nobodysHash(hashPassword("nobody")),
-      m_delays(m_nobodysHash) {}  // its salt is random
+      m_nobodysHash(hashPassword(formatHex(randomBytes(MAX_PASSWORD_SIZE / 2)))) {}
 
 bool Requests::hasPayload(std::uint32_t type) {
     switch (type) {
@@ -128,12 +131,7 @@ bool Requests::isPasswordChecked(std::uint32_t type) {
 
 Requests::PasswordCheck Requests::beginPasswordCheck(const Request& request) {
     try {
-        PasswordCheck check =
-            request.type == PROCEDURE_LOGIN ? beginLogin(request) : beginItemWrite(request);
-        if (check.hash) {
-            check.delay = m_delays.find(check.user, PasswordDelays::Clock::now());
-        }
-        return check;
+        return request.type == PROCEDURE_LOGIN ? beginLogin(request) : beginItemWrite(request);
     } catch (const std::exception& error) {
         throw failure(error);
     }
@@ -153,19 +151,36 @@ Requests::PasswordCheck Requests::beginLogin(const Request& request) {
     PasswordCheck login;
     login.user = readText(request.payload, USER_OFFSET, NAME_SIZE);
     login.password = readText(request.payload, PASSWORD_OFFSET, NAME_SIZE);
-    login.address = readText(request.payload, ADDRESS_OFFSET, ADDRESS_SIZE);
-    login.source = "address " + login.address;
+    const LoginClient client =
+        LoginClient::parse(readText(request.payload, ADDRESS_OFFSET, ADDRESS_SIZE));
+    login.address = client.address;
+    login.account = login.user;
+    login.source = client.getNetwork();
     // An unknown user costs a hash too: the time must not tell who exists.
     const auto user = m_state.findUser(login.user);
     login.hash = user ? user->passwordHash : m_nobodysHash;
+    if (!client.device.empty()) {
+        noteDevice(login, Device::digestOf(client.device));
+    }
     return login;
+}
+
+// The browser has a budget of its own when the user logged in from it before.
+void Requests::noteDevice(PasswordCheck& login, const std::string& digest) {
+    if (m_state.hasDevice(digest, login.user)) {
+        login.device = digest;
+        login.source = "device " + login.user + ' ' + digest;
+        login.isKnown = true;
+    }
 }
 
 Requests::PasswordCheck Requests::beginItemWrite(const Request& request) {
     const Caller caller = requireCaller(request);
     m_items.checkWrite(request.type & ~ACCESS_MASK, request.payload, caller);
     PasswordCheck change;
+    change.account = caller.user.name;
     change.source = "user " + caller.user.name;
+    change.isKnown = true;
     if (request.type != (ITEM_OWN_PASSWORD | ACCESS_WRITE)) {
         change.newPassword = Users::getPassword(request.payload);
         return change;
@@ -184,14 +199,13 @@ Reply Requests::openSession(const Request& request, const PasswordCheck& login, 
     const auto user = m_state.findUser(login.user);
     const std::string address = printable(login.address);
     if (!user || !isPasswordOf(*user, login, matches)) {
-        m_delays.noteFailure(login.user, PasswordDelays::Clock::now());
         // Some type their password where the name belongs: only names of users are noted.
         m_state.logEvent({EventCode::LOGIN_REFUSED, user ? user->name : "", address});
         throw boardError(ERROR_LOGIN_REFUSED, "wrong user name or password");
     }
     Telegram telegram = answerFor(*user, request);
-    telegram.sessionId =
-        m_sessions.open(user->name, address, {EventCode::LOGGED_IN, user->name, address});
+    telegram.sessionId = m_sessions.open(user->name, address, login.device,
+                                         {EventCode::LOGGED_IN, user->name, address});
     return Reply::make(request.type, telegram);
 }
 
@@ -252,7 +266,6 @@ Reply Requests::writeWithPassword(const Request& request, const PasswordCheck& c
                                   const std::string& newHash) {
     Caller caller = requireCaller(request);  // the session may have ended meanwhile
     if (!isPasswordOf(caller.user, check, matches)) {
-        m_delays.noteFailure(caller.user.name, PasswordDelays::Clock::now());
         m_state.logEvent({EventCode::PASSWORD_CHANGE_REFUSED, caller.user.name, ""});
         throw boardError(ERROR_LOGIN_REFUSED, "wrong password");
     }

@@ -1,11 +1,9 @@
 #pragma once
 
-#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
 
-#include "daemon/PasswordDelays.h"
 #include "daemon/Reply.h"
 #include "item/Items.h"
 #include "state/BoardState.h"
@@ -30,11 +28,13 @@ public:
     struct PasswordCheck {
         std::string user;  ///< whose password is compared; empty when none is
         std::string password;
-        std::optional<std::string> hash;     ///< what the password must match, if anything
-        std::string address;                 ///< where a login comes from
-        std::string newPassword;             ///< what a password is changed to
-        std::string source;                  ///< who asks, for sharing out the places to wait
-        std::chrono::milliseconds delay{0};  ///< how long the check is to wait
+        std::optional<std::string> hash;  ///< what the password must match, if anything
+        std::string address;              ///< where a login comes from
+        std::string device;       ///< digest of the ID of the device, if it is one of the user's
+        std::string newPassword;  ///< what a password is changed to
+        std::string account;      ///< whom the attempt counts for
+        std::string source;       ///< who tries
+        bool isKnown = false;     ///< the source is the account's own
     };
 
     /// The parts must outlive this.
@@ -66,6 +66,7 @@ private:
     Reply accessItem(const Request& request);
     Reply readPublicItem(const Request& request);
     PasswordCheck beginLogin(const Request& request);
+    void noteDevice(PasswordCheck& login, const std::string& digest);
     PasswordCheck beginItemWrite(const Request& request);
     Reply openSession(const Request& request, const PasswordCheck& login, bool matches);
     Reply writeWithPassword(const Request& request, const PasswordCheck& check, bool matches,
@@ -77,7 +78,6 @@ private:
     Sessions& m_sessions;
     Items m_items;
     std::string m_nobodysHash;
-    PasswordDelays m_delays;
 };
 
 }  // namespace ORVLib::Board

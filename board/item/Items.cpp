@@ -6,6 +6,7 @@
 #include "item/Backup.h"
 #include "item/BoardClock.h"
 #include "item/Contents.h"
+#include "item/Device.h"
 #include "item/EventLog.h"
 #include "item/Firmware.h"
 #include "item/Installation.h"
@@ -60,6 +61,7 @@ constexpr Rule RULES[] = {
     {ITEM_OWN_LANGUAGE,           ONE,  USERS,  USERS,   isOwnLanguage},
     {ITEM_OWN_REFRESH_INTERVAL,   ONE,  USERS,  USERS,   isInterval},
     {ITEM_OWN_PASSWORD,           ONE,  NOBODY, USERS,   isPasswordChange},
+    {ITEM_OWN_DEVICE,             ONE,  USERS,  ASKED,   Device::isQuestion},
     {ITEM_PARTITIONS,             ONE,  USERS,  NOBODY,  isAnything},
     {ITEM_USERS,                  ONE,  A,      NOBODY,  isAnything},
     {ITEM_USER_ADD,               ONE,  NOBODY, A,       Users::isNewUser},
@@ -125,6 +127,7 @@ constexpr Handler HANDLERS[] = {
     {ITEM_OWN_LANGUAGE,         OwnSettings::readLanguage, OwnSettings::writeLanguage},
     {ITEM_OWN_REFRESH_INTERVAL, OwnSettings::readInterval, OwnSettings::writeInterval},
     {ITEM_OWN_PASSWORD,         nullptr,                   OwnSettings::writePassword},
+    {ITEM_OWN_DEVICE,           Device::answer,            nullptr},
     {ITEM_PARTITIONS,           Power::listPartitions,     nullptr},
     {ITEM_USERS,                Users::list,               nullptr},
     {ITEM_USER_ADD,             nullptr,                   Users::add},

@@ -31,6 +31,7 @@ struct StoredSession {
     std::string address;
     Time loginTime;
     Time lastUse;
+    std::string device;  ///< digest of the ID of the browser; empty for one that has none
 };
 
 /// Items by their IDs.
@@ -51,7 +52,8 @@ public:
     std::vector<User> readUsers();
     /// Adds the user, or replaces what is known of the one with this name.
     void storeUser(const User& user, const Event& event);
-    /// As storeUser(), and ends all of the user's sessions but `keptSession`.
+    /// As storeUser(), and ends all of the user's sessions but `keptSession`. With another password
+    /// all of the user's devices are forgotten but that session's.
     void resetUser(const User& user, const std::string& keptSession, const Event& event);
     /// Ends the user's sessions too.
     void removeUser(const std::string& name, const Event& event);
@@ -61,14 +63,25 @@ public:
     void writeItems(const StoredItems& contents, const std::vector<Event>& events);
 
     std::vector<StoredSession> readSessions();
+    /// True for a device that some user has.
+    bool hasDevice(const std::string& digest);
+    /// True for a device of this user.
+    bool hasDevice(const std::string& digest, const std::string& user);
+    /// Makes a session's device one of its user's; the longest unused one may make way for it.
+    void addDevice(const std::string& digest, const std::string& user, const std::string& session);
+
     /// Forgets the sessions that `session` takes the room of, too.
     void addSession(const StoredSession& session, const std::vector<std::string>& ended,
                     const Event& event);
     void removeSession(const std::string& id, const Event& event);
     /// Stores last uses and forgets sessions, all at once.
     void updateSessions(const std::vector<StoredSession>& used,
-                        const std::vector<std::string>& ended);
+                        const std::vector<std::string>& ended,
+                        const std::vector<TimedEvent>& events);
 
+    /// Keeps a bounded number of events of each code. Where there are more, the user who has most
+    /// of them loses the oldest: nobody can push out what others did, or what the hardware did.
+    /// Refused log-ins that repeat are counted in the row of the first.
     void logEvent(const Event& event);
     std::vector<StoredEvent> readEvents(const EventQuery& query);
 
@@ -90,8 +103,12 @@ private:
     void makeNew();
     void replaceUser(const User& user);
     void insertEvent(const Event& event, std::int64_t time);
+    bool countRepetition(const Event& event, std::int64_t time);
+    void trimEvents(int code);
     void replaceItem(std::uint32_t id, const std::string& content);
     void deleteSession(const std::string& id);
+    void replaceDevice(const std::string& digest, const std::string& user);
+    void deleteDevices(const std::string& user, const std::string& keptSession);
     void deleteSessions(const std::string& user, const std::string& keptSession);
 
     Database m_database;

@@ -15,7 +15,7 @@ namespace ORVLib::Board {
 namespace {
 
 constexpr int APPLICATION_ID = 0x4f525642;
-constexpr int SCHEMA_VERSION = 2;
+constexpr int SCHEMA_VERSION = 3;
 
 const char* const DRAFT_SUFFIX = ".new";
 
@@ -36,16 +36,25 @@ constexpr const char* SCHEMA = R"(
         user TEXT NOT NULL REFERENCES users (name),
         address TEXT NOT NULL,
         login_time INTEGER NOT NULL,
-        last_use INTEGER NOT NULL) STRICT;
+        last_use INTEGER NOT NULL,
+        device TEXT NOT NULL) STRICT;
+    CREATE TABLE devices (
+        number INTEGER PRIMARY KEY,
+        user TEXT NOT NULL REFERENCES users (name),
+        digest TEXT NOT NULL,
+        UNIQUE (user, digest)) STRICT;
     CREATE TABLE events (
         number INTEGER PRIMARY KEY AUTOINCREMENT,
         time INTEGER NOT NULL,
         severity INTEGER NOT NULL,
         code INTEGER NOT NULL,
         user TEXT NOT NULL,
-        detail TEXT NOT NULL) STRICT;
+        detail TEXT NOT NULL,
+        count INTEGER NOT NULL DEFAULT 1,
+        last_time INTEGER NOT NULL DEFAULT 0) STRICT;
+    CREATE INDEX events_of_users ON events (code, user);
     PRAGMA application_id = 0x4f525642;
-    PRAGMA user_version = 2;
+    PRAGMA user_version = 3;
 )";
 
 // What the tables are, by their names.

@@ -56,6 +56,12 @@ struct Event {
     std::string detail;
 };
 
+/// An event that is stored later than it happened.
+struct TimedEvent {
+    Event event;
+    std::int64_t time;  ///< of the board's clock
+};
+
 /// An event as the log keeps it.
 struct StoredEvent {
     std::int64_t number;

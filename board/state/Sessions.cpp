@@ -1,12 +1,9 @@
 #include "state/Sessions.h"
 
-#include <sys/random.h>
-
 #include <algorithm>
-#include <array>
-#include <cerrno>
-#include <system_error>
 
+#include "orv/OrvTrace.h"
+#include "wire/Random.h"
 #include "wire/Telegram.h"
 
 namespace ORVLib::Board {
@@ -19,47 +16,41 @@ constexpr std::size_t MAX_SESSIONS_PER_USER = 64;
 constexpr char ID_CHARACTERS[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
 
 std::string randomId() {
-    std::array<unsigned char, Telegram::MAX_SESSION_ID_LENGTH> random{};
-    // So few bytes come whole or not at all, and only an early boot lets the call be interrupted.
-    while (::getrandom(random.data(), random.size(), 0) != static_cast<ssize_t>(random.size())) {
-        if (errno != EINTR) {
-            throw std::system_error(errno, std::generic_category(), "getrandom");
-        }
-    }
-    std::string id;
-    for (const unsigned char byte : random) {
-        id += ID_CHARACTERS[byte & 63U];
+    std::string id = randomBytes(Telegram::MAX_SESSION_ID_LENGTH);
+    for (char& character : id) {
+        character = ID_CHARACTERS[static_cast<unsigned char>(character) & 63U];
     }
     return id;
 }
 
 }  // namespace
 
-Sessions::Sessions(BoardState& state, std::chrono::seconds timeout)
-    : m_state(state), m_timeout(timeout) {
+Sessions::Sessions(BoardState& state, std::chrono::seconds timeout, const std::string& markerPath)
+    : m_state(state), m_timeout(timeout), m_marker(markerPath) {
     const auto now = std::chrono::system_clock::now();
     for (const StoredSession& stored : m_state.readSessions()) {
         const auto unused = now - stored.lastUse;
-        if (unused >= m_timeout) {
+        if (unused >= m_timeout || m_marker.isSet()) {
             m_ended.push_back(stored.id);
             continue;
         }
-        m_sessions[stored.id] = {stored.user, stored.address, stored.loginTime,
-                                 Clock::now() - std::chrono::duration_cast<Clock::duration>(unused),
-                                 false};
+        m_sessions[stored.id] = {
+            stored.user,      stored.address,
+            stored.loginTime, Clock::now() - std::chrono::duration_cast<Clock::duration>(unused),
+            stored.device,    false};
     }
 }
 
 std::string Sessions::open(const std::string& user, const std::string& address,
-                           const Event& event) {
+                           const std::string& device, const Event& event) {
     std::string id = randomId();
     const auto now = std::chrono::system_clock::now();
     const std::vector<std::string> surplus = findSurplus(user);
-    m_state.addSession({id, user, address, now, now}, surplus, event);
+    m_state.addSession({id, user, address, now, now, device}, surplus, event);
     for (const std::string& ended : surplus) {
         m_sessions.erase(ended);
     }
-    m_sessions[id] = {user, address, now, Clock::now(), false};
+    m_sessions[id] = {user, address, now, Clock::now(), device, false};
     return id;
 }
 
@@ -91,13 +82,22 @@ std::optional<std::string> Sessions::find(const std::string& id, bool renew) {
     return found->second.user;
 }
 
+void Sessions::setDevice(const std::string& id, const std::string& digest) {
+    Session& session = m_sessions.at(id);
+    m_state.addDevice(digest, session.user, id);
+    session.device = digest;
+}
+
 void Sessions::close(const std::string& id, const Event& event) {
     m_sessions.erase(id);
     try {
         m_state.removeSession(id, event);
-    } catch (const DatabaseError&) {
+    } catch (const DatabaseError& error) {
         m_ended.push_back(id);
-        throw;
+        m_endEvents.push_back({event, m_state.getTime()});
+        trace::OrvTrace(2, 1, 5).putLog(
+            0, std::string("an ended session is stored later: ") + error.what());
+        m_marker.set(true);
     }
 }
 
@@ -131,8 +131,12 @@ void Sessions::forget(const std::string& user, const std::string& keptId) {
 StoredSession Sessions::describe(const std::string& id, const Session& session) {
     const auto unused =
         std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - session.lastUse);
-    return {id, session.user, session.address, session.loginTime,
-            std::chrono::system_clock::now() - unused};
+    return {id,
+            session.user,
+            session.address,
+            session.loginTime,
+            std::chrono::system_clock::now() - unused,
+            session.device};
 }
 
 void Sessions::store() {
@@ -150,13 +154,28 @@ void Sessions::store() {
             used.push_back(describe(id, session));
         }
     }
-    if (used.empty() && m_ended.empty()) {
+    if (used.empty() && m_ended.empty() && !m_marker.isSet()) {
         return;
     }
-    m_state.updateSessions(used, m_ended);
-    m_ended.clear();
+    update(used);
     for (const StoredSession& session : used) {
         m_sessions[session.id].used = false;
+    }
+}
+
+void Sessions::update(const std::vector<StoredSession>& used) {
+    try {
+        m_state.updateSessions(used, m_ended, m_endEvents);
+    } catch (const DatabaseError&) {
+        if (!m_ended.empty()) {
+            m_marker.set(true);
+        }
+        throw;
+    }
+    m_ended.clear();
+    m_endEvents.clear();
+    if (m_marker.isSet()) {
+        m_marker.set(false);
     }
 }
 

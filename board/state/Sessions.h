@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "state/BoardState.h"
+#include "state/EndMarker.h"
 
 namespace ORVLib::Board {
 
@@ -19,16 +20,25 @@ class Sessions {
 public:
     static constexpr std::chrono::seconds STORE_INTERVAL{60};
 
-    /// Takes up the sessions of the daemon's run before. `state` must outlive this.
-    Sessions(BoardState& state, std::chrono::seconds timeout);
+    /// Takes up the sessions of the daemon's run before; none when ends of some could not be stored
+    /// in it. `state` must outlive this. The end marker is kept in the file `markerPath`.
+    Sessions(BoardState& state, std::chrono::seconds timeout, const std::string& markerPath);
 
     /// Starts a session and returns its ID: 31 random characters.
-    std::string open(const std::string& user, const std::string& address, const Event& event);
+    /// `device` is the digest of a device of the user's, or empty.
+    std::string open(const std::string& user, const std::string& address, const std::string& device,
+                     const Event& event);
 
     /// The user of a session, which counts as used when `renew` is set; none when it is over.
     std::optional<std::string> find(const std::string& id, bool renew);
 
-    /// The session is over even when that cannot be stored, which store() tries again then.
+    /// The digest of the session's device; empty without one. REQUIRES: there is such a session.
+    const std::string& getDevice(const std::string& id) const { return m_sessions.at(id).device; }
+    /// Stores the device as one of the user's. REQUIRES: there is such a session.
+    void setDevice(const std::string& id, const std::string& digest);
+
+    /// The session is over when this returns, also after a crash: an end that cannot be stored is
+    /// marked, and store() tries again. Throws when not even the marker can be written.
     void close(const std::string& id, const Event& event);
 
     /// Stores a user with a new password or other rights, and ends all of the user's sessions but
@@ -52,6 +62,7 @@ private:
         std::string address;
         StoredSession::Time loginTime;
         Clock::time_point lastUse;
+        std::string device;
         bool used = false;  ///< since it was stored
     };
     using Table = std::unordered_map<std::string, Session>;
@@ -62,11 +73,14 @@ private:
     static StoredSession describe(const std::string& id, const Session& session);
     std::vector<std::string> findSurplus(const std::string& user) const;
     void forget(const std::string& user, const std::string& keptId);
+    void update(const std::vector<StoredSession>& used);
 
     BoardState& m_state;
     std::chrono::seconds m_timeout;
     Table m_sessions;
-    std::vector<std::string> m_ended;  ///< and not yet forgotten by the state
+    EndMarker m_marker;
+    std::vector<std::string> m_ended;     ///< and not yet forgotten by the state
+    std::vector<TimedEvent> m_endEvents;  ///< that tell of them
 };
 
 }  // namespace ORVLib::Board

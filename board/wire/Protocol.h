@@ -33,6 +33,7 @@ constexpr std::uint32_t ITEM_LED = 0x0201000b;
 constexpr std::uint32_t ITEM_OWN_LANGUAGE = 0x02010026;
 constexpr std::uint32_t ITEM_OWN_REFRESH_INTERVAL = 0x02010027;
 constexpr std::uint32_t ITEM_OWN_PASSWORD = 0x02010028;
+constexpr std::uint32_t ITEM_OWN_DEVICE = 0x02010029;
 constexpr std::uint32_t ITEM_PARTITIONS = 0x02010030;
 constexpr std::uint32_t ITEM_USERS = 0x0201003c;
 constexpr std::uint32_t ITEM_USER_ADD = 0x0201003d;

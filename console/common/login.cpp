@@ -9,6 +9,7 @@
 #include "gui/SubmitButton.h"
 #include "gui/TextField.h"
 #include "gui/TextString.h"
+#include "shared/access/Device.h"
 #include "shared/access/Functions.h"
 #include "shared/backend/Board.h"
 #include "shared/component/OuterPage.h"
@@ -38,6 +39,9 @@ protected:
         }
         beginPage(Console::TEXT_LOGIN);
         if (m_sessionId.empty()) {
+            if (!m_formInfo->isPostMethod() && !Console::keepsDevice()) {
+                Console::putDeviceCookie(*m_page);
+            }
             printPage(makeForm());
         } else {
             leadIntoConsole();
@@ -57,8 +61,13 @@ private:
     void openSession(const std::string& password) {
         const char* const address = std::getenv("REMOTE_ADDR");
         const std::string client = address != nullptr ? address : "";
+        const std::string sent = Console::readDevice();
         CGIRequester requester;
-        if (requester.login(m_user, password, client, m_language, m_sessionId) != 0) {
+        if (requester.login(m_user, password, sent.empty() ? client : client + ' ' + sent,
+                            m_language, m_sessionId) != 0) {
+            if (Console::keepsDevice()) {
+                keepDevice(sent);
+            }
             return;
         }
         const unsigned int error = requester.getErrorDetail();
@@ -66,6 +75,16 @@ private:
         m_trace.putLog(0, "login from " + client + " failed: error " + std::to_string(error));
         askLanguage();
         m_problem = problemFor(error);
+    }
+
+    /// A browser without an ID can go on without one, too.
+    void keepDevice(const std::string& sent) {
+        CGIRequester requester(m_sessionId.c_str());
+        m_device = Console::askDevice(requester, sent);
+        if (m_device.empty()) {
+            m_trace.putLog(0, "no device ID for a browser: error " +
+                                  std::to_string(requester.getErrorDetail()));
+        }
     }
 
     static Console::Text problemFor(unsigned int error) {
@@ -100,13 +119,14 @@ private:
     }
 
     void leadIntoConsole() {
-        Console::putSessionCookie(*m_page, m_sessionId);
+        Console::putLoginCookies(*m_page, m_sessionId, m_device);
         HTMLMapUtil::insertIntoMap(m_page->getMap(), "meta_refresh",
                                    std::make_unique<MetaTag>("Refresh", "0", Console::FRAME_PATH));
         m_page->getGenerator().printHTML();
     }
 
     std::string m_user;
+    std::string m_device;                             ///< the ID that the browser is to keep
     Console::Text m_problem = Console::TEXT_CONSOLE;  // none
 };
 

@@ -22,7 +22,7 @@ constexpr Text TEXTS[] = {
     {361, "The user has been changed."},
     {362, "The user has been removed."},
     {1101, "Logged in from %s."},
-    {1102, "A log-in from %s was refused."},
+    {1102, "Refused log-in from %s."},
     {1103, "Logged out."},
     {1104, "The own password was changed."},
     {1105, "A change of the own password was refused."},

@@ -17,7 +17,7 @@ import unittest
 from pathlib import Path
 
 from board_client import (
-    BOARD_FAILURE, CHECK_SESSION, LOGIN, PRODUCT, SOME_ITEM, STAGE, SYSTEM_NAMES, WRITE,
+    BOARD_FAILURE, CHECK_SESSION, LOGIN, LOGOUT, NO_SESSION, PRODUCT, SOME_ITEM, STAGE, SYSTEM_NAMES, WRITE,
     BoardError, message, number, telegram)
 from console_client import BOUNDARY, multipart
 from console_site import ConsoleSite
@@ -107,6 +107,16 @@ class Limits(FaultCase):
         self.end(signal.SIGKILL)
         self.start()
         self.assertEqual(self.get(SOME_ITEM, session), b"room again")
+        ended = self.login().session
+        filler = self.exhaust()
+        with self.assertRaises(BoardError):
+            for count in range(1000):
+                self.put(SOME_ITEM, session, b"%06d" % count * 15 * (1000 - count))
+        self.ask(LOGOUT, ended)
+        self.end(signal.SIGKILL)
+        filler.unlink()
+        self.start()
+        self.assertRefused(NO_SESSION, self.check, ended)
         self.end()
         self.addCleanup(subprocess.run, ["mount", "-o", "remount,rw", "/var/tmp"], check=True)
         subprocess.run(["mount", "-o", "remount,ro", "/var/tmp"], check=True)
@@ -137,7 +147,7 @@ class Limits(FaultCase):
         kind = resource.RLIMIT_NOFILE
         limits = range(1, 24)
         self.firstGood(limits, self.tryDaemon, kind)
-        self.start("--client-timeout", "500", limit=12, kind=kind)
+        self.start("--client-timeout", "500", limit=13, kind=kind)
         silent = [self.connect() for _ in range(9)]
         self.session = self.login().session  # when they have been sent away
         for path, file in ((NAMES, None), (INSPECTOR, b"x"), (SEARCH, None)):

@@ -149,7 +149,9 @@ class Access(SiteCase):
 
     def test_a_session_of_https_stays_there(self):
         client = WatchedClient(self.site.tls_url, self.site.certificate)
-        self.assertTrue(client.login("guest").headers["set-cookie"].endswith("; Secure"))
+        client.get(LOGIN)
+        self.assertRegex(client.login("guest").headers["set-cookie"],
+                         "^device=.*; Secure\nsid=.*; Secure$")
         self.assertIn("logged out", client.logout().text())
         self.assertEqual(self.site.certificate.stat().st_mode & 0o777, 0o600)
 

@@ -1,10 +1,12 @@
 """The console from log-in to log-out: sessions, rights, states of a setting, the board's faults."""
 
+import time
 import unittest
 
+from console_client import LOGIN, LOGOUT
 from site_case import SiteCase
 
-LOGOUT, FRAME = "/common/logout.cgi", "/common/frame.cgi"
+FRAME = "/common/frame.cgi"
 REFRESH, PASSWORD = "/network/orv_refresh_set.cgi", "/user/ch_passwd.cgi"
 MAINTENANCE = "/maintenance/maintenance_mode.cgi"
 TIMEOUT_SCRIPT = (b"function onLoadFunction(){\ntop.help_close();\ntop.vorpa_close();\n\n"
@@ -29,14 +31,39 @@ class Console(SiteCase):
         self.assertIn(b'<main class="notice" role="alert">', answer.body)
         self.assertIn(code, answer.text())
 
-    def test_login_sets_a_cookie_for_the_whole_console(self):
+    def test_login_sets_a_cookie_for_the_whole_console_and_one_for_itself(self):
+        session = r"sid=[\w-]{31}; path=/; HttpOnly; SameSite=Strict$"
+        path = "; Path=/common/login.cgi"
+        self.client.device = None
+        self.assertRegex(self.client.login("admin").headers["set-cookie"], "^" + session)
+        self.client.session = None
+        self.assertEqual(self.client.get(LOGIN).headers["set-cookie"],
+                         f"device=none{path}; HttpOnly; SameSite=Strict")
         answer = self.client.login("admin")
         self.assertRegex(answer.headers["set-cookie"],
-                         r"^sid=[\w-]{31}; path=/; HttpOnly; SameSite=Strict$")
+                         r"^device=[0-9a-f]{32}%s; Max-Age=31536000; HttpOnly; SameSite=Strict\n%s"
+                         % (path, session))
+        self.assertNotIn("set-cookie", self.client.get(LOGIN).headers)
         self.assertIn(b'content="0;URL=%s"' % FRAME.encode(), answer.body)
-        first = self.client.session
+        first, device = self.client.session, self.client.device
         self.client.login("admin")
         self.assertNotEqual(first, self.client.session)
+        self.assertEqual(device, self.client.device)
+        self.client.device = "0" * 32  # not one that the board made
+        self.client.login("admin")
+        self.assertNotIn(self.client.device, (device, "0" * 32))
+
+    def test_a_browser_that_was_there_before_does_not_wait_for_those_who_guess(self):
+        self.client.get(LOGIN)
+        self.client.login("part")
+        device, self.client.device = self.client.device, None
+        for _ in range(3):
+            self.client.login("part", "guess")
+        self.client.device, self.client.session = device, None
+        begin = time.monotonic()
+        self.client.login("part")
+        self.assertLess(time.monotonic() - begin, 3)
+        self.assertTrue(self.client.session)
 
     def test_a_failed_login_says_why_and_is_logged(self):
         for user, password in (("admin", "wrong-secret"), ("<nobody>\n", "wrong-secret")):

@@ -11,7 +11,7 @@ import unittest
 
 from board_case import BoardCase
 from board_client import (
-    BAD_REQUEST, BOARD_FAILURE, BROKEN, BUSY, CHECK_SESSION, ERROR, EXCHANGE, GET_LANGUAGE,
+    BAD_REQUEST, BOARD_FAILURE, BROKEN, CHECK_SESSION, ERROR, EXCHANGE, GET_LANGUAGE,
     GET_USER_INFO, HTTPS_PORT, LOGIN, LOGOUT, MAINTENANCE_MODE, NOT_AUTHORISED, NO_ITEM,
     NO_SESSION, OWN_LANGUAGE, OWN_PASSWORD, OWN_REFRESH_INTERVAL, PERMISSION, REFUSED,
     SOME_ITEM, USER_EDIT, WRITE, BoardError, login_record, message, number, record, telegram)
@@ -55,43 +55,8 @@ class BoardTest(BoardCase):
             self.assertRefused(REFUSED, self.login, name, b"guess")
             return time.monotonic() - begin
 
-        known, unknown = (min(take(name) for _ in range(5)) for name in (b"admin", b"nobody"))
+        known, unknown = (min(take(name) for _ in range(3)) for name in (b"admin", b"nobody"))
         self.assertGreater(unknown, known / 2)
-
-    def test_guessing_a_password_gets_slow_for_its_name_alone(self):
-        self.start()
-        session = self.login(b"guest").session
-
-        def take(operation, *arguments):
-            begin = time.monotonic()
-            operation(*arguments)
-            return time.monotonic() - begin
-
-        for name in (b"guest", b"nobody"):
-            for _ in range(5):
-                self.assertRefused(REFUSED, self.login, name, b"guess")
-            with self.subTest(name):
-                self.assertLess(0.5, take(self.assertRefused, REFUSED, self.login, name, b"guess"))
-        change = (OWN_PASSWORD, session, struct.pack("36s36s", b"guess", b"new one"))
-        self.assertLess(1, take(self.assertRefused, REFUSED, self.put, *change))
-        self.assertLess(2, take(self.login, b"guest"))  # late, but not refused
-        self.login()
-
-    def test_a_flood_of_attempts_keeps_nobody_out(self):
-        self.start()
-        guess = message(LOGIN, telegram()) + message(LOGIN, login_record(b"admin", b"guess"))
-        flood = [self.connect(guess) for _ in range(100)]
-        self.login(address=b"198.51.100.9")
-        flood[50].setblocking(False)
-        with self.assertRaises(BlockingIOError):
-            flood[50].recv(1)  # the flood waits behind itself
-        for connection in flood:
-            connection.close()
-        for _ in range(5):
-            self.assertRefused(REFUSED, self.login, b"guest", b"guess")
-        flood = [self.connect(guess.replace(b"admin", b"guest")) for _ in range(9)]
-        self.assertEqual(BoardError(flood[-1].recv(65536)[8:]).detail, BUSY)
-        self.login(b"guest", address=b"198.51.100.9")
 
     def test_only_a_living_session_is_served(self):
         self.start()
@@ -242,17 +207,18 @@ class BoardTest(BoardCase):
     def test_logins_hold_up_no_check_and_nobody_gets_anothers_verdict(self):
         self.start()
         session = self.login().session
-        login = message(LOGIN, login_record(b"admin", b"admin-pass"))
-        waiting = [self.connect(message(LOGIN, telegram()) + login) for _ in range(20)]
+        logins = [message(LOGIN, telegram()) + message(LOGIN, login_record(b"%d" % n, b"guess"))
+                  for n in range(80)]  # more than wait at a time
+        waiting = [self.connect(login) for login in logins[:60]]
         self.check(session)
-        waiting[-1].setblocking(False)
+        waiting[0].setblocking(False)
         with self.assertRaises(BlockingIOError):
-            waiting[-1].recv(1)  # its turn has not come
+            waiting[0].recv(1)  # its turn has not come
         for connection in waiting:
             connection.close()
         self.assertRefused(REFUSED, self.login, b"admin", b"guess")
-        for _ in range(80):  # more than wait at a time
-            self.connect(message(LOGIN, telegram()) + login).close()
+        for login in logins:
+            self.connect(login).close()
         self.login()
 
     def test_a_fault_is_that_of_its_procedure(self):
@@ -350,9 +316,18 @@ class BoardTest(BoardCase):
         self.end()
         self.start(limit=1)
         self.check(session)
-        for operation, *arguments in ((self.login,), (self.ask, LOGOUT, session)):
-            self.assertRefused(BOARD_FAILURE, operation, *arguments)
+        self.assertRefused(BOARD_FAILURE, self.login)
+        self.ask(LOGOUT, session)
         self.assertRefused(NO_SESSION, self.check, session)
+        self.assertRefused(BOARD_FAILURE, self.login)
+        for limit in (1, None, None):  # still full, room again, and as ever
+            self.end(signal.SIGKILL)
+            self.start(limit=limit)
+            self.assertRefused(NO_SESSION, self.check, session)
+        other = self.login(b"guest").session
+        self.end(signal.SIGKILL)
+        self.start()
+        self.check(other)
 
     def test_damage_is_found_and_left_to_be_mended(self):
         self.start()
@@ -367,7 +342,7 @@ class BoardTest(BoardCase):
         self.assertEqual((self.state.read_bytes(), log.read_bytes()), (damaged, last))
         for statement in ("DROP TABLE events", "ALTER TABLE users DROP COLUMN event_filter",
                           "UPDATE users SET name = 'x' || char(0) WHERE name = 'guest'",
-                          "INSERT INTO sessions VALUES ('x', 'nobody', '', 0, 0)"):
+                          "INSERT INTO sessions VALUES ('x', 'nobody', '', 0, 0, '')"):
             with self.subTest(statement):
                 self.state.unlink()
                 self.start()

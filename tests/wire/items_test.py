@@ -275,22 +275,51 @@ class ItemsTest(BoardCase):
         self.assertEqual(self.get(OWN_FILTER, guest), record("warning", "hardware", 200))
         self.assertEqual(self.get(OWN_FILTER, admin), record("info", "", 50))
 
-    def test_each_source_keeps_its_newest_2000_events(self):
+    def test_nobody_pushes_out_of_the_log_what_others_did(self):
         self.start()
-        admin = self.login().session
-        before = self.events(admin, 200, source="power")
-        self.end()
-        self.edit("WITH RECURSIVE n(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM n WHERE n < 2100)"
-                  " INSERT INTO events (time, severity, code, user, detail)"
-                  " SELECT n, 0, 406, 'x', n FROM n")
-        self.start()
+        admin, guest = self.login().session, self.login(b"guest").session
+        self.put(SYSTEM_NAMES, admin, record("board", "", "", ""))
+        hardware = self.events(admin, 200, "warning", "hardware")
+        self.assertEqual(len(hardware), 5)
+        for _ in range(1150):
+            self.put(LED, guest, record("on"))
+            self.put(LED, guest, record("off"))
+        for language in (0, 1) * 260:
+            self.put(OWN_LANGUAGE, guest, number(language))
         self.put(LED, admin, record("on"))
-        self.assertEqual(self.events(admin, 200, source="power"), before)
+        self.assertEqual(self.events(admin, 200, "warning", "hardware"), hardware)
         self.end()
         with contextlib.closing(sqlite3.connect(self.state)) as database:
-            rows = database.execute("SELECT count(*), min(detail + 0) FROM events WHERE"
-                                    " code / 100 = 4 AND detail <> 'on'").fetchall()
-        self.assertEqual(rows, [(1999, 102)])
+            rows = database.execute("SELECT code, count(*), max(user = 'admin') FROM events"
+                                    " WHERE code IN (201, 406) GROUP BY code").fetchall()
+        self.assertEqual(rows, [(201, 500, 1), (406, 500, 1)])
+
+    def test_refused_logins_are_counted_in_few_rows(self):
+        self.start()
+        self.put(USER_ADD, self.login().session,
+                 record("new", "password", "guest", self.NOBODY, 1))
+        for n in range(30):
+            self.assertRefused(REFUSED, self.login, b"nobody%d" % n, b"guess")
+        self.assertRefused(REFUSED, self.login, b"new", b"guess")
+        admin = self.login().session
+        _, *named, several = self.events(admin, 3)
+        self.assertEqual(named, [("warning", "security", "102", "new", "192.0.2.7")])
+        self.assertEqual(several[:4], ("warning", "security", "102", ""))
+        self.assertRegex(several[4], r"^192\.0\.2\.7, 30 times until \d\d:\d\d:\d\d$")
+        self.end()
+        self.edit("UPDATE events SET time = time - 600 WHERE code = 102",  # the time is over
+                  "WITH RECURSIVE n(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM n WHERE n < 2100)"
+                  " INSERT INTO events (time, severity, code, user, detail)"
+                  " SELECT n, 1, 102, '', n FROM n")
+        self.start()
+        self.assertRefused(REFUSED, self.login, b"nobody", b"guess")
+        security = self.events(admin, 200, source="security")
+        self.assertEqual(security[0], ("warning", "security", "102", "", "192.0.2.7"))
+        self.end()
+        with contextlib.closing(sqlite3.connect(self.state)) as database:
+            rows = database.execute("SELECT code, count(*) FROM events WHERE code IN (102, 106)"
+                                    " GROUP BY code").fetchall()
+        self.assertEqual(rows, [(102, 500), (106, 1)])
 
     def test_what_is_damaged_or_lost_is_an_error_until_it_is_mended(self):
         self.start()
@@ -418,7 +447,7 @@ class ItemsTest(BoardCase):
         self.end()
         self.edit("WITH RECURSIVE n(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM n WHERE n < 1000)"
                   " INSERT INTO sessions SELECT n, 'guest', printf('%.131c', 'a'),"
-                  f" {int(time.time())}, {int(time.time())} FROM n")
+                  f" {int(time.time())}, {int(time.time())}, '' FROM n")
         self.start()
         time.sleep(1)
         listed = self.get(SESSIONS, self.login().session)

@@ -58,6 +58,7 @@ constexpr int NO_MENU = -1;
 
 /// The frameset, and the field of its address that says which function it shows.
 constexpr char FRAME_PATH[] = "/common/frame.cgi";
+constexpr char LOGIN_PATH[] = "/common/login.cgi";
 constexpr char FUNCTION_FIELD[] = "fid";
 
 /// All functions, in the order of the menu.

@@ -16,6 +16,7 @@ enum BoardItem : unsigned int {
     ITEM_USER_INFORMATION = 0x02010025,      // name, 36 bytes, and refresh interval, 32 bits
     ITEM_OWN_REFRESH_INTERVAL = 0x02010027,  // seconds, 32 bits
     ITEM_OWN_PASSWORD = 0x02010028,          // present and new password, 36 bytes each
+    ITEM_OWN_DEVICE = 0x02010029,            // a record: ID of the browser, or an empty text
     ITEM_FIRMWARE_STAGE = 0x02010064,        // offset, 32 bits, and bytes of the image
     ITEM_BACKUP = 0x02010068,                // a text file
     ITEM_STATUS = 0x02010003,

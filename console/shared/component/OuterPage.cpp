@@ -9,15 +9,10 @@ using namespace ORVLib::Gui;
 
 namespace Console {
 
-namespace {
-
-/// True when the page is asked for over HTTPS.
 bool isEncrypted() {
     const char* const https = std::getenv("HTTPS");
     return https != nullptr && std::string(https) == "on";
 }
-
-}  // namespace
 
 void putText(ComponentMap& map, const std::string& marker, const std::string& text) {
     HTMLMapUtil::insertIntoMap(map, marker, makeText(text));
@@ -32,11 +27,15 @@ void dressPage(HTMLPage& page, const std::string& title) {
     putText(page.getMap(), "css", "/default.css");
 }
 
-void putSessionCookie(HTMLPage& page, const std::string& sessionId) {
+std::unique_ptr<HTMLComponent> makeSessionCookie(const std::string& sessionId) {
     auto cookie = std::make_unique<Cookie>();
     cookie->setSessionId(sessionId + "; path=/; HttpOnly; SameSite=Strict" +
                          (isEncrypted() ? "; Secure" : ""));
-    HTMLMapUtil::insertIntoMap(page.getMap(), HTMLPage::KEY_COOKIE, std::move(cookie));
+    return cookie;
+}
+
+void putSessionCookie(HTMLPage& page, const std::string& sessionId) {
+    HTMLMapUtil::insertIntoMap(page.getMap(), HTMLPage::KEY_COOKIE, makeSessionCookie(sessionId));
 }
 
 void putExpiredCookie(HTMLPage& page) {

@@ -18,9 +18,13 @@ void putSentence(ORVLib::Gui::ComponentMap& map, const std::string& marker,
 /// Gives a page its title and the console's style sheet.
 void dressPage(ORVLib::Gui::HTMLPage& page, const std::string& title);
 
+/// True when the page is asked for over HTTPS.
+bool isEncrypted();
+
 /// Lets the browser carry a session for the whole console, out of reach of scripts and of other
 /// sites; one that came over HTTPS never goes over HTTP. REQUIRES: `sessionId` comes from the
 /// board.
+std::unique_ptr<ORVLib::Gui::HTMLComponent> makeSessionCookie(const std::string& sessionId);
 void putSessionCookie(ORVLib::Gui::HTMLPage& page, const std::string& sessionId);
 
 /// Lets the browser forget its session.

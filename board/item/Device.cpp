@@ -1,0 +1,46 @@
+#include "item/Device.h"
+
+#include "wire/Digest.h"
+#include "wire/Random.h"
+#include "wire/Records.h"
+
+namespace ORVLib::Board::Device {
+
+namespace {
+
+constexpr std::size_t ID_BYTES = 16;
+
+}  // namespace
+
+bool isId(const std::string& text) {
+    return text.size() == 2 * ID_BYTES && parseHex(text);
+}
+
+std::string digestOf(const std::string& id) {
+    Digest digest;
+    digest.add(id);
+    return formatHex(digest.get());
+}
+
+bool isQuestion(const std::string& content) {
+    const auto texts = parseTexts(content);
+    return texts && texts->size() == 1 && (texts->front().empty() || isId(texts->front()));
+}
+
+std::string answer(const Call& call) {
+    std::string id = parseTexts(call.content)->front();
+    const std::string present = call.sessions.getDevice(call.caller->sessionId);
+    if (!present.empty() && present != digestOf(id)) {
+        throw boardError(ERROR_BAD_REQUEST, "the session has another device", call.id);
+    }
+    if (!present.empty()) {
+        return formatRecord({id});
+    }
+    if (id.empty() || !call.state.hasDevice(digestOf(id))) {
+        id = formatHex(randomBytes(ID_BYTES));
+    }
+    call.sessions.setDevice(call.caller->sessionId, digestOf(id));
+    return formatRecord({id});
+}
+
+}  // namespace ORVLib::Board::Device
