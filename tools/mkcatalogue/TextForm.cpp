@@ -193,7 +193,7 @@ bool TextReader::readNumber(std::size_t line, std::string_view& text, std::uint3
 // Takes the name that `text` may begin with off it.
 std::string TextReader::takeName(std::size_t line, std::string_view& text) {
     const std::size_t length = nameLength(text);
-    const std::string name(text.substr(0, length));
+    std::string name(text.substr(0, length));
     text.remove_prefix(length);
     text.remove_prefix(std::min(text.find_first_not_of(BLANKS), text.size()));
     const auto [earlier, added] = m_names.insert({name, line});

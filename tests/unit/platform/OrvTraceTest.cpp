@@ -52,13 +52,14 @@ std::string repeated(const char* source, const std::string& text, int count) {
 // Puts all that was counted a minute back.
 void letAMinutePass(const std::string& table) {
     std::fstream file(table, std::ios::in | std::ios::out | std::ios::binary);
-    std::vector<std::uint32_t> cells(4096);
-    file.read(reinterpret_cast<char*>(cells.data()), 4 * 4096);
+    constexpr std::streamsize SIZE = 16384;
+    std::vector<std::uint32_t> cells(SIZE / sizeof(std::uint32_t));
+    file.read(reinterpret_cast<char*>(cells.data()), SIZE);
     for (std::uint32_t& cell : cells) {
         cell = cell != 0 ? (cell & ~0xffc000U) | ((cell - 0x4000U) & 0xffc000U) : 0;
     }
     file.seekp(0);
-    file.write(reinterpret_cast<const char*>(cells.data()), 4 * 4096);
+    file.write(reinterpret_cast<const char*>(cells.data()), SIZE);
 }
 
 TEST(TraceLog, CountsWhatASourceRepeatsInsteadOfWritingIt) {
