@@ -169,11 +169,11 @@ void Daemon::dropOldest() {
 
 void Daemon::serve(Client& client) {
     if (client.isOpen() && client.proceed()) {
-        carryOut(client);
+        execute(client);
     }
 }
 
-void Daemon::carryOut(Client& client) {
+void Daemon::execute(Client& client) {
     const Request& request = client.getRequest();
     const FaultKind fault = m_faults.find(request.type);
     if (fault == FaultKind::SILENCE) {

@@ -40,7 +40,7 @@ private:
     void addClient(FileDescriptor socket);
     void dropOldest();
     void serve(Client& client);
-    void carryOut(Client& client);
+    void execute(Client& client);
     void awaitPasswordCheck(Client& client);
     void startPasswordCheck();
     void finishPasswordCheck();

@@ -15,7 +15,7 @@ namespace ORVLib::Board {
 
 namespace {
 
-PasswordWorker::Result carryOut(const PasswordWorker::Job& job) {
+PasswordWorker::Result execute(const PasswordWorker::Job& job) {
     PasswordWorker::Result result{job.ticket, false, false, ""};
     try {
         result.matches = !job.hash || matchesPassword(job.password, *job.hash);
@@ -73,7 +73,7 @@ void PasswordWorker::work() {
         }
         const Job job = *std::exchange(m_job, std::nullopt);
         lock.unlock();
-        Result result = carryOut(job);
+        Result result = execute(job);
         lock.lock();
         m_result = std::move(result);
         ::eventfd_write(m_wake.get(), 1);

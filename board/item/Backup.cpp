@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "item/BoardClock.h"
-#include "item/Contents.h"
+#include "item/ItemValidators.h"
 #include "wire/Digest.h"
 #include "wire/Protocol.h"
 
@@ -18,7 +18,7 @@ const std::string DIGEST_HEAD = "sha256 ";
 struct Setting {
     std::uint32_t id;
     std::uint32_t count;
-    bool (*isFit)(const std::string& content);
+    bool (*isValid)(const std::string& content);
 };
 
 // In the order of the file.
@@ -98,12 +98,13 @@ std::string digestOf(std::string_view text) {
 }
 
 std::string readSetting(BoardState& state, std::uint32_t id, const Setting& setting) {
-    return id == ITEM_CLOCK ? BoardClock::readSettings(state) : readFit(state, id, setting.isFit);
+    return id == ITEM_CLOCK ? BoardClock::readSettings(state)
+                            : readValid(state, id, setting.isValid);
 }
 
 std::string takeSetting(Reader& reader, std::uint32_t id, const Setting& setting) {
     const auto content = parseHex(reader.take(headOf(id)));
-    if (!content || !setting.isFit(*content)) {
+    if (!content || !setting.isValid(*content)) {
         reader.fail();
     }
     return *content;

@@ -66,7 +66,7 @@ bool isTime(const std::string& content) {
 }
 
 std::string readSettings(BoardState& state) {
-    Record fields = *parseTexts(readFit(state, ITEM_CLOCK, isStored));
+    Record fields = *parseTexts(readValid(state, ITEM_CLOCK, isStored));
     fields.erase(fields.begin());
     return formatRecord(fields);
 }
@@ -95,7 +95,7 @@ void start(BoardState& state) {
 }
 
 std::string read(const Call& call) {
-    Record fields = *parseTexts(readFit(call.state, ITEM_CLOCK, isStored));
+    Record fields = *parseTexts(readValid(call.state, ITEM_CLOCK, isStored));
     const std::int64_t local = std::clamp<std::int64_t>(
         call.state.getTime() + *parseZone(fields[STORED_ZONE]), 0, LAST_SECOND);
     fields[STORED_OFFSET] = formatTime(static_cast<int>(local % SECONDS_PER_DAY));

@@ -2,9 +2,9 @@
 
 namespace ORVLib::Board {
 
-std::string readFit(BoardState& state, std::uint32_t id, bool (*isFit)(const std::string&)) {
+std::string readValid(BoardState& state, std::uint32_t id, bool (*isValid)(const std::string&)) {
     const auto content = state.readItem(id);
-    if (!content || !isFit(*content)) {
+    if (!content || !isValid(*content)) {
         throw DatabaseError("an item is missing or damaged", SQLITE_CORRUPT);
     }
     return *content;

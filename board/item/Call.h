@@ -41,6 +41,6 @@ struct Call : Parts {
 };
 
 /// An item that the board made itself. Throws DatabaseError when it is missing or damaged.
-std::string readFit(BoardState& state, std::uint32_t id, bool (*isFit)(const std::string&));
+std::string readValid(BoardState& state, std::uint32_t id, bool (*isValid)(const std::string&));
 
 }  // namespace ORVLib::Board

@@ -2,9 +2,9 @@
 
 #include <system_error>
 
-#include "item/Contents.h"
 #include "item/FirmwareStage.h"
 #include "item/Installation.h"
+#include "item/ItemValidators.h"
 #include "orv/OrvTrace.h"
 #include "wire/Protocol.h"
 
@@ -69,11 +69,11 @@ bool isPiece(const std::string& content) {
 }
 
 bool isDigest(const std::string& content) {
-    return isFitRecord(content, text(2 * Digest::SIZE, 2 * Digest::SIZE));
+    return isValidRecord(content, text(2 * Digest::SIZE, 2 * Digest::SIZE));
 }
 
 bool isDrop(const std::string& content) {
-    return isFitRecord(content, word("drop"));
+    return isValidRecord(content, word("drop"));
 }
 
 void stage(const Call& call) {

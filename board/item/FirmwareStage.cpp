@@ -10,7 +10,7 @@
 #include <cstdint>
 #include <system_error>
 
-#include "item/Contents.h"
+#include "item/ItemValidators.h"
 #include "wire/Telegram.h"
 
 namespace ORVLib::Board {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "item/Call.h"
-#include "item/Contents.h"
+#include "item/ItemValidators.h"
 #include "wire/Protocol.h"
 
 namespace ORVLib::Board {
@@ -45,7 +45,7 @@ bool Installation::isProgress(const std::string& content) {
 }
 
 std::string Installation::readProgress() {
-    Record fields = *parseTexts(readFit(m_state, ITEM_PROGRESS, isProgress));
+    Record fields = *parseTexts(readValid(m_state, ITEM_PROGRESS, isProgress));
     if (isRunning()) {
         const std::int64_t percent = (Clock::now() - m_begin) * 100 / DURATION;
         fields[PERCENT] = std::to_string(std::min(percent, ALMOST_DONE));
@@ -64,7 +64,7 @@ void Installation::finish() {
         return;
     }
     m_end += DURATION;  // until when it is tried again, should the state fail
-    Record product = *parseTexts(readFit(m_state, ITEM_PRODUCT, isProduct));
+    Record product = *parseTexts(readValid(m_state, ITEM_PRODUCT, isProduct));
     product[PRODUCT_VERSION_FIELD] = m_version;
     m_state.writeItems({{ITEM_PRODUCT, formatRecord(product)},
                         {ITEM_PROGRESS, formatRecord({"done", "100", m_version})}},

@@ -5,11 +5,11 @@
 
 #include "item/Backup.h"
 #include "item/BoardClock.h"
-#include "item/Contents.h"
 #include "item/Device.h"
 #include "item/EventLog.h"
 #include "item/Firmware.h"
 #include "item/Installation.h"
+#include "item/ItemValidators.h"
 #include "item/Maintenance.h"
 #include "item/Network.h"
 #include "item/OwnSettings.h"
@@ -43,7 +43,7 @@ struct Rule {
     Scope scope;
     unsigned int readers;
     unsigned int writers;
-    bool (*isFit)(const std::string& content);  // what is written, and what is stored as written
+    bool (*isValid)(const std::string& content);  // what is written, and what is stored as written
 };
 
 // clang-format off
@@ -177,7 +177,7 @@ const Rule& requireRule(std::uint32_t id) {
 }
 
 void requireFit(const Rule& rule, std::uint32_t id, const std::string& content) {
-    if (!rule.isFit(content)) {
+    if (!rule.isValid(content)) {
         throw boardError(ERROR_BAD_REQUEST, "the payload does not fit the item", id);
     }
 }
@@ -249,7 +249,7 @@ std::string Items::read(std::uint32_t id, const Caller* caller) {
     if (&rule == &OTHERS && !m_parts.state.readItem(id)) {
         throw boardError(ERROR_NO_SUCH_ITEM, "the item was never set", id);
     }
-    return readFit(m_parts.state, id, rule.isFit);
+    return readValid(m_parts.state, id, rule.isValid);
 }
 
 void Items::requireAmong(unsigned int who, std::uint32_t id, const Caller* caller) {

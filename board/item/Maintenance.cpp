@@ -48,8 +48,8 @@ bool isPartitionIn(const std::string& mode, std::uint32_t partition) {
 }
 
 bool allowsPower(BoardState& state) {
-    return isOn(readFit(state, ITEM_MAINTENANCE_MODE, isMode)) &&
-           isPermitted(readFit(state, ITEM_MAINTENANCE_PERMISSION, isPermission));
+    return isOn(readValid(state, ITEM_MAINTENANCE_MODE, isMode)) &&
+           isPermitted(readValid(state, ITEM_MAINTENANCE_PERMISSION, isPermission));
 }
 
 std::string describe(const std::string& mode) {

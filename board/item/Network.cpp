@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "common/ParseNumber.h"
-#include "item/Contents.h"
+#include "item/ItemValidators.h"
 #include "wire/Protocol.h"
 
 namespace ORVLib::Board::Network {
@@ -23,7 +23,7 @@ Record::iterator findRow(Record& list, const Record& row) {
 }
 
 Record readAccessList(const Call& call) {
-    return *parseRows(readFit(call.state, ITEM_ACL, isAccessList), ACCESS_ROW);
+    return *parseRows(readValid(call.state, ITEM_ACL, isAccessList), ACCESS_ROW);
 }
 
 void writeAccessList(const Call& call, const Record& list) {
@@ -34,13 +34,13 @@ void writeAccessList(const Call& call, const Record& list) {
 }  // namespace
 
 std::string readHttpsPort(const Call& call) {
-    const std::string services = readFit(call.state, ITEM_SERVICES, isServices);
+    const std::string services = readValid(call.state, ITEM_SERVICES, isServices);
     const std::string port = parseTexts(services)->at(HTTPS_PORT_FIELD);
     return formatNumber(static_cast<std::uint32_t>(*parseNumber(port, 1, 65535)));
 }
 
 void writeHttpsPort(const Call& call) {
-    const std::string before = readFit(call.state, ITEM_SERVICES, isServices);
+    const std::string before = readValid(call.state, ITEM_SERVICES, isServices);
     Record services = *parseTexts(before);
     services[HTTPS_PORT_FIELD] = std::to_string(readNumber(call.content, 0));
     const std::string content = formatRecord(services);

@@ -4,7 +4,7 @@
 #include <array>
 #include <optional>
 
-#include "item/Contents.h"
+#include "item/ItemValidators.h"
 #include "item/Maintenance.h"
 #include "wire/Protocol.h"
 
@@ -48,7 +48,7 @@ constexpr Part PARTS[] = {
 constexpr std::uint32_t DEGRADED_PARTITION = 1;
 
 bool isState(const std::string& content) {
-    return isFitRecord(content, word("on|off"));
+    return isValidRecord(content, word("on|off"));
 }
 
 const Operation& findOperation(const std::string& content) {
@@ -68,7 +68,7 @@ std::optional<bool> findPower(const Call& call, std::uint32_t partition) {
 }
 
 bool isOn(const Call& call, std::uint32_t partition) {
-    const std::string power = readFit(call.state, ITEM_PARTITION_POWER + partition, isState);
+    const std::string power = readValid(call.state, ITEM_PARTITION_POWER + partition, isState);
     return power == formatRecord({ON});
 }
 
@@ -122,7 +122,7 @@ const char* judgePartition(std::uint32_t partition, bool power, const std::strin
 }  // namespace
 
 bool isOperation(const std::string& content) {
-    return isFitRecord(content, word("on|off|force-off|reset"));
+    return isValidRecord(content, word("on|off|force-off|reset"));
 }
 
 std::string readSystem(const Call& call) {
@@ -134,7 +134,7 @@ void operateSystem(const Call& call) {
 }
 
 std::string readPartition(const Call& call) {
-    return readFit(call.state, call.id, isState);
+    return readValid(call.state, call.id, isState);
 }
 
 void operatePartition(const Call& call) {
@@ -151,7 +151,7 @@ std::string listPartitions(const Call& call) {
 }
 
 std::string readStatus(const Call& call) {
-    const std::string mode = readFit(call.state, ITEM_MAINTENANCE_MODE, Maintenance::isMode);
+    const std::string mode = readValid(call.state, ITEM_MAINTENANCE_MODE, Maintenance::isMode);
     const bool inMaintenance = Maintenance::isOn(mode);
     const PowerStates powers = readPowers(call);
     const bool power = isAnyOn(powers);

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "item/Contents.h"
+#include "item/ItemValidators.h"
 #include "wire/Protocol.h"
 
 namespace ORVLib::Board::Users {
@@ -127,7 +127,7 @@ bool isChangedUser(const std::string& content) {
 }
 
 bool isUserName(const std::string& content) {
-    return isFitRecord(content, USER_NAME_FIELD);
+    return isValidRecord(content, USER_NAME_FIELD);
 }
 
 std::string list(const Call& call) {

@@ -46,7 +46,7 @@ bool isAddress(const std::string& text) {
 
 }  // namespace
 
-bool isFit(const Field& field, const std::string& text) {
+bool isValid(const Field& field, const std::string& text) {
     if (text.empty() && field.mayBeEmpty) {
         return true;
     }
@@ -103,7 +103,7 @@ std::optional<Record> parseFields(const std::string& bytes, const Field* fields,
         return std::nullopt;
     }
     for (std::size_t i = 0; i < record->size(); ++i) {
-        if (!isFit(fields[i % count], (*record)[i])) {
+        if (!isValid(fields[i % count], (*record)[i])) {
             return std::nullopt;
         }
     }

@@ -50,7 +50,7 @@ constexpr Field DAY = {Field::Kind::DAY, 0, 0, false, ""};    ///< "YYYY-MM-DD"
 constexpr Field TIME = {Field::Kind::TIME, 0, 0, false, ""};  ///< "HH:MM:SS"
 constexpr Field ZONE = {Field::Kind::ZONE, 0, 0, false, ""};  ///< "+HH:MM" or "-HH:MM"
 
-bool isFit(const Field& field, const std::string& text);
+bool isValid(const Field& field, const std::string& text);
 
 /// True for a text of printable ASCII.
 bool isPrintable(const std::string& text);

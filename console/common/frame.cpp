@@ -4,18 +4,20 @@
 #include "gui/OutlineFramePage.h"
 #include "shared/access/Functions.h"
 #include "shared/backend/Board.h"
-#include "shared/component/OuterPage.h"
+#include "shared/component/PageChrome.h"
 #include "shared/input/Form.h"
 #include "shared/page/PageMain.h"
 #include "shared/page/Program.h"
 
 using namespace ORVLib::Gui;
 
+namespace Console {
+
 namespace {
 
 constexpr int MODULE = 0x905;
 
-class FrameMain : public Console::PageMain {
+class FrameMain : public PageMain {
 public:
     explicit FrameMain(FormInfo& form) : PageMain(form, MODULE) {}
 
@@ -25,8 +27,8 @@ protected:
         guiCheckSession(false);
         m_messages = std::make_unique<MessageMgr>(m_language);
         auto page = std::make_unique<OutlineFramePage>(m_language, *m_messages);
-        Console::dressPage(*page, m_messages->getString(Console::TEXT_CONSOLE));
-        page->getGenerator().setSkeletonFileName(Console::skeletonPath("skeleton_frame.txt"));
+        setTitleAndStyle(*page, m_messages->getString(TEXT_CONSOLE));
+        page->getGenerator().setSkeletonFileName(skeletonPath("skeleton_frame.txt"));
         lead(*page, wantedFunction());
         page->createPage();
         page->getGenerator().printHTML();
@@ -35,26 +37,28 @@ protected:
 
 private:
     /// What the request asks for. Whether the user may use it is for that page to say.
-    const Console::FunctionEntry& wantedFunction() const {
-        const std::string wanted = Console::fieldOf(*m_formInfo, Console::FUNCTION_FIELD);
-        for (const Console::FunctionEntry& entry : Console::functionTable()) {
-            if (entry.topMenu != Console::NO_MENU && std::to_string(entry.function) == wanted) {
+    const FunctionEntry& wantedFunction() const {
+        const std::string wanted = fieldOf(*m_formInfo, FUNCTION_FIELD);
+        for (const FunctionEntry& entry : functionTable()) {
+            if (entry.topMenu != NO_MENU && std::to_string(entry.function) == wanted) {
                 return entry;
             }
         }
-        return Console::functionTable().front();
+        return functionTable().front();
     }
 
-    void lead(OutlineFramePage& page, const Console::FunctionEntry& entry) {
+    void lead(OutlineFramePage& page, const FunctionEntry& entry) {
         page.setFunctionPath(ORVGUIUtil::getCGIPath(entry.function));
         page.makeMenuPath(entry.topMenu, entry.function);
-        page.makeInfoPath(Console::topMenuName(entry.topMenu, m_language, *m_messages),
+        page.makeInfoPath(topMenuName(entry.topMenu, m_language, *m_messages),
                           m_messages->getString(entry.title), "");
     }
 };
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runProgram<FrameMain>();
+    return Console::runProgram<Console::FrameMain>();
 }

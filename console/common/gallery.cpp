@@ -32,9 +32,10 @@
 
 using namespace ORVLib::Gui;
 
+namespace Console {
+
 namespace {
 
-using Console::FORM_NAME;
 
 constexpr int MODULE = 0x904;
 constexpr int WIDTH = 14;      // of text inputs, in characters
@@ -221,15 +222,15 @@ constexpr int SHOWN = SHOWN_MODE;
 
 struct Column {
     const char* suffix;
-    Console::Text head;
+    Text head;
     const int* displayMode;
 };
 
 constexpr Column COLUMNS[] = {
-    {"none", Console::TEXT_MODE_NONE, nullptr},
-    {"edit", Console::TEXT_MODE_EDIT, &EDIT},
-    {"confirm", Console::TEXT_MODE_CONFIRM, &CONFIRM},
-    {"shown", Console::TEXT_MODE_SHOWN, &SHOWN},
+    {"none", TEXT_MODE_NONE, nullptr},
+    {"edit", TEXT_MODE_EDIT, &EDIT},
+    {"confirm", TEXT_MODE_CONFIRM, &CONFIRM},
+    {"shown", TEXT_MODE_SHOWN, &SHOWN},
 };
 
 /// The table: a row for each component, valid and invalid, a column for each display mode.
@@ -261,8 +262,7 @@ private:
         std::cout << "<tr><th scope=\"row\">" << exhibit.className;
         if (!valid) {
             std::cout << "<br>";
-            TextString(m_messages.getString(Console::TEXT_INVALID), false, false,
-                       TextString::ERROR_COLOUR)
+            TextString(m_messages.getString(TEXT_INVALID), false, false, TextString::ERROR_COLOUR)
                 .printHTML();
         }
         std::cout << "</th>";
@@ -280,17 +280,17 @@ private:
     MessageMgr& m_messages;
 };
 
-class GalleryMain : public Console::PageMain {
+class GalleryMain : public PageMain {
 public:
     explicit GalleryMain(FormInfo& form) : PageMain(form, MODULE) {}
 
 protected:
     int execMain() override {
         chooseLanguage();
-        beginPage(Console::TEXT_GALLERY);
-        auto body = std::make_unique<Console::SkeletonPart>("skeleton_gallery.txt");
-        body->putText("title", m_messages->getString(Console::TEXT_GALLERY));
-        body->putSentence("purpose", m_messages->getString(Console::TEXT_GALLERY_PURPOSE));
+        beginPage(TEXT_GALLERY);
+        auto body = std::make_unique<SkeletonPart>("skeleton_gallery.txt");
+        body->putText("title", m_messages->getString(TEXT_GALLERY));
+        body->putSentence("purpose", m_messages->getString(TEXT_GALLERY_PURPOSE));
         body->put("table", std::make_unique<GalleryTable>(*m_messages));
         printPage(std::move(body));
         return 0;
@@ -299,6 +299,8 @@ protected:
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runProgram<GalleryMain>();
+    return Console::runProgram<Console::GalleryMain>();
 }

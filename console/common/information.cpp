@@ -10,11 +10,13 @@
 
 using namespace ORVLib::Gui;
 
+namespace Console {
+
 namespace {
 
 constexpr int MODULE = 0x907;
 
-class InformationMain : public Console::PageMain {
+class InformationMain : public PageMain {
 public:
     explicit InformationMain(FormInfo& form) : PageMain(form, MODULE) {}
 
@@ -22,16 +24,15 @@ protected:
     int execMain() override {
         getCookie();
         guiCheckSession(false);
-        beginPage(Console::TEXT_CONSOLE);
+        beginPage(TEXT_CONSOLE);
         CGIRequester requester(m_sessionId.c_str());
-        auto strip = std::make_unique<Console::SkeletonPart>("skeleton_information.txt");
-        strip->putText("console", m_messages->getString(Console::TEXT_CONSOLE));
+        auto strip = std::make_unique<SkeletonPart>("skeleton_information.txt");
+        strip->putText("console", m_messages->getString(TEXT_CONSOLE));
         strip->putText("place", place());
-        strip->putText("user_label", m_messages->getString(Console::TEXT_USER_NAME));
-        strip->putText("user", Console::readUserName(requester));
+        strip->putText("user_label", m_messages->getString(TEXT_USER_NAME));
+        strip->putText("user", readUserName(requester));
         strip->put("logout",
-                   Console::makeLink("/common/logout.cgi",
-                                     m_messages->getString(Console::TEXT_LOGOUT), "_top"));
+                   makeLink("/common/logout.cgi", m_messages->getString(TEXT_LOGOUT), "_top"));
         printPage(std::move(strip));
         return 0;
     }
@@ -41,7 +42,7 @@ private:
     std::string place() const {
         std::string path;
         for (const char* const field : {"menu0", "menu1", "menu2"}) {
-            const std::string name = Console::fieldOf(*m_formInfo, field);
+            const std::string name = fieldOf(*m_formInfo, field);
             if (!name.empty()) {
                 path += (path.empty() ? "" : " > ") + name;
             }
@@ -52,6 +53,8 @@ private:
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runProgram<InformationMain>();
+    return Console::runProgram<Console::InformationMain>();
 }

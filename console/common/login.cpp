@@ -12,7 +12,7 @@
 #include "shared/access/Device.h"
 #include "shared/access/Functions.h"
 #include "shared/backend/Board.h"
-#include "shared/component/OuterPage.h"
+#include "shared/component/PageChrome.h"
 #include "shared/component/SkeletonPart.h"
 #include "shared/input/Form.h"
 #include "shared/page/PageMain.h"
@@ -20,12 +20,14 @@
 
 using namespace ORVLib::Gui;
 
+namespace Console {
+
 namespace {
 
 constexpr int MODULE = 0x900;
 constexpr int LONGEST_NAME = 32;
 
-class LoginMain : public Console::PageMain {
+class LoginMain : public PageMain {
 public:
     explicit LoginMain(FormInfo& form) : PageMain(form, MODULE) {}
 
@@ -33,14 +35,14 @@ protected:
     int execMain() override {
         m_formInfo->getFormData("user", m_user);
         if (m_formInfo->isPostMethod()) {
-            openSession(Console::fieldOf(*m_formInfo, "password"));
+            openSession(fieldOf(*m_formInfo, "password"));
         } else {
             askLanguage();
         }
-        beginPage(Console::TEXT_LOGIN);
+        beginPage(TEXT_LOGIN);
         if (m_sessionId.empty()) {
-            if (!m_formInfo->isPostMethod() && !Console::keepsDevice()) {
-                Console::putDeviceCookie(*m_page);
+            if (!m_formInfo->isPostMethod() && !keepsDevice()) {
+                putDeviceCookie(*m_page);
             }
             printPage(makeForm());
         } else {
@@ -54,18 +56,18 @@ private:
     void askLanguage() {
         CGIRequester requester;
         if (requester.getLanguage(m_language) == 0) {
-            m_problem = Console::TEXT_BOARD_UNREACHABLE;
+            m_problem = TEXT_BOARD_UNREACHABLE;
         }
     }
 
     void openSession(const std::string& password) {
         const char* const address = std::getenv("REMOTE_ADDR");
         const std::string client = address != nullptr ? address : "";
-        const std::string sent = Console::readDevice();
+        const std::string sent = readDevice();
         CGIRequester requester;
         if (requester.login(m_user, password, sent.empty() ? client : client + ' ' + sent,
                             m_language, m_sessionId) != 0) {
-            if (Console::keepsDevice()) {
+            if (keepsDevice()) {
                 keepDevice(sent);
             }
             return;
@@ -80,37 +82,36 @@ private:
     /// A browser without an ID can go on without one, too.
     void keepDevice(const std::string& sent) {
         CGIRequester requester(m_sessionId.c_str());
-        m_device = Console::askDevice(requester, sent);
+        m_device = askDevice(requester, sent);
         if (m_device.empty()) {
             m_trace.putLog(0, "no device ID for a browser: error " +
                                   std::to_string(requester.getErrorDetail()));
         }
     }
 
-    static Console::Text problemFor(unsigned int error) {
+    static Text problemFor(unsigned int error) {
         switch (error) {
-            case Console::ERROR_LOGIN_REFUSED:
-                return Console::TEXT_WRONG_LOGIN;
-            case Console::ERROR_BUSY:
-                return Console::TEXT_BOARD_BUSY;
+            case ERROR_LOGIN_REFUSED:
+                return TEXT_WRONG_LOGIN;
+            case ERROR_BUSY:
+                return TEXT_BOARD_BUSY;
             default:
-                return Console::TEXT_BOARD_UNREACHABLE;
+                return TEXT_BOARD_UNREACHABLE;
         }
     }
 
     std::unique_ptr<HTMLComponent> makeForm() {
-        auto form = std::make_unique<Console::SkeletonPart>("skeleton_login.txt");
-        form->putText("console", m_messages->getString(Console::TEXT_CONSOLE));
-        form->putText("user_label", m_messages->getString(Console::TEXT_USER_NAME));
-        form->putText("password_label", m_messages->getString(Console::TEXT_PASSWORD));
-        form->put("user",
-                  std::make_unique<TextField>("user", Console::inputValue(m_user),
-                                              Console::FORM_NAME, LONGEST_NAME, LONGEST_NAME));
-        form->put("password", std::make_unique<PasswordField>("password", "", Console::FORM_NAME,
+        auto form = std::make_unique<SkeletonPart>("skeleton_login.txt");
+        form->putText("console", m_messages->getString(TEXT_CONSOLE));
+        form->putText("user_label", m_messages->getString(TEXT_USER_NAME));
+        form->putText("password_label", m_messages->getString(TEXT_PASSWORD));
+        form->put("user", std::make_unique<TextField>("user", inputValue(m_user), FORM_NAME,
+                                                      LONGEST_NAME, LONGEST_NAME));
+        form->put("password", std::make_unique<PasswordField>("password", "", FORM_NAME,
                                                               LONGEST_NAME, LONGEST_NAME));
-        form->put("submit", std::make_unique<SubmitButton>(
-                                "login", m_messages->getString(Console::TEXT_LOGIN)));
-        if (m_problem != Console::TEXT_CONSOLE) {
+        form->put("submit",
+                  std::make_unique<SubmitButton>("login", m_messages->getString(TEXT_LOGIN)));
+        if (m_problem != TEXT_CONSOLE) {
             form->put("problem",
                       std::make_unique<TextString>(m_messages->getString(m_problem), false, false,
                                                    TextString::ERROR_COLOUR));
@@ -119,19 +120,21 @@ private:
     }
 
     void leadIntoConsole() {
-        Console::putLoginCookies(*m_page, m_sessionId, m_device);
+        putLoginCookies(*m_page, m_sessionId, m_device);
         HTMLMapUtil::insertIntoMap(m_page->getMap(), "meta_refresh",
-                                   std::make_unique<MetaTag>("Refresh", "0", Console::FRAME_PATH));
+                                   std::make_unique<MetaTag>("Refresh", "0", FRAME_PATH));
         m_page->getGenerator().printHTML();
     }
 
     std::string m_user;
-    std::string m_device;                             ///< the ID that the browser is to keep
-    Console::Text m_problem = Console::TEXT_CONSOLE;  // none
+    std::string m_device;           ///< the ID that the browser is to keep
+    Text m_problem = TEXT_CONSOLE;  // none
 };
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runProgram<LoginMain>();
+    return Console::runProgram<Console::LoginMain>();
 }

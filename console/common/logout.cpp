@@ -6,7 +6,7 @@
 #include "gui/SubmitButton.h"
 #include "shared/backend/Board.h"
 #include "shared/component/Components.h"
-#include "shared/component/OuterPage.h"
+#include "shared/component/PageChrome.h"
 #include "shared/component/SkeletonPart.h"
 #include "shared/page/PageMain.h"
 #include "shared/page/PageStep.h"
@@ -14,11 +14,13 @@
 
 using namespace ORVLib::Gui;
 
+namespace Console {
+
 namespace {
 
 constexpr int MODULE = 0x901;
 
-class LogoutMain : public Console::PageMain {
+class LogoutMain : public PageMain {
 public:
     explicit LogoutMain(FormInfo& form) : PageMain(form, MODULE) {}
 
@@ -29,13 +31,13 @@ protected:
         CGIRequester requester(m_sessionId.c_str());
         // Nobody elsewhere must be able to end a session: it takes a form of its own.
         const bool isSent = m_formInfo->isPostMethod();
-        const bool ends = isSent && Console::isOwnForm(*m_formInfo, requester, MODULE);
+        const bool ends = isSent && isOwnForm(*m_formInfo, requester, MODULE);
         if (ends) {
             endSession(requester);
         }
-        beginPage(Console::TEXT_LOGOUT);
+        beginPage(TEXT_LOGOUT);
         if (ends) {
-            Console::putExpiredCookie(*m_page);
+            putExpiredCookie(*m_page);
         }
         printPage(ends ? makeFarewell() : makeQuestion(requester, isSent));
         return 0;
@@ -44,34 +46,35 @@ protected:
 private:
     static void endSession(CGIRequester& requester) {
         if (requester.logout() == 0 && requester.getErrorDetail() != ERROR_SESSION_INVALID) {
-            Console::failWith(requester);
+            throwRequesterError(requester);
         }
     }
 
     std::unique_ptr<HTMLComponent> makeQuestion(const CGIRequester& requester, bool isRefused) {
-        auto question = std::make_unique<Console::SkeletonPart>("skeleton_logout.txt");
-        question->putText("question", m_messages->getString(Console::TEXT_ASK_LOGOUT));
-        question->put("submit", std::make_unique<SubmitButton>(
-                                    "logout", m_messages->getString(Console::TEXT_LOGOUT)));
-        question->put(Console::END_FIELD, Console::makeFormEnd(requester));
+        auto question = std::make_unique<SkeletonPart>("skeleton_logout.txt");
+        question->putText("question", m_messages->getString(TEXT_ASK_LOGOUT));
+        question->put("submit",
+                      std::make_unique<SubmitButton>("logout", m_messages->getString(TEXT_LOGOUT)));
+        question->put(END_FIELD, makeFormEnd(requester));
         if (isRefused) {
-            question->put("error",
-                          Console::makeSentence(m_messages->getString(Console::TEXT_FORM_CUT_OFF),
+            question->put("error", makeSentence(m_messages->getString(TEXT_FORM_CUT_OFF),
                                                 TextString::ERROR_COLOUR));
         }
         return question;
     }
 
     std::unique_ptr<HTMLComponent> makeFarewell() {
-        auto farewell = std::make_unique<Console::SkeletonPart>("skeleton_farewell.txt");
-        farewell->putText("title", m_messages->getString(Console::TEXT_LOGGED_OUT));
-        farewell->putText("login_label", m_messages->getString(Console::TEXT_LOGIN));
+        auto farewell = std::make_unique<SkeletonPart>("skeleton_farewell.txt");
+        farewell->putText("title", m_messages->getString(TEXT_LOGGED_OUT));
+        farewell->putText("login_label", m_messages->getString(TEXT_LOGIN));
         return farewell;
     }
 };
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runProgram<LogoutMain>();
+    return Console::runProgram<Console::LogoutMain>();
 }

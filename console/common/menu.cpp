@@ -13,6 +13,8 @@
 
 using namespace ORVLib::Gui;
 
+namespace Console {
+
 namespace {
 
 constexpr int MODULE = 0x906;
@@ -23,14 +25,14 @@ class TopMenu : public HTMLComponent {
 public:
     TopMenu(std::string name, bool current) : m_name(std::move(name)), m_current(current) {}
 
-    void add(Console::Component link) { m_links.push_back(std::move(link)); }
+    void add(Component link) { m_links.push_back(std::move(link)); }
 
     void printHTML() const override {
         std::cout << "<section class=\"menu" << (m_current ? " current" : "")
                   << (m_links.empty() ? " empty" : "") << "\">\n<h2>";
         TextString(m_name).printHTML();
         std::cout << "</h2>\n<ul>\n";
-        for (const Console::Component& link : m_links) {
+        for (const Component& link : m_links) {
             std::cout << "<li>";
             link->printHTML();
             std::cout << "</li>\n";
@@ -43,10 +45,10 @@ public:
 private:
     std::string m_name;
     bool m_current;
-    std::vector<Console::Component> m_links;
+    std::vector<Component> m_links;
 };
 
-class MenuMain : public Console::PageMain {
+class MenuMain : public PageMain {
 public:
     explicit MenuMain(FormInfo& form) : PageMain(form, MODULE) {}
 
@@ -54,9 +56,9 @@ protected:
     int execMain() override {
         getCookie();
         guiCheckSession(false);
-        beginPage(Console::TEXT_CONSOLE);
+        beginPage(TEXT_CONSOLE);
         CGIRequester requester(m_sessionId.c_str());
-        auto menus = std::make_unique<Console::Sequence>();
+        auto menus = std::make_unique<ComponentGroup>();
         for (int menu = 0; menu < MenuData::TOP_MENUS; ++menu) {
             menus->add(makeTopMenu(menu, requester));
         }
@@ -65,10 +67,10 @@ protected:
     }
 
 private:
-    Console::Component makeTopMenu(int menu, CGIRequester& requester) {
-        auto made = std::make_unique<TopMenu>(Console::topMenuName(menu, m_language, *m_messages),
+    Component makeTopMenu(int menu, CGIRequester& requester) {
+        auto made = std::make_unique<TopMenu>(topMenuName(menu, m_language, *m_messages),
                                               isWanted("tid", menu));
-        for (const Console::FunctionEntry& entry : Console::functionTable()) {
+        for (const FunctionEntry& entry : functionTable()) {
             if (entry.topMenu == menu && isUsable(entry, requester)) {
                 made->add(makeFunctionLink(entry));
             }
@@ -76,27 +78,29 @@ private:
         return made;
     }
 
-    bool isUsable(const Console::FunctionEntry& entry, CGIRequester& requester) const {
-        return entry.access == Console::Access::ANY_SESSION ||
-               Console::mayUse(requester, m_authority, entry.function);
+    bool isUsable(const FunctionEntry& entry, CGIRequester& requester) const {
+        return entry.access == Access::ANY_SESSION ||
+               mayUse(requester, m_authority, entry.function);
     }
 
     /// A function opens with its place in menu and information strip, so all frames load anew.
-    Console::Component makeFunctionLink(const Console::FunctionEntry& entry) {
-        return Console::makeLink(std::string(Console::FRAME_PATH) + '?' + Console::FUNCTION_FIELD +
-                                     '=' + std::to_string(entry.function),
-                                 m_messages->getString(entry.title), "_top",
-                                 isWanted("mid", entry.function) ? "current" : "");
+    Component makeFunctionLink(const FunctionEntry& entry) {
+        return makeLink(
+            std::string(FRAME_PATH) + '?' + FUNCTION_FIELD + '=' + std::to_string(entry.function),
+            m_messages->getString(entry.title), "_top",
+            isWanted("mid", entry.function) ? "current" : "");
     }
 
     /// What the frameset asks to be marked.
     bool isWanted(const char* field, int number) const {
-        return Console::fieldOf(*m_formInfo, field) == std::to_string(number);
+        return fieldOf(*m_formInfo, field) == std::to_string(number);
     }
 };
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runProgram<MenuMain>();
+    return Console::runProgram<Console::MenuMain>();
 }

@@ -10,11 +10,13 @@
 #include "shared/backend/Digits.h"
 #include "shared/component/Components.h"
 #include "shared/component/SkeletonPart.h"
-#include "shared/component/Words.h"
+#include "shared/component/Vocabulary.h"
 #include "shared/page/ConsoleMain.h"
 #include "shared/page/Program.h"
 
 using namespace ORVLib::Gui;
+
+namespace Console {
 
 namespace {
 
@@ -41,27 +43,26 @@ private:
     int m_percent;
 };
 
-const Console::Words& states() {
-    static const Console::Words STATES = {
-        {RUNNING, Console::TEXT_UPDATE_RUNNING, TextString::MAINTENANCE_COLOUR},
-        {"done", Console::TEXT_UPDATE_DONE, TextString::NORMAL_COLOUR},
-        {"failed", Console::TEXT_UPDATE_FAILED, TextString::ERROR_COLOUR},
-        {"idle", Console::TEXT_UPDATE_IDLE},
+const Vocabulary& states() {
+    static const Vocabulary STATES = {
+        {RUNNING, TEXT_UPDATE_RUNNING, TextString::MAINTENANCE_COLOUR},
+        {"done", TEXT_UPDATE_DONE, TextString::NORMAL_COLOUR},
+        {"failed", TEXT_UPDATE_FAILED, TextString::ERROR_COLOUR},
+        {"idle", TEXT_UPDATE_IDLE},
     };
     return STATES;
 }
 
-class ProgressMain : public Console::ConsoleMain {
+class ProgressMain : public ConsoleMain {
 public:
-    explicit ProgressMain(FormInfo& form) : ConsoleMain(form, Console::FUNCTION_PROGRESS) {}
+    explicit ProgressMain(FormInfo& form) : ConsoleMain(form, FUNCTION_PROGRESS) {}
 
 protected:
     bool isSelfRefreshing() const override { return true; }
 
-    std::unique_ptr<HTMLComponent> makeBody(const Console::PageContext& context) override {
-        const Console::Record progress =
-            Console::readRecord(context.requester, Console::ITEM_PROGRESS);
-        Console::RecordReader reader(progress);
+    std::unique_ptr<HTMLComponent> makeBody(const PageContext& context) override {
+        const Record progress = readRecord(context.requester, ITEM_PROGRESS);
+        RecordReader reader(progress);
         const std::string state = reader.next();
         const int percent = readPercent(reader.next());
         if (state == RUNNING) {
@@ -69,39 +70,37 @@ protected:
             HTMLMapUtil::insertIntoMap(m_page->getMap(), "meta_refresh",
                                        std::make_unique<MetaTag>("Refresh", RELOAD_SECONDS));
         }
-        auto body = std::make_unique<Console::SkeletonPart>("skeleton_list.txt");
-        body->putText("title", text(Console::TEXT_PROGRESS));
-        body->putSentence("purpose", text(Console::TEXT_PROGRESS_PURPOSE));
+        auto body = std::make_unique<SkeletonPart>("skeleton_list.txt");
+        body->putText("title", text(TEXT_PROGRESS));
+        body->putSentence("purpose", text(TEXT_PROGRESS_PURPOSE));
         body->put("content", makeContent(context, state, percent, reader.next()));
         return body;
     }
 
 private:
-    std::string text(Console::Text number) { return m_messages->getString(number); }
+    std::string text(Text number) { return m_messages->getString(number); }
 
     static int readPercent(const std::string& text) {
         constexpr std::size_t MOST_DIGITS = 3;
-        const int percent = Console::readDigits(text, MOST_DIGITS);
+        const int percent = readDigits(text, MOST_DIGITS);
         if (percent < 0) {
-            Console::failDamaged();
+            failDamaged();
         }
         return percent;
     }
 
-    Console::Component makeContent(const Console::PageContext& context, const std::string& state,
-                                   int percent, const std::string& version) {
-        auto content = std::make_unique<Console::Sequence>();
-        auto facts = std::make_unique<Console::Facts>();
-        facts->add(text(Console::TEXT_STATE), Console::makeWord(*m_messages, states(), state));
+    Component makeContent(const PageContext& context, const std::string& state, int percent,
+                          const std::string& version) {
+        auto content = std::make_unique<ComponentGroup>();
+        auto facts = std::make_unique<LabelledList>();
+        facts->add(text(TEXT_STATE), makeWord(*m_messages, states(), state));
         if (!version.empty()) {
-            facts->add(text(Console::TEXT_VERSION), version);
-            facts->add(text(Console::TEXT_PROGRESS), std::make_unique<ProgressBar>(percent));
+            facts->add(text(TEXT_VERSION), version);
+            facts->add(text(TEXT_PROGRESS), std::make_unique<ProgressBar>(percent));
         }
         content->add(std::move(facts));
-        if (state != RUNNING &&
-            Console::mayUse(context.requester, context.authority, Console::FUNCTION_FIRMWARE)) {
-            content->add(Console::makeLink(ORVGUIUtil::getCGIPath(Console::FUNCTION_FIRMWARE),
-                                           text(Console::TEXT_FIRMWARE)));
+        if (state != RUNNING && mayUse(context.requester, context.authority, FUNCTION_FIRMWARE)) {
+            content->add(makeLink(ORVGUIUtil::getCGIPath(FUNCTION_FIRMWARE), text(TEXT_FIRMWARE)));
         }
         return content;
     }
@@ -109,6 +108,8 @@ private:
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runProgram<ProgressMain>();
+    return Console::runProgram<Console::ProgressMain>();
 }

@@ -18,6 +18,8 @@
 
 using namespace ORVLib::Gui;
 
+namespace Console {
+
 namespace {
 
 constexpr int MODULE = 0x903;
@@ -70,7 +72,7 @@ std::string visible(const std::string& text) {
         const auto byte = static_cast<unsigned char>(character);
         if (byte < 0x20 || byte == 0x7f) {
             result += "\\x";
-            Console::appendHex(result, byte);
+            appendHex(result, byte);
         } else {
             result += character;
         }
@@ -80,10 +82,10 @@ std::string visible(const std::string& text) {
 
 std::unique_ptr<HTMLComponent> fieldTable(const FormInfo& form, MessageMgr& messages) {
     if (form.getFields().empty()) {
-        return std::make_unique<TextString>(messages.getString(Console::TEXT_NO_FIELDS));
+        return std::make_unique<TextString>(messages.getString(TEXT_NO_FIELDS));
     }
-    auto table = std::make_unique<TextTable>(messages.getString(Console::TEXT_NAME),
-                                             messages.getString(Console::TEXT_VALUE));
+    auto table =
+        std::make_unique<TextTable>(messages.getString(TEXT_NAME), messages.getString(TEXT_VALUE));
     for (const auto& [name, value] : form.getFields()) {
         table->addRow(visible(name), visible(value));
     }
@@ -92,19 +94,18 @@ std::unique_ptr<HTMLComponent> fieldTable(const FormInfo& form, MessageMgr& mess
 
 std::unique_ptr<HTMLComponent> fileTable(const FormInfo& form, MessageMgr& messages) {
     const std::string& path = form.getTemporaryFilePath();
-    const std::string digest = path.empty() ? "" : Console::digestOfFile(path);
+    const std::string digest = path.empty() ? "" : digestOfFile(path);
     if (digest.empty()) {
         const bool lost = !path.empty() || !form.getUploadedFileName().empty();
         return std::make_unique<TextString>(
-            messages.getString(lost ? Console::TEXT_FILE_LOST : Console::TEXT_NO_FILE), false,
-            false, lost ? TextString::ERROR_COLOUR : TextString::PLAIN);
+            messages.getString(lost ? TEXT_FILE_LOST : TEXT_NO_FILE), false, false,
+            lost ? TextString::ERROR_COLOUR : TextString::PLAIN);
     }
     auto table = std::make_unique<TextTable>();
-    table->addRow(messages.getString(Console::TEXT_FILE_NAME), visible(form.getUploadedFileName()));
-    table->addRow(
-        messages.getString(Console::TEXT_SIZE),
-        std::to_string(form.getWrittenSize()) + " " + messages.getString(Console::TEXT_BYTES));
-    table->addRow(messages.getString(Console::TEXT_SHA256), digest);
+    table->addRow(messages.getString(TEXT_FILE_NAME), visible(form.getUploadedFileName()));
+    table->addRow(messages.getString(TEXT_SIZE),
+                  std::to_string(form.getWrittenSize()) + " " + messages.getString(TEXT_BYTES));
+    table->addRow(messages.getString(TEXT_SHA256), digest);
     return table;
 }
 
@@ -114,41 +115,41 @@ std::unique_ptr<HTMLComponent> languageLink(const char* language, const std::str
         std::make_unique<TextString>(name));
 }
 
-void putLabels(Console::SkeletonPart& body, MessageMgr& messages) {
+void putLabels(SkeletonPart& body, MessageMgr& messages) {
     struct Label {
         const char* marker;
-        Console::Text text;
+        Text text;
     };
     constexpr Label LABELS[] = {
-        {"inspector", Console::TEXT_INSPECTOR},        {"language_label", Console::TEXT_LANGUAGE},
-        {"text_label", Console::TEXT_INPUT},           {"second_label", Console::TEXT_SECOND_INPUT},
-        {"file_label", Console::TEXT_FILE_INPUT},      {"send_get", Console::TEXT_SEND_GET},
-        {"send_post", Console::TEXT_SEND_POST},        {"method_label", Console::TEXT_METHOD},
-        {"fields_label", Console::TEXT_FIELDS},        {"query_label", Console::TEXT_QUERY_STRING},
-        {"upload_label", Console::TEXT_UPLOADED_FILE},
+        {"inspector", TEXT_INSPECTOR},        {"language_label", TEXT_LANGUAGE},
+        {"text_label", TEXT_INPUT},           {"second_label", TEXT_SECOND_INPUT},
+        {"file_label", TEXT_FILE_INPUT},      {"send_get", TEXT_SEND_GET},
+        {"send_post", TEXT_SEND_POST},        {"method_label", TEXT_METHOD},
+        {"fields_label", TEXT_FIELDS},        {"query_label", TEXT_QUERY_STRING},
+        {"upload_label", TEXT_UPLOADED_FILE},
     };
     for (const Label& label : LABELS) {
         body.putText(label.marker, messages.getString(label.text));
     }
 }
 
-class InspectorMain : public Console::PageMain {
+class InspectorMain : public PageMain {
 public:
     explicit InspectorMain(FormInfo& form) : PageMain(form, MODULE) {}
 
 protected:
     int execMain() override {
         chooseLanguage();
-        beginPage(Console::TEXT_INSPECTOR);
+        beginPage(TEXT_INSPECTOR);
         printPage(makeBody());
         return 0;
     }
 
 private:
     std::unique_ptr<HTMLComponent> makeBody() {
-        auto body = std::make_unique<Console::SkeletonPart>("skeleton_request.txt");
+        auto body = std::make_unique<SkeletonPart>("skeleton_request.txt");
         putLabels(*body, *m_messages);
-        body->putSentence("purpose", m_messages->getString(Console::TEXT_INSPECTOR_PURPOSE));
+        body->putSentence("purpose", m_messages->getString(TEXT_INSPECTOR_PURPOSE));
         putButtons(*body);
         const char* const method = std::getenv("REQUEST_METHOD");
         body->putText("method", visible(method != nullptr ? method : ""));
@@ -158,20 +159,23 @@ private:
         return body;
     }
 
-    void putButtons(Console::SkeletonPart& body) {
-        body.put("english", languageLink("1", m_messages->getString(Console::TEXT_ENGLISH)));
-        body.put("japanese", languageLink("0", m_messages->getString(Console::TEXT_JAPANESE)));
+    void putButtons(SkeletonPart& body) {
+        body.put("english", languageLink("1", m_messages->getString(TEXT_ENGLISH)));
+        body.put("japanese", languageLink("0", m_messages->getString(TEXT_JAPANESE)));
         body.put("language_field",
                  std::make_unique<HiddenField>(LANGUAGE_FIELD, std::to_string(m_language)));
-        body.put("reset", std::make_unique<ResetButton>(
-                              "reset", m_messages->getString(Console::TEXT_RESET)));
-        body.put("upload", std::make_unique<SubmitButton>(
-                               "upload", m_messages->getString(Console::TEXT_UPLOAD)));
+        body.put("reset",
+                 std::make_unique<ResetButton>("reset", m_messages->getString(TEXT_RESET)));
+        body.put("upload",
+                 std::make_unique<SubmitButton>("upload", m_messages->getString(TEXT_UPLOAD)));
     }
 };
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runProgram<InspectorMain>({true, std::nullopt, Console::Places::ORDINARY});
+    return Console::runProgram<Console::InspectorMain>(
+        {true, std::nullopt, Console::Places::ORDINARY});
 }

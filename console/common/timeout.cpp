@@ -8,22 +8,24 @@
 
 using namespace ORVLib::Gui;
 
+namespace Console {
+
 namespace {
 
 constexpr int MODULE = 0x902;
 
-class TimeoutMain : public Console::PageMain {
+class TimeoutMain : public PageMain {
 public:
     explicit TimeoutMain(FormInfo& form) : PageMain(form, MODULE) {}
 
 protected:
     int execMain() override {
         CGIRequester().getLanguage(m_language);  // English when the daemon cannot be asked
-        beginPage(Console::TEXT_SESSION_ENDED);
-        auto body = std::make_unique<Console::SkeletonPart>("skeleton_farewell.txt");
-        body->putText("title", m_messages->getString(Console::TEXT_SESSION_ENDED));
-        body->putSentence("reason", m_messages->getString(Console::TEXT_SESSION_ENDED_WHY));
-        body->putText("login_label", m_messages->getString(Console::TEXT_LOGIN));
+        beginPage(TEXT_SESSION_ENDED);
+        auto body = std::make_unique<SkeletonPart>("skeleton_farewell.txt");
+        body->putText("title", m_messages->getString(TEXT_SESSION_ENDED));
+        body->putSentence("reason", m_messages->getString(TEXT_SESSION_ENDED_WHY));
+        body->putText("login_label", m_messages->getString(TEXT_LOGIN));
         printPage(std::move(body));
         return 0;
     }
@@ -31,6 +33,9 @@ protected:
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runProgram<TimeoutMain>({false, std::nullopt, Console::Places::RESERVED});
+    return Console::runProgram<Console::TimeoutMain>(
+        {false, std::nullopt, Console::Places::RESERVED});
 }

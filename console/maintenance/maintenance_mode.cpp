@@ -19,28 +19,29 @@ using ORVLib::ORVUi::GeneralPurposePacket;
 using ORVLib::ORVUi::ORV_MAINTENANCE_MODE;
 using PowerPermission = ORVLib::ORVUi::PrimitiveTypeWrapper<long>;
 
+namespace Console {
+
 namespace {
 
 constexpr char CHECKED[] = "1";
 constexpr char UNCHECKED[] = "0";
 
-class MaintenancePage : public Console::SettingsPage {
+class MaintenancePage : public SettingsPage {
 public:
-    static constexpr Console::Function FUNCTION = Console::FUNCTION_MAINTENANCE_MODE;
+    static constexpr Function FUNCTION = FUNCTION_MAINTENANCE_MODE;
 
-    explicit MaintenancePage(const Console::PageContext& context)
-        : SettingsPage(context, FUNCTION, Console::TEXT_MAINTENANCE_MODE_PURPOSE) {
-        addMark(ORV_MAINTENANCE_MODE::SYSTEM, text(Console::TEXT_WHOLE_SYSTEM));
-        for (const int partition : Console::readPartitions(context.requester)) {
+    explicit MaintenancePage(const PageContext& context)
+        : SettingsPage(context, FUNCTION, TEXT_MAINTENANCE_MODE_PURPOSE) {
+        addMark(ORV_MAINTENANCE_MODE::SYSTEM, text(TEXT_WHOLE_SYSTEM));
+        for (const int partition : readPartitions(context.requester)) {
             addMark(ORV_MAINTENANCE_MODE::FIRST_PARTITION + partition,
-                    Console::partitionName(context.messages, partition));
+                    partitionName(context.messages, partition));
         }
         // Technical staff may say what is in maintenance, but not what it allows them.
         if (context.authority.isSystemAdmin()) {
-            m_permission =
-                &add(Console::TEXT_STAFF_POWER, Console::TEXT_WRONG_CHOICE,
-                     std::make_unique<Console::FlagInput>("permission", text(Console::TEXT_ALLOWED),
-                                                          text(Console::TEXT_NOT_ALLOWED)));
+            m_permission = &add(TEXT_STAFF_POWER, TEXT_WRONG_CHOICE,
+                                std::make_unique<FlagInput>("permission", text(TEXT_ALLOWED),
+                                                            text(TEXT_NOT_ALLOWED)));
         }
     }
 
@@ -83,15 +84,14 @@ private:
     /// A byte of the mode, and the check box for it.
     struct Mark {
         int byte;
-        Console::FlagInput* input;
+        FlagInput* input;
     };
 
     void addMark(int byte, const std::string& label) {
-        m_marks.push_back(
-            {byte, &add(label, Console::TEXT_WRONG_CHOICE,
-                        std::make_unique<Console::FlagInput>("mode" + std::to_string(byte) + '_',
-                                                             text(Console::TEXT_IN_MAINTENANCE),
-                                                             text(Console::TEXT_IN_OPERATION)))});
+        m_marks.push_back({byte, &add(label, TEXT_WRONG_CHOICE,
+                                      std::make_unique<FlagInput>(
+                                          "mode" + std::to_string(byte) + '_',
+                                          text(TEXT_IN_MAINTENANCE), text(TEXT_IN_OPERATION)))});
     }
 
     /// A byte that says the same as its check box stays as it is.
@@ -107,21 +107,21 @@ private:
     ORV_MAINTENANCE_MODE readMode() const {
         ORV_MAINTENANCE_MODE mode;
         if (getRequester().getInfo(ITEM_MAINTENANCE_MODE, mode.bytes, sizeof mode.bytes) == 0) {
-            Console::failWith(getRequester());
+            throwRequesterError(getRequester());
         }
         return mode;
     }
 
     void writeMode(const ORV_MAINTENANCE_MODE& mode) const {
         const std::string bytes(std::begin(mode.bytes), std::end(mode.bytes));
-        Console::writeBytes(getRequester(), ITEM_MAINTENANCE_MODE, bytes, {});
+        writeBytes(getRequester(), ITEM_MAINTENANCE_MODE, bytes, {});
     }
 
     /// A packet without a number permits nothing, for the rule that lets staff in as well.
     bool readPermission() const {
         GeneralPurposePacket packet;
         if (getRequester().getInfo(ITEM_MAINTENANCE_POWER, packet) == 0) {
-            Console::failWith(getRequester());
+            throwRequesterError(getRequester());
         }
         const auto* const number = dynamic_cast<const PowerPermission*>(packet.getCompInfo(0));
         return number != nullptr && number->getValue() != 0;
@@ -135,16 +135,18 @@ private:
 
     void writePermission(bool permitted) const {
         if (!trySetPermission(permitted)) {
-            Console::failWith(getRequester());
+            throwRequesterError(getRequester());
         }
     }
 
     std::vector<Mark> m_marks;
-    Console::FlagInput* m_permission = nullptr;
+    FlagInput* m_permission = nullptr;
 };
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runProgram<Console::SettingsMain<MaintenancePage>>();
+    return Console::runProgram<Console::SettingsMain<Console::MaintenancePage>>();
 }

@@ -15,6 +15,8 @@
 
 using namespace ORVLib::Gui;
 
+namespace Console {
+
 namespace {
 
 constexpr int SETTINGS_RESTORED = 441;
@@ -54,7 +56,7 @@ std::string withPlainLineEnds(std::string text) {
 std::string readFile(const std::string& path) {
     constexpr std::size_t LONGEST_LINE_END = 2;
     std::ifstream file(path, std::ios::binary);
-    std::string content((Console::LARGEST_CONTENT + 1) * LONGEST_LINE_END, '\0');
+    std::string content((LARGEST_CONTENT + 1) * LONGEST_LINE_END, '\0');
     file.read(content.data(), static_cast<std::streamsize>(content.size()));
     if (!file && !file.eof()) {
         throw std::runtime_error("the uploaded backup cannot be read");
@@ -63,24 +65,24 @@ std::string readFile(const std::string& path) {
     return content;
 }
 
-class BackupPage : public Console::UploadPage {
+class BackupPage : public UploadPage {
 public:
-    static constexpr Console::Function FUNCTION = Console::FUNCTION_BACKUP;
+    static constexpr Function FUNCTION = FUNCTION_BACKUP;
 
-    explicit BackupPage(const Console::PageContext& context)
-        : UploadPage(context, FUNCTION, Console::TEXT_BACKUP_PURPOSE, Console::TEXT_BACKUP_FILE,
-                     Console::TEXT_CONFIRM_RESTORE) {
-        setApplyLabel(Console::TEXT_RESTORE);
+    explicit BackupPage(const PageContext& context)
+        : UploadPage(context, FUNCTION, TEXT_BACKUP_PURPOSE, TEXT_BACKUP_FILE,
+                     TEXT_CONFIRM_RESTORE) {
+        setApplyLabel(TEXT_RESTORE);
         setCompletion(SETTINGS_RESTORED);
     }
 
 protected:
-    Console::Component makePresent() override {
-        auto facts = std::make_unique<Console::Facts>();
-        facts->add(text(Console::TEXT_PRESENT_SETTINGS),
-                   Console::makeLink(ORVGUIUtil::getCGIPath(FUNCTION) + '?' + DOWNLOAD_FIELD + "=1",
-                                     text(Console::TEXT_DOWNLOAD)));
-        return std::make_unique<Console::Card>(std::move(facts));
+    Component makePresent() override {
+        auto facts = std::make_unique<LabelledList>();
+        facts->add(text(TEXT_PRESENT_SETTINGS),
+                   makeLink(ORVGUIUtil::getCGIPath(FUNCTION) + '?' + DOWNLOAD_FIELD + "=1",
+                            text(TEXT_DOWNLOAD)));
+        return std::make_unique<Card>(std::move(facts));
     }
 
     void receive(const std::string& path) override {
@@ -89,10 +91,10 @@ protected:
         if (!checkContent(content, size)) {
             return;
         }
-        const std::string digest = Console::digestOf(content);
-        addShown(Console::TEXT_FILE_NAME, getContext().form.getUploadedFileName());
-        addShown(Console::TEXT_SIZE, size);
-        addShown(Console::TEXT_SHA256, digest);
+        const std::string digest = digestOf(content);
+        addShown(TEXT_FILE_NAME, getContext().form.getUploadedFileName());
+        addShown(TEXT_SIZE, size);
+        addShown(TEXT_SHA256, digest);
         carry(CONTENT_FIELD, content);
         carry(DIGEST_FIELD, digest);
     }
@@ -102,36 +104,34 @@ protected:
         if (!checkContent(content, sizeText(content.size()))) {
             return;
         }
-        if (Console::digestOf(content) != getCarried(DIGEST_FIELD)) {
-            refuse(Console::TEXT_BACKUP_CHANGED);
-        } else if (Console::writeBytes(getRequester(), Console::ITEM_BACKUP, content,
-                                       {Console::ERROR_DAMAGED}) != 0) {
-            refuse(Console::TEXT_BACKUP_DAMAGED);
+        if (digestOf(content) != getCarried(DIGEST_FIELD)) {
+            refuse(TEXT_BACKUP_CHANGED);
+        } else if (writeBytes(getRequester(), ITEM_BACKUP, content, {ERROR_DAMAGED}) != 0) {
+            refuse(TEXT_BACKUP_DAMAGED);
         }
     }
 
 private:
     bool checkContent(const std::string& content, const std::string& size) {
-        if (content.size() > Console::LARGEST_CONTENT) {
-            refuse(Console::TEXT_BACKUP_TOO_LARGE, size);
+        if (content.size() > LARGEST_CONTENT) {
+            refuse(TEXT_BACKUP_TOO_LARGE, size);
         } else if (content.rfind(FIRST_LINE, 0) != 0 || !isPrintableLines(content)) {
-            refuse(Console::TEXT_NO_BACKUP, size);
+            refuse(TEXT_NO_BACKUP, size);
         }
         return !isRefused();
     }
 };
 
-class BackupMain : public Console::SettingsMain<BackupPage> {
+class BackupMain : public SettingsMain<BackupPage> {
 public:
     using SettingsMain::SettingsMain;
 
 protected:
-    std::unique_ptr<HTMLComponent> makeBody(const Console::PageContext& context) override {
+    std::unique_ptr<HTMLComponent> makeBody(const PageContext& context) override {
         if (context.form.getFields().count(DOWNLOAD_FIELD) == 0) {
             return SettingsMain::makeBody(context);
         }
-        auto backup =
-            std::make_unique<RawBytes>(Console::readBytes(context.requester, Console::ITEM_BACKUP));
+        auto backup = std::make_unique<RawBytes>(readBytes(context.requester, ITEM_BACKUP));
         answerWithFile(BACKUP_NAME);
         return backup;
     }
@@ -139,6 +139,8 @@ protected:
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runUploadProgram<BackupMain>(BackupPage::FUNCTION);
+    return Console::runUploadProgram<Console::BackupMain>(Console::BackupPage::FUNCTION);
 }

@@ -13,6 +13,8 @@
 
 using namespace ORVLib::Gui;
 
+namespace Console {
+
 namespace {
 
 constexpr int INSTALLATION_BEGUN = 440;
@@ -30,12 +32,12 @@ std::string offsetBytes(std::uint32_t offset) {
 }
 
 bool isDigest(const std::string& text) {
-    return text.size() == Console::DIGEST_DIGITS &&
+    return text.size() == DIGEST_DIGITS &&
            text.find_first_not_of("0123456789abcdef") == std::string::npos;
 }
 
-Console::Record dropRequest() {
-    Console::Record record;
+Record dropRequest() {
+    Record record;
     record.add("drop");
     return record;
 }
@@ -47,7 +49,7 @@ public:
     explicit StagedImage(CGIRequester& requester) : m_requester(requester) {}
     ~StagedImage() {
         if (!m_kept) {
-            m_requester.setInfo(Console::ITEM_FIRMWARE_DROP | ITEM_WRITE, dropRequest());
+            m_requester.setInfo(ITEM_FIRMWARE_DROP | ITEM_WRITE, dropRequest());
         }
     }
     StagedImage(const StagedImage&) = delete;
@@ -60,34 +62,34 @@ private:
     bool m_kept = false;
 };
 
-class FirmwarePage : public Console::UploadPage {
+class FirmwarePage : public UploadPage {
 public:
-    static constexpr Console::Function FUNCTION = Console::FUNCTION_FIRMWARE;
+    static constexpr Function FUNCTION = FUNCTION_FIRMWARE;
 
-    explicit FirmwarePage(const Console::PageContext& context)
-        : UploadPage(context, FUNCTION, Console::TEXT_FIRMWARE_PURPOSE,
-                     Console::TEXT_FIRMWARE_IMAGE, Console::TEXT_CONFIRM_INSTALL) {
-        setApplyLabel(Console::TEXT_INSTALL);
+    explicit FirmwarePage(const PageContext& context)
+        : UploadPage(context, FUNCTION, TEXT_FIRMWARE_PURPOSE, TEXT_FIRMWARE_IMAGE,
+                     TEXT_CONFIRM_INSTALL) {
+        setApplyLabel(TEXT_INSTALL);
         setCompletion(INSTALLATION_BEGUN);
-        setReturnPath(ORVGUIUtil::getCGIPath(Console::FUNCTION_PROGRESS));
+        setReturnPath(ORVGUIUtil::getCGIPath(FUNCTION_PROGRESS));
     }
 
 protected:
-    Console::Component makePresent() override {
-        const Console::Record product = Console::readRecord(getRequester(), Console::ITEM_PRODUCT);
-        Console::RecordReader reader(product);
+    Component makePresent() override {
+        const Record product = readRecord(getRequester(), ITEM_PRODUCT);
+        RecordReader reader(product);
         reader.next();  // product name
         reader.next();  // serial number
-        auto facts = std::make_unique<Console::Facts>();
-        facts->add(text(Console::TEXT_PRESENT_VERSION), reader.next());
-        return std::make_unique<Console::Card>(std::move(facts));
+        auto facts = std::make_unique<LabelledList>();
+        facts->add(text(TEXT_PRESENT_VERSION), reader.next());
+        return std::make_unique<Card>(std::move(facts));
     }
 
     void receive(const std::string& path) override {
         FirmwareImage image(path);
         checkSize(image);
         if (!isRefused() && isInstalling()) {
-            refuse(Console::TEXT_INSTALLATION_RUNNING);
+            refuse(TEXT_INSTALLATION_RUNNING);
         }
         if (isRefused()) {
             return;
@@ -105,68 +107,63 @@ protected:
     void apply() override {
         const std::string digest = getCarried(DIGEST_FIELD);
         if (!isDigest(digest)) {
-            refuse(Console::TEXT_IMAGE_GONE);
+            refuse(TEXT_IMAGE_GONE);
             return;
         }
-        Console::Record record;
+        Record record;
         record.add(digest);
         const unsigned int error =
-            Console::writeRecord(getRequester(), Console::ITEM_FIRMWARE_START, record,
-                                 {Console::ERROR_NO_SUCH_ITEM, Console::ERROR_BAD_REQUEST,
-                                  Console::ERROR_DAMAGED, Console::ERROR_BUSY});
-        if (error == Console::ERROR_BUSY) {
+            writeRecord(getRequester(), ITEM_FIRMWARE_START, record,
+                        {ERROR_NO_SUCH_ITEM, ERROR_BAD_REQUEST, ERROR_DAMAGED, ERROR_BUSY});
+        if (error == ERROR_BUSY) {
             drop();
-            refuse(Console::TEXT_INSTALLATION_RUNNING);
+            refuse(TEXT_INSTALLATION_RUNNING);
         } else if (error != 0) {
-            refuse(Console::TEXT_IMAGE_GONE);
+            refuse(TEXT_IMAGE_GONE);
         }
     }
 
     /// A board that has nothing of this session any more is as good.
     void drop() override {
-        Console::writeRecord(getRequester(), Console::ITEM_FIRMWARE_DROP, dropRequest(),
-                             {Console::ERROR_NO_SUCH_ITEM, Console::ERROR_BAD_REQUEST});
+        writeRecord(getRequester(), ITEM_FIRMWARE_DROP, dropRequest(),
+                    {ERROR_NO_SUCH_ITEM, ERROR_BAD_REQUEST});
     }
 
 private:
     unsigned int arrivedSize() const { return getContext().form.getWrittenSize(); }
 
     bool isInstalling() {
-        const Console::Record progress =
-            Console::readRecord(getRequester(), Console::ITEM_PROGRESS);
-        return Console::RecordReader(progress).next() == "running";
+        const Record progress = readRecord(getRequester(), ITEM_PROGRESS);
+        return RecordReader(progress).next() == "running";
     }
 
     /// A file as large as an upload can be may have been cut there, whatever its header says.
     void checkSize(const FirmwareImage& image) {
         if (!image.isImage()) {
-            refuse(Console::TEXT_NO_IMAGE, arrivedText());
+            refuse(TEXT_NO_IMAGE, arrivedText());
         } else if (arrivedSize() >= FormInfo::LARGEST_UPLOAD) {
-            refuse(Console::TEXT_IMAGE_TOO_LARGE, sizesText(image));
+            refuse(TEXT_IMAGE_TOO_LARGE, sizesText(image));
         } else if (arrivedSize() != image.getAnnouncedSize()) {
-            refuse(Console::TEXT_WRONG_IMAGE_SIZE, sizesText(image));
+            refuse(TEXT_WRONG_IMAGE_SIZE, sizesText(image));
         }
     }
 
-    std::string arrivedText() {
-        return text(Console::TEXT_ARRIVED) + ": " + sizeText(arrivedSize());
-    }
+    std::string arrivedText() { return text(TEXT_ARRIVED) + ": " + sizeText(arrivedSize()); }
 
     std::string sizesText(const FirmwareImage& image) {
-        return arrivedText() + ", " + text(Console::TEXT_ANNOUNCED) + ": " +
+        return arrivedText() + ", " + text(TEXT_ANNOUNCED) + ": " +
                sizeText(image.getAnnouncedSize());
     }
 
     /// Sends the image to the board. Returns its digest.
     std::string stage(FirmwareImage& image) {
-        Console::Digest digest;
+        Digest digest;
         std::uint32_t offset = 0;
         for (std::string piece = image.read(PIECE_SIZE); !piece.empty();
              piece = image.read(PIECE_SIZE)) {
-            if (Console::writeBytes(getRequester(), Console::ITEM_FIRMWARE_STAGE,
-                                    offsetBytes(offset) + piece,
-                                    {Console::ERROR_BAD_REQUEST}) != 0) {
-                refuse(Console::TEXT_STAGING_REFUSED);
+            if (writeBytes(getRequester(), ITEM_FIRMWARE_STAGE, offsetBytes(offset) + piece,
+                           {ERROR_BAD_REQUEST}) != 0) {
+                refuse(TEXT_STAGING_REFUSED);
                 break;
             }
             digest.add(piece.data(), piece.size());
@@ -177,46 +174,46 @@ private:
 
     /// Describes what the board has now, which must be what was sent.
     void confirmStaged(const std::string& digest) {
-        Console::Record staged;
-        switch (Console::readRecord(getRequester(), Console::ITEM_FIRMWARE_STAGED, staged,
-                                    {Console::ERROR_NO_SUCH_ITEM, Console::ERROR_DAMAGED})) {
-            case Console::ERROR_NO_SUCH_ITEM:
-                refuse(Console::TEXT_STAGING_REFUSED);
+        Record staged;
+        switch (readRecord(getRequester(), ITEM_FIRMWARE_STAGED, staged,
+                           {ERROR_NO_SUCH_ITEM, ERROR_DAMAGED})) {
+            case ERROR_NO_SUCH_ITEM:
+                refuse(TEXT_STAGING_REFUSED);
                 return;
-            case Console::ERROR_DAMAGED:
-                refuse(Console::TEXT_IMAGE_DAMAGED, arrivedText());
+            case ERROR_DAMAGED:
+                refuse(TEXT_IMAGE_DAMAGED, arrivedText());
                 return;
             default:
                 break;
         }
-        Console::RecordReader reader(staged);
+        RecordReader reader(staged);
         const std::string size = reader.next();
         const std::string stagedDigest = reader.next();
         if (size != std::to_string(arrivedSize()) || stagedDigest != digest) {
-            refuse(Console::TEXT_STAGING_REFUSED);
+            refuse(TEXT_STAGING_REFUSED);
             return;
         }
-        addShown(Console::TEXT_FILE_NAME, getContext().form.getUploadedFileName());
-        addShown(Console::TEXT_VERSION, reader.next());
-        addShown(Console::TEXT_SIZE, sizeText(arrivedSize()));
-        addShown(Console::TEXT_SHA256, digest);
+        addShown(TEXT_FILE_NAME, getContext().form.getUploadedFileName());
+        addShown(TEXT_VERSION, reader.next());
+        addShown(TEXT_SIZE, sizeText(arrivedSize()));
+        addShown(TEXT_SHA256, digest);
         carry(DIGEST_FIELD, digest);
     }
 };
 
-class FirmwareMain : public Console::ConsoleMain {
+class FirmwareMain : public ConsoleMain {
 public:
     explicit FirmwareMain(FormInfo& form) : ConsoleMain(form, FirmwarePage::FUNCTION) {}
 
 protected:
-    std::unique_ptr<HTMLComponent> makeBody(const Console::PageContext& context) override {
+    std::unique_ptr<HTMLComponent> makeBody(const PageContext& context) override {
         auto page = std::make_unique<FirmwarePage>(context);
         page->makePage();
         if (page->isCompleted()) {
             HTMLMapUtil::insertIntoMap(
                 m_page->getMap(), "meta_refresh",
                 std::make_unique<MetaTag>("Refresh", FORWARD_SECONDS,
-                                          ORVGUIUtil::getCGIPath(Console::FUNCTION_PROGRESS)));
+                                          ORVGUIUtil::getCGIPath(FUNCTION_PROGRESS)));
         }
         return page;
     }
@@ -224,6 +221,8 @@ protected:
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runUploadProgram<FirmwareMain>(FirmwarePage::FUNCTION);
+    return Console::runUploadProgram<Console::FirmwareMain>(Console::FirmwarePage::FUNCTION);
 }

@@ -11,6 +11,8 @@
 
 using namespace ORVLib::Gui;
 
+namespace Console {
+
 namespace {
 
 constexpr char OPERATION[] = "operation";
@@ -22,16 +24,16 @@ constexpr int ROW_ADDED = 200;
 constexpr int ROW_REMOVED = 201;
 
 /// What a request is about.
-Console::Function functionOf(const FormInfo& form) {
-    const std::string operation = Console::fieldOf(form, OPERATION);
+Function functionOf(const FormInfo& form) {
+    const std::string operation = fieldOf(form, OPERATION);
     if (operation == ADD) {
-        return Console::FUNCTION_ADD_ACCESS;
+        return FUNCTION_ADD_ACCESS;
     }
-    return operation == REMOVE ? Console::FUNCTION_REMOVE_ACCESS : Console::FUNCTION_ACCESS_LIST;
+    return operation == REMOVE ? FUNCTION_REMOVE_ACCESS : FUNCTION_ACCESS_LIST;
 }
 
 std::string listPath() {
-    return ORVGUIUtil::getCGIPath(Console::FUNCTION_ACCESS_LIST);
+    return ORVGUIUtil::getCGIPath(FUNCTION_ACCESS_LIST);
 }
 
 /// An address and its mask bits; a row's text has a slash between them.
@@ -44,48 +46,46 @@ struct Row {
 
 std::vector<Row> readList(CGIRequester& requester) {
     std::vector<Row> list;
-    const Console::Record record = Console::readRecord(requester, Console::ITEM_ACCESS_LIST);
-    for (const auto& row : Console::rowsOf(record, 2)) {
+    const Record record = readRecord(requester, ITEM_ACCESS_LIST);
+    for (const auto& row : rowsOf(record, 2)) {
         list.push_back({row[0], row[1]});
     }
     return list;
 }
 
-Console::Component makeList(const Console::PageContext& context) {
-    const auto text = [&](Console::Text number) { return context.messages.getString(number); };
-    auto table = std::make_unique<Console::Table>(
-        std::vector<std::string>{text(Console::TEXT_ADDRESS), text(Console::TEXT_MASK_BITS),
-                                 text(Console::TEXT_OPERATION)},
-        text(Console::TEXT_NO_ACCESS_ROWS));
+Component makeList(const PageContext& context) {
+    const auto text = [&](Text number) { return context.messages.getString(number); };
+    auto table = std::make_unique<Table>(
+        std::vector<std::string>{text(TEXT_ADDRESS), text(TEXT_MASK_BITS), text(TEXT_OPERATION)},
+        text(TEXT_NO_ACCESS_ROWS));
     for (const Row& row : readList(context.requester)) {
-        std::vector<Console::Component> cells;
-        cells.push_back(Console::makeText(row.address));
-        cells.push_back(Console::makeText(row.maskBits));
-        cells.push_back(Console::makeLink(
-            Console::addressWith(listPath(), {{OPERATION, REMOVE}, {ROW, row.getText()}}),
-            text(Console::TEXT_REMOVE)));
+        std::vector<Component> cells;
+        cells.push_back(makeText(row.address));
+        cells.push_back(makeText(row.maskBits));
+        cells.push_back(
+            makeLink(addressWith(listPath(), {{OPERATION, REMOVE}, {ROW, row.getText()}}),
+                     text(TEXT_REMOVE)));
         table->addRow(std::move(cells));
     }
-    auto list = std::make_unique<Console::SkeletonPart>("skeleton_list.txt");
-    list->putText("title", text(Console::TEXT_ACCESS_LIST));
-    list->putSentence("purpose", text(Console::TEXT_ACCESS_LIST_PURPOSE));
-    list->put("tabs", Console::makeLink(Console::addressWith(listPath(), {{OPERATION, ADD}}),
-                                        text(Console::TEXT_ADD_ACCESS)));
+    auto list = std::make_unique<SkeletonPart>("skeleton_list.txt");
+    list->putText("title", text(TEXT_ACCESS_LIST));
+    list->putSentence("purpose", text(TEXT_ACCESS_LIST_PURPOSE));
+    list->put("tabs", makeLink(addressWith(listPath(), {{OPERATION, ADD}}), text(TEXT_ADD_ACCESS)));
     list->put("content", std::move(table));
     return list;
 }
 
-class AddPage : public Console::SettingsPage {
+class AddPage : public SettingsPage {
 public:
-    static constexpr Console::Function FUNCTION = Console::FUNCTION_ADD_ACCESS;
+    static constexpr Function FUNCTION = FUNCTION_ADD_ACCESS;
 
-    explicit AddPage(const Console::PageContext& context)
-        : SettingsPage(context, FUNCTION, Console::TEXT_ADD_ACCESS_PURPOSE),
-          m_row(add(Console::TEXT_MASKED_ADDRESS, Console::TEXT_WRONG_MASKED_ADDRESS,
-                    std::make_unique<Console::MaskedAddressInput>("address"))) {
+    explicit AddPage(const PageContext& context)
+        : SettingsPage(context, FUNCTION, TEXT_ADD_ACCESS_PURPOSE),
+          m_row(add(TEXT_MASKED_ADDRESS, TEXT_WRONG_MASKED_ADDRESS,
+                    std::make_unique<MaskedAddressInput>("address"))) {
         carry(OPERATION, ADD);
         setReturnPath(listPath());
-        setApplyLabel(Console::TEXT_ADD);
+        setApplyLabel(TEXT_ADD);
         setCompletion(ROW_ADDED);
     }
 
@@ -93,15 +93,15 @@ protected:
     void readCurrent() override {}
 
     void apply() override {
-        Console::Record record;
+        Record record;
         m_row.write(record);
-        switch (Console::writeRecord(getRequester(), Console::ITEM_ACCESS_LIST_ADD, record,
-                                     {Console::ERROR_EXISTS, Console::ERROR_FULL})) {
-            case Console::ERROR_EXISTS:
-                mark(m_row, Console::TEXT_ACCESS_EXISTS);
+        switch (
+            writeRecord(getRequester(), ITEM_ACCESS_LIST_ADD, record, {ERROR_EXISTS, ERROR_FULL})) {
+            case ERROR_EXISTS:
+                mark(m_row, TEXT_ACCESS_EXISTS);
                 break;
-            case Console::ERROR_FULL:
-                refuse(Console::TEXT_ACCESS_LIST_FULL);
+            case ERROR_FULL:
+                refuse(TEXT_ACCESS_LIST_FULL);
                 break;
             default:
                 break;
@@ -109,25 +109,24 @@ protected:
     }
 
 private:
-    Console::MaskedAddressInput& m_row;
+    MaskedAddressInput& m_row;
 };
 
 /// The page asks, and its button removes: there is nothing to enter.
-class RemovePage : public Console::SettingsPage {
+class RemovePage : public SettingsPage {
 public:
-    static constexpr Console::Function FUNCTION = Console::FUNCTION_REMOVE_ACCESS;
+    static constexpr Function FUNCTION = FUNCTION_REMOVE_ACCESS;
 
-    explicit RemovePage(const Console::PageContext& context)
-        : SettingsPage(context, FUNCTION, Console::TEXT_REMOVE_ACCESS_PURPOSE),
+    explicit RemovePage(const PageContext& context)
+        : SettingsPage(context, FUNCTION, TEXT_REMOVE_ACCESS_PURPOSE),
           m_list(readList(context.requester)),
-          m_row(add(Console::TEXT_MASKED_ADDRESS, Console::TEXT_NO_SUCH_ACCESS,
-                    std::make_unique<Console::ChosenInput>(ROW))) {
+          m_row(add(TEXT_MASKED_ADDRESS, TEXT_NO_SUCH_ACCESS, std::make_unique<ChosenInput>(ROW))) {
         for (const Row& row : m_list) {
             m_row.addOption(row.getText(), row.getText());
         }
         carry(OPERATION, REMOVE);
         setReturnPath(listPath());
-        setApplyLabel(Console::TEXT_REMOVE);
+        setApplyLabel(TEXT_REMOVE);
         setCompletion(ROW_REMOVED);
     }
 
@@ -151,32 +150,31 @@ protected:
 
 private:
     void remove(const Row& row) {
-        Console::Record record;
+        Record record;
         record.add(row.address);
         record.add(row.maskBits);
-        if (Console::writeRecord(getRequester(), Console::ITEM_ACCESS_LIST_REMOVE, record,
-                                 {Console::ERROR_NOT_FOUND}) != 0) {
+        if (writeRecord(getRequester(), ITEM_ACCESS_LIST_REMOVE, record, {ERROR_NOT_FOUND}) != 0) {
             mark(m_row);
         }
     }
 
     std::vector<Row> m_list;
-    Console::ChosenInput& m_row;
+    ChosenInput& m_row;
 };
 
-class AccessListMain : public Console::ConsoleMain {
+class AccessListMain : public ConsoleMain {
 public:
-    explicit AccessListMain(FormInfo& form) : ConsoleMain(form, Console::FUNCTION_ACCESS_LIST) {}
+    explicit AccessListMain(FormInfo& form) : ConsoleMain(form, FUNCTION_ACCESS_LIST) {}
 
 protected:
-    Console::Function getFunction() const override { return functionOf(*m_formInfo); }
+    Function getFunction() const override { return functionOf(*m_formInfo); }
 
-    Console::Component makeBody(const Console::PageContext& context) override {
+    Component makeBody(const PageContext& context) override {
         switch (getFunction()) {
-            case Console::FUNCTION_ADD_ACCESS:
-                return Console::makePage<AddPage>(context);
-            case Console::FUNCTION_REMOVE_ACCESS:
-                return Console::makePage<RemovePage>(context);
+            case FUNCTION_ADD_ACCESS:
+                return makePage<AddPage>(context);
+            case FUNCTION_REMOVE_ACCESS:
+                return makePage<RemovePage>(context);
             default:
                 return makeList(context);
         }
@@ -185,6 +183,8 @@ protected:
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runProgram<AccessListMain>();
+    return Console::runProgram<Console::AccessListMain>();
 }

@@ -9,48 +9,51 @@
 
 using ORVLib::Gui::TextField;
 
+namespace Console {
+
 namespace {
 
 constexpr int LONGEST_NAME = 64;
 
-class AddressesPage : public Console::RecordPage {
+class AddressesPage : public RecordPage {
 public:
-    static constexpr Console::Function FUNCTION = Console::FUNCTION_ADDRESSES;
+    static constexpr Function FUNCTION = FUNCTION_ADDRESSES;
 
-    explicit AddressesPage(const Console::PageContext& context)
-        : RecordPage(context, FUNCTION, Console::TEXT_ADDRESSES_PURPOSE, Console::ITEM_ADDRESSES),
-          m_host(add(Console::TEXT_HOST_NAME, Console::TEXT_WRONG_HOST_NAME,
-                     std::make_unique<Console::TextInput>(std::make_unique<TextField>(
-                         "host", "", Console::FORM_NAME, 40, LONGEST_NAME)))),
-          m_address(add(Console::TEXT_MASKED_ADDRESS, Console::TEXT_WRONG_MASKED_ADDRESS,
-                        std::make_unique<Console::MaskedAddressInput>("address"))) {
-        addServer(Console::TEXT_GATEWAY, "gateway");
-        addServer(Console::TEXT_FIRST_NAME_SERVER, "first_dns");
-        addServer(Console::TEXT_SECOND_NAME_SERVER, "second_dns");
+    explicit AddressesPage(const PageContext& context)
+        : RecordPage(context, FUNCTION, TEXT_ADDRESSES_PURPOSE, ITEM_ADDRESSES),
+          m_host(add(TEXT_HOST_NAME, TEXT_WRONG_HOST_NAME,
+                     std::make_unique<TextInput>(
+                         std::make_unique<TextField>("host", "", FORM_NAME, 40, LONGEST_NAME)))),
+          m_address(add(TEXT_MASKED_ADDRESS, TEXT_WRONG_MASKED_ADDRESS,
+                        std::make_unique<MaskedAddressInput>("address"))) {
+        addServer(TEXT_GATEWAY, "gateway");
+        addServer(TEXT_FIRST_NAME_SERVER, "first_dns");
+        addServer(TEXT_SECOND_NAME_SERVER, "second_dns");
     }
 
 protected:
     void checkInputs() override {
-        if (!Console::isHostName(m_host.getText())) {
+        if (!isHostName(m_host.getText())) {
             mark(m_host);
         }
-        if (!m_address.isError() && !Console::isHostAddress(m_address.getText())) {
-            mark(m_address, Console::TEXT_WRONG_ADDRESS);
+        if (!m_address.isError() && !isHostAddress(m_address.getText())) {
+            mark(m_address, TEXT_WRONG_ADDRESS);
         }
     }
 
 private:
-    void addServer(Console::Text label, const char* name) {
-        add(label, Console::TEXT_WRONG_ADDRESS,
-            std::make_unique<Console::AddressInput>(name, true));
+    void addServer(Text label, const char* name) {
+        add(label, TEXT_WRONG_ADDRESS, std::make_unique<AddressInput>(name, true));
     }
 
-    Console::TextInput& m_host;
-    Console::MaskedAddressInput& m_address;
+    TextInput& m_host;
+    MaskedAddressInput& m_address;
 };
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runProgram<Console::SettingsMain<AddressesPage>>();
+    return Console::runProgram<Console::SettingsMain<Console::AddressesPage>>();
 }

@@ -6,14 +6,16 @@
 #include "shared/page/Program.h"
 #include "shared/page/RecordPage.h"
 
+namespace Console {
+
 namespace {
 
-class ServicesPage : public Console::RecordPage {
+class ServicesPage : public RecordPage {
 public:
-    static constexpr Console::Function FUNCTION = Console::FUNCTION_SERVICES;
+    static constexpr Function FUNCTION = FUNCTION_SERVICES;
 
-    explicit ServicesPage(const Console::PageContext& context)
-        : RecordPage(context, FUNCTION, Console::TEXT_SERVICES_PURPOSE, Console::ITEM_SERVICES) {
+    explicit ServicesPage(const PageContext& context)
+        : RecordPage(context, FUNCTION, TEXT_SERVICES_PURPOSE, ITEM_SERVICES) {
         addService("HTTP", "http");
         addService("HTTPS", "https");
         addService("SSH", "ssh");
@@ -28,7 +30,7 @@ protected:
                 return other.port.getText() == port;
             };
             if (!service->port.isError() && std::any_of(m_services.begin(), service, hasPort)) {
-                mark(service->port, Console::TEXT_PORT_IN_USE);
+                mark(service->port, TEXT_PORT_IN_USE);
             }
         }
         // Without both nobody could log in to turn one on again.
@@ -40,18 +42,17 @@ protected:
 
 private:
     struct Service {
-        Console::ChecksInput& enabled;
-        Console::PortInput& port;
+        ChecksInput& enabled;
+        PortInput& port;
     };
     enum { HTTP, HTTPS };
 
     void addService(const std::string& heading, const std::string& name) {
         addHeading(heading);
-        auto& enabled = add(Console::TEXT_SERVICE, Console::TEXT_NEITHER_HTTP_NOR_HTTPS,
-                            std::make_unique<Console::ChecksInput>(name));
-        enabled.addBox(text(Console::TEXT_ENABLED));
-        auto& port = add(Console::TEXT_PORT, Console::TEXT_WRONG_PORT,
-                         std::make_unique<Console::PortInput>(name + "_port"));
+        auto& enabled =
+            add(TEXT_SERVICE, TEXT_NEITHER_HTTP_NOR_HTTPS, std::make_unique<ChecksInput>(name));
+        enabled.addBox(text(TEXT_ENABLED));
+        auto& port = add(TEXT_PORT, TEXT_WRONG_PORT, std::make_unique<PortInput>(name + "_port"));
         m_services.push_back({enabled, port});
     }
 
@@ -60,6 +61,8 @@ private:
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runProgram<Console::SettingsMain<ServicesPage>>();
+    return Console::runProgram<Console::SettingsMain<Console::ServicesPage>>();
 }

@@ -8,17 +8,19 @@
 
 using ORVLib::Gui::TextField;
 
+namespace Console {
+
 namespace {
 
 constexpr int DESTINATIONS = 3;
 constexpr int LONGEST_COMMUNITY = 32;
 
-class TrapsPage : public Console::RecordPage {
+class TrapsPage : public RecordPage {
 public:
-    static constexpr Console::Function FUNCTION = Console::FUNCTION_TRAPS;
+    static constexpr Function FUNCTION = FUNCTION_TRAPS;
 
-    explicit TrapsPage(const Console::PageContext& context)
-        : RecordPage(context, FUNCTION, Console::TEXT_TRAPS_PURPOSE, Console::ITEM_TRAPS) {
+    explicit TrapsPage(const PageContext& context)
+        : RecordPage(context, FUNCTION, TEXT_TRAPS_PURPOSE, ITEM_TRAPS) {
         for (int number = 1; number <= DESTINATIONS; ++number) {
             addDestination(std::to_string(number));
         }
@@ -41,28 +43,27 @@ protected:
 
 private:
     struct Destination {
-        Console::ChecksInput& enabled;
-        Console::AddressInput& address;
-        Console::TextInput& community;
+        ChecksInput& enabled;
+        AddressInput& address;
+        TextInput& community;
     };
 
     void addDestination(const std::string& number) {
-        addHeading(text(Console::TEXT_TRAP_DESTINATION) + ' ' + number);
-        auto& enabled = add(Console::TEXT_SENDING, Console::TEXT_WRONG_CHOICE,
-                            std::make_unique<Console::ChecksInput>("enabled" + number + '_'));
-        enabled.addBox(text(Console::TEXT_ENABLED));
-        auto& address =
-            add(Console::TEXT_ADDRESS, Console::TEXT_WRONG_ADDRESS,
-                std::make_unique<Console::AddressInput>("address" + number + '_', true));
+        addHeading(text(TEXT_TRAP_DESTINATION) + ' ' + number);
+        auto& enabled = add(TEXT_SENDING, TEXT_WRONG_CHOICE,
+                            std::make_unique<ChecksInput>("enabled" + number + '_'));
+        enabled.addBox(text(TEXT_ENABLED));
+        auto& address = add(TEXT_ADDRESS, TEXT_WRONG_ADDRESS,
+                            std::make_unique<AddressInput>("address" + number + '_', true));
         auto& community =
-            add(Console::TEXT_COMMUNITY, Console::TEXT_WRONG_COMMUNITY,
-                std::make_unique<Console::TextInput>(makeCommunityField("community" + number)));
+            add(TEXT_COMMUNITY, TEXT_WRONG_COMMUNITY,
+                std::make_unique<TextInput>(makeCommunityField("community" + number)));
         m_destinations.push_back({enabled, address, community});
     }
 
     static std::unique_ptr<TextField> makeCommunityField(const std::string& name) {
-        auto field = std::make_unique<TextField>(name, "", Console::FORM_NAME, LONGEST_COMMUNITY,
-                                                 LONGEST_COMMUNITY);
+        auto field =
+            std::make_unique<TextField>(name, "", FORM_NAME, LONGEST_COMMUNITY, LONGEST_COMMUNITY);
         field->setCheckCharacters(true);
         field->setAllowEmpty(true);
         return field;
@@ -73,6 +74,8 @@ private:
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runProgram<Console::SettingsMain<TrapsPage>>();
+    return Console::runProgram<Console::SettingsMain<Console::TrapsPage>>();
 }

@@ -4,6 +4,8 @@
 #include "shared/page/Program.h"
 #include "shared/page/RecordPage.h"
 
+namespace Console {
+
 namespace {
 
 constexpr char MANUAL[] = "manual";
@@ -17,35 +19,32 @@ constexpr const char* ZONES[] = {
     "+05:45", "+06:00", "+06:30", "+07:00", "+08:00", "+08:45", "+09:00", "+09:30",
     "+10:00", "+10:30", "+11:00", "+12:00", "+12:45", "+13:00", "+13:45", "+14:00"};
 
-class ClockPage : public Console::RecordPage {
+class ClockPage : public RecordPage {
 public:
-    static constexpr Console::Function FUNCTION = Console::FUNCTION_CLOCK;
+    static constexpr Function FUNCTION = FUNCTION_CLOCK;
 
-    explicit ClockPage(const Console::PageContext& context)
-        : RecordPage(context, FUNCTION, Console::TEXT_CLOCK_PURPOSE, Console::ITEM_CLOCK),
-          m_date(add(Console::TEXT_DATE, Console::TEXT_WRONG_CLOCK_DATE,
-                     std::make_unique<Console::DateInput>("date"))),
-          m_time(add(Console::TEXT_TIME, Console::TEXT_WRONG_TIME,
-                     std::make_unique<Console::TimeInput>("time"))),
-          m_zone(add(Console::TEXT_TIME_ZONE, Console::TEXT_WRONG_CHOICE,
-                     std::make_unique<Console::MenuInput>("zone"))),
-          m_source(add(Console::TEXT_CLOCK_SOURCE, Console::TEXT_WRONG_CHOICE,
-                       std::make_unique<Console::RadioInput>("source"))),
-          m_firstServer(addServer(Console::TEXT_FIRST_TIME_SERVER, "first_server")) {
-        addServer(Console::TEXT_SECOND_TIME_SERVER, "second_server");
+    explicit ClockPage(const PageContext& context)
+        : RecordPage(context, FUNCTION, TEXT_CLOCK_PURPOSE, ITEM_CLOCK),
+          m_date(add(TEXT_DATE, TEXT_WRONG_CLOCK_DATE, std::make_unique<DateInput>("date"))),
+          m_time(add(TEXT_TIME, TEXT_WRONG_TIME, std::make_unique<TimeInput>("time"))),
+          m_zone(add(TEXT_TIME_ZONE, TEXT_WRONG_CHOICE, std::make_unique<MenuInput>("zone"))),
+          m_source(
+              add(TEXT_CLOCK_SOURCE, TEXT_WRONG_CHOICE, std::make_unique<RadioInput>("source"))),
+          m_firstServer(addServer(TEXT_FIRST_TIME_SERVER, "first_server")) {
+        addServer(TEXT_SECOND_TIME_SERVER, "second_server");
         for (const char* const zone : ZONES) {
             m_zone.addOption(zone, std::string("UTC") + zone);
         }
-        m_source.addOption(MANUAL, text(Console::TEXT_SET_BY_HAND));
-        m_source.addOption(SERVERS, text(Console::TEXT_SET_BY_SERVERS));
+        m_source.addOption(MANUAL, text(TEXT_SET_BY_HAND));
+        m_source.addOption(SERVERS, text(TEXT_SET_BY_SERVERS));
     }
 
 protected:
-    bool isNeeded(const Console::Input& input) const override {
+    bool isNeeded(const Input& input) const override {
         return !isSetByServers() || (&input != &m_date && &input != &m_time);
     }
 
-    bool isKept(const Console::Input& input) const override {
+    bool isKept(const Input& input) const override {
         return &input != &m_date && &input != &m_time;
     }
 
@@ -56,26 +55,27 @@ protected:
     }
 
     std::string getConfirmation() override {
-        return isSetByServers() ? RecordPage::getConfirmation() : text(Console::TEXT_CONFIRM_CLOCK);
+        return isSetByServers() ? RecordPage::getConfirmation() : text(TEXT_CONFIRM_CLOCK);
     }
 
 private:
     bool isSetByServers() const { return m_source.getText() == SERVERS; }
 
-    Console::AddressInput& addServer(Console::Text label, const char* name) {
-        return add(label, Console::TEXT_WRONG_ADDRESS,
-                   std::make_unique<Console::AddressInput>(name, true));
+    AddressInput& addServer(Text label, const char* name) {
+        return add(label, TEXT_WRONG_ADDRESS, std::make_unique<AddressInput>(name, true));
     }
 
-    Console::DateInput& m_date;
-    Console::TimeInput& m_time;
-    Console::MenuInput& m_zone;
-    Console::RadioInput& m_source;
-    Console::AddressInput& m_firstServer;
+    DateInput& m_date;
+    TimeInput& m_time;
+    MenuInput& m_zone;
+    RadioInput& m_source;
+    AddressInput& m_firstServer;
 };
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runProgram<Console::SettingsMain<ClockPage>>();
+    return Console::runProgram<Console::SettingsMain<Console::ClockPage>>();
 }

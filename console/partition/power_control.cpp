@@ -5,18 +5,23 @@
 #include "shared/page/PowerPage.h"
 #include "shared/page/Program.h"
 
+namespace Console {
+
 namespace {
 
-class PartitionPowerPage : public Console::PowerPage {
+class PartitionPowerPage : public PowerPage {
 public:
-    static constexpr Console::Function FUNCTION = Console::FUNCTION_PARTITION_POWER;
+    static constexpr Function FUNCTION = FUNCTION_PARTITION_POWER;
 
-    explicit PartitionPowerPage(const Console::PageContext& context)
-        : PowerPage(context, FUNCTION, Console::TEXT_PARTITION_POWER_PURPOSE) {}
+    explicit PartitionPowerPage(const PageContext& context)
+        : PowerPage(context, FUNCTION, TEXT_PARTITION_POWER_PURPOSE) {}
 };
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runProgram<Console::SettingsMain<PartitionPowerPage, Console::PartitionMain>>();
+    return Console::runProgram<
+        Console::SettingsMain<Console::PartitionPowerPage, Console::PartitionMain>>();
 }

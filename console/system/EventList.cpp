@@ -7,8 +7,8 @@
 #include "shared/backend/Digits.h"
 #include "shared/backend/UtcTime.h"
 #include "shared/component/Components.h"
-#include "shared/component/OuterPage.h"
-#include "shared/component/Words.h"
+#include "shared/component/PageChrome.h"
+#include "shared/component/Vocabulary.h"
 #include "shared/input/Form.h"
 
 using namespace ORVLib::Gui;
@@ -47,7 +47,7 @@ std::vector<Event> readEvents(const PageContext& context, const EventQuery& quer
         question.add(*text);
     }
     std::vector<Event> events;
-    const Record answer = askRecord(context.requester, ITEM_EVENTS, question);
+    const Record answer = queryRecord(context.requester, ITEM_EVENTS, question);
     for (const auto& row : rowsOf(answer, Event::FIELDS)) {
         events.emplace_back(row);
     }

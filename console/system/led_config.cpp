@@ -4,24 +4,27 @@
 #include "shared/page/Program.h"
 #include "shared/page/RecordPage.h"
 
+namespace Console {
+
 namespace {
 
-class LedPage : public Console::RecordPage {
+class LedPage : public RecordPage {
 public:
-    static constexpr Console::Function FUNCTION = Console::FUNCTION_LED;
+    static constexpr Function FUNCTION = FUNCTION_LED;
 
-    explicit LedPage(const Console::PageContext& context)
-        : RecordPage(context, FUNCTION, Console::TEXT_LED_PURPOSE, Console::ITEM_LED) {
-        auto& led = add(Console::TEXT_LED_LIGHT, Console::TEXT_WRONG_CHOICE,
-                        std::make_unique<Console::RadioInput>("led"));
-        led.addOption("off", text(Console::TEXT_OFF));
-        led.addOption("on", text(Console::TEXT_ON));
-        led.addOption("blink", text(Console::TEXT_BLINKING));
+    explicit LedPage(const PageContext& context)
+        : RecordPage(context, FUNCTION, TEXT_LED_PURPOSE, ITEM_LED) {
+        auto& led = add(TEXT_LED_LIGHT, TEXT_WRONG_CHOICE, std::make_unique<RadioInput>("led"));
+        led.addOption("off", text(TEXT_OFF));
+        led.addOption("on", text(TEXT_ON));
+        led.addOption("blink", text(TEXT_BLINKING));
     }
 };
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runProgram<Console::SettingsMain<LedPage>>();
+    return Console::runProgram<Console::SettingsMain<Console::LedPage>>();
 }

@@ -3,39 +3,39 @@
 #include "gui/ORVGUIUtil.h"
 #include "shared/backend/Board.h"
 #include "shared/component/SkeletonPart.h"
-#include "shared/component/Words.h"
+#include "shared/component/Vocabulary.h"
 #include "shared/page/ConsoleMain.h"
 #include "shared/page/Program.h"
 #include "system/EventList.h"
 
 using namespace ORVLib::Gui;
 
+namespace Console {
+
 namespace {
 
-class EventsMain : public Console::ConsoleMain {
+class EventsMain : public ConsoleMain {
 public:
-    explicit EventsMain(FormInfo& form) : ConsoleMain(form, Console::FUNCTION_EVENTS) {}
+    explicit EventsMain(FormInfo& form) : ConsoleMain(form, FUNCTION_EVENTS) {}
 
 protected:
-    std::unique_ptr<HTMLComponent> makeBody(const Console::PageContext& context) override {
-        Console::EventQuery query = readFilter(context);
-        query.before = Console::readBefore(context.form);
-        auto events = Console::makeEventList(context, query,
-                                             ORVGUIUtil::getCGIPath(Console::FUNCTION_EVENTS), {});
+    std::unique_ptr<HTMLComponent> makeBody(const PageContext& context) override {
+        EventQuery query = readFilter(context);
+        query.before = readBefore(context.form);
+        auto events = makeEventList(context, query, ORVGUIUtil::getCGIPath(FUNCTION_EVENTS), {});
         events->putSentence("note", describe(query));
-        auto body = std::make_unique<Console::SkeletonPart>("skeleton_list.txt");
-        body->putText("title", text(Console::TEXT_EVENTS));
-        body->putSentence("purpose", text(Console::TEXT_EVENTS_PURPOSE));
+        auto body = std::make_unique<SkeletonPart>("skeleton_list.txt");
+        body->putText("title", text(TEXT_EVENTS));
+        body->putSentence("purpose", text(TEXT_EVENTS_PURPOSE));
         body->put("content", std::move(events));
         return body;
     }
 
 private:
-    static Console::EventQuery readFilter(const Console::PageContext& context) {
-        const Console::Record record =
-            Console::readRecord(context.requester, Console::ITEM_OWN_EVENT_FILTER);
-        Console::RecordReader reader(record);
-        Console::EventQuery query;
+    static EventQuery readFilter(const PageContext& context) {
+        const Record record = readRecord(context.requester, ITEM_OWN_EVENT_FILTER);
+        RecordReader reader(record);
+        EventQuery query;
         query.severity = reader.next();
         query.source = reader.next();
         query.count = reader.next();
@@ -43,21 +43,22 @@ private:
     }
 
     /// The filter in words, so that nobody takes the list for all there is.
-    std::string describe(const Console::EventQuery& query) {
+    std::string describe(const EventQuery& query) {
         const std::string source = query.source.empty()
-                                       ? text(Console::TEXT_SOURCE_ANY)
-                                       : say(*m_messages, Console::sources(), query.source);
-        return text(Console::TEXT_LOWEST_SEVERITY) + ": " +
-               say(*m_messages, Console::severities(), query.severity) + " / " +
-               text(Console::TEXT_SOURCE) + ": " + source + " / " +
-               text(Console::TEXT_EVENT_COUNT) + ": " + query.count;
+                                       ? text(TEXT_SOURCE_ANY)
+                                       : translate(*m_messages, sources(), query.source);
+        return text(TEXT_LOWEST_SEVERITY) + ": " +
+               translate(*m_messages, severities(), query.severity) + " / " + text(TEXT_SOURCE) +
+               ": " + source + " / " + text(TEXT_EVENT_COUNT) + ": " + query.count;
     }
 
-    std::string text(Console::Text number) { return m_messages->getString(number); }
+    std::string text(Text number) { return m_messages->getString(number); }
 };
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runProgram<EventsMain>();
+    return Console::runProgram<Console::EventsMain>();
 }

@@ -5,24 +5,26 @@
 #include "shared/page/RecordPage.h"
 #include "system/EventList.h"
 
+namespace Console {
+
 namespace {
 
-class EventFilterPage : public Console::RecordPage {
+class EventFilterPage : public RecordPage {
 public:
-    static constexpr Console::Function FUNCTION = Console::FUNCTION_EVENT_FILTER;
+    static constexpr Function FUNCTION = FUNCTION_EVENT_FILTER;
 
-    explicit EventFilterPage(const Console::PageContext& context)
-        : RecordPage(context, FUNCTION, Console::TEXT_EVENT_FILTER_PURPOSE,
-                     Console::ITEM_OWN_EVENT_FILTER) {
-        add(Console::TEXT_LOWEST_SEVERITY, Console::TEXT_WRONG_CHOICE,
-            Console::makeSeverityInput(context));
-        add(Console::TEXT_SOURCE, Console::TEXT_WRONG_CHOICE, Console::makeSourceInput(context));
-        add(Console::TEXT_EVENT_COUNT, Console::TEXT_WRONG_EVENT_COUNT, Console::makeCountInput());
+    explicit EventFilterPage(const PageContext& context)
+        : RecordPage(context, FUNCTION, TEXT_EVENT_FILTER_PURPOSE, ITEM_OWN_EVENT_FILTER) {
+        add(TEXT_LOWEST_SEVERITY, TEXT_WRONG_CHOICE, makeSeverityInput(context));
+        add(TEXT_SOURCE, TEXT_WRONG_CHOICE, makeSourceInput(context));
+        add(TEXT_EVENT_COUNT, TEXT_WRONG_EVENT_COUNT, makeCountInput());
     }
 };
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runProgram<Console::SettingsMain<EventFilterPage>>();
+    return Console::runProgram<Console::SettingsMain<Console::EventFilterPage>>();
 }

@@ -4,18 +4,22 @@
 #include "shared/page/PowerPage.h"
 #include "shared/page/Program.h"
 
+namespace Console {
+
 namespace {
 
-class SystemPowerPage : public Console::PowerPage {
+class SystemPowerPage : public PowerPage {
 public:
-    static constexpr Console::Function FUNCTION = Console::FUNCTION_SYSTEM_POWER;
+    static constexpr Function FUNCTION = FUNCTION_SYSTEM_POWER;
 
-    explicit SystemPowerPage(const Console::PageContext& context)
-        : PowerPage(context, FUNCTION, Console::TEXT_SYSTEM_POWER_PURPOSE) {}
+    explicit SystemPowerPage(const PageContext& context)
+        : PowerPage(context, FUNCTION, TEXT_SYSTEM_POWER_PURPOSE) {}
 };
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runProgram<Console::SettingsMain<SystemPowerPage>>();
+    return Console::runProgram<Console::SettingsMain<Console::SystemPowerPage>>();
 }

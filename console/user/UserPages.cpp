@@ -2,13 +2,13 @@
 
 #include "gui/ORVGUIUtil.h"
 #include "shared/backend/Board.h"
-#include "shared/component/Words.h"
+#include "shared/component/Vocabulary.h"
 #include "shared/input/Form.h"
 #include "user/PasswordRule.h"
 
 using namespace ORVLib::Gui;
 
-namespace Users {
+namespace Console {
 
 namespace {
 
@@ -31,86 +31,81 @@ bool isGoodName(const std::string& name) {
            name.find_first_not_of(letters + FURTHER_CHARACTERS) == std::string::npos;
 }
 
-std::unique_ptr<Console::TextInput> makeNameInput() {
-    return std::make_unique<Console::TextInput>(std::make_unique<TextField>(
-        NAME_FIELD, "", Console::FORM_NAME, TextField::DEFAULT_SIZE, LONGEST_NAME));
+std::unique_ptr<TextInput> makeNameInput() {
+    return std::make_unique<TextInput>(std::make_unique<TextField>(
+        NAME_FIELD, "", FORM_NAME, TextField::DEFAULT_SIZE, LONGEST_NAME));
 }
 
-std::unique_ptr<Console::MenuInput> makeRoleInput(MessageMgr& messages) {
-    auto input = std::make_unique<Console::MenuInput>("role");
-    input->addOptions(messages, Console::roles());
+std::unique_ptr<MenuInput> makeRoleInput(MessageMgr& messages) {
+    auto input = std::make_unique<MenuInput>("role");
+    input->addOptions(messages, roles());
     return input;
 }
 
-std::unique_ptr<Console::MenuInput> makeLanguageInput(MessageMgr& messages) {
-    auto input = std::make_unique<Console::MenuInput>("language");
-    input->addOption(ENGLISH, messages.getString(Console::TEXT_ENGLISH));
-    input->addOption(JAPANESE, messages.getString(Console::TEXT_JAPANESE));
+std::unique_ptr<MenuInput> makeLanguageInput(MessageMgr& messages) {
+    auto input = std::make_unique<MenuInput>("language");
+    input->addOption(ENGLISH, messages.getString(TEXT_ENGLISH));
+    input->addOption(JAPANESE, messages.getString(TEXT_JAPANESE));
     return input;
 }
 
-Console::Text reasonFor(unsigned int error) {
+Text reasonFor(unsigned int error) {
     switch (error) {
-        case Console::ERROR_EXISTS:
-            return Console::TEXT_USER_EXISTS;
-        case Console::ERROR_FULL:
-            return Console::TEXT_TOO_MANY_USERS;
-        case Console::ERROR_NOT_FOUND:
-            return Console::TEXT_NO_SUCH_USER;
-        case Console::ERROR_BUSY:
-            return Console::TEXT_BOARD_BUSY;
-        case Console::ERROR_LAST_ADMINISTRATOR:
-            return Console::TEXT_LAST_ADMINISTRATOR;
+        case ERROR_EXISTS:
+            return TEXT_USER_EXISTS;
+        case ERROR_FULL:
+            return TEXT_TOO_MANY_USERS;
+        case ERROR_NOT_FOUND:
+            return TEXT_NO_SUCH_USER;
+        case ERROR_BUSY:
+            return TEXT_BOARD_BUSY;
+        case ERROR_LAST_ADMINISTRATOR:
+            return TEXT_LAST_ADMINISTRATOR;
         default:
-            return Console::TEXT_REFUSED_BY_BOARD;
+            return TEXT_REFUSED_BY_BOARD;
     }
 }
 
 }  // namespace
 
-UserPage::UserPage(const Console::PageContext& context, Console::Function function,
-                   Console::Text purpose, const std::string& action)
+UserPage::UserPage(const PageContext& context, Function function, Text purpose,
+                   const std::string& action)
     : SettingsPage(context, function, purpose) {
     carry(ACTION_FIELD, action);
     setReturnPath(ORVGUIUtil::getCGIPath(function));
 }
 
-void UserPage::send(unsigned int item, const Console::Record& record) {
-    const unsigned int error = Console::writeRecord(
-        getRequester(), item, record,
-        {Console::ERROR_EXISTS, Console::ERROR_FULL, Console::ERROR_NOT_FOUND,
-         Console::ERROR_LAST_ADMINISTRATOR, Console::ERROR_BUSY, Console::ERROR_BAD_REQUEST});
+void UserPage::send(unsigned int item, const Record& record) {
+    const unsigned int error =
+        writeRecord(getRequester(), item, record,
+                    {ERROR_EXISTS, ERROR_FULL, ERROR_NOT_FOUND, ERROR_LAST_ADMINISTRATOR,
+                     ERROR_BUSY, ERROR_BAD_REQUEST});
     if (error != 0) {
         refuse(reasonFor(error));
     }
 }
 
-UserSettingsPage::UserSettingsPage(const Console::PageContext& context, Console::Function function,
-                                   Console::Text purpose, const std::string& action,
-                                   std::unique_ptr<Console::Input> name,
-                                   Console::Text passwordLabel)
+UserSettingsPage::UserSettingsPage(const PageContext& context, Function function, Text purpose,
+                                   const std::string& action, std::unique_ptr<Input> name,
+                                   Text passwordLabel)
     : UserPage(context, function, purpose, action),
-      m_name(add(Console::TEXT_USER_NAME, Console::TEXT_WRONG_USER_NAME, std::move(name))),
-      m_password(addPassword(passwordLabel, Console::TEXT_BAD_PASSWORD, "password")),
-      m_repeated(
-          addPassword(Console::TEXT_PASSWORD_AGAIN, Console::TEXT_PASSWORDS_DIFFER, "repeated")),
-      m_role(add(Console::TEXT_ROLE, Console::TEXT_WRONG_CHOICE, makeRoleInput(context.messages))),
-      m_partitions(add(Console::TEXT_USER_PARTITIONS, Console::TEXT_WRONG_USER_PARTITIONS,
+      m_name(add(TEXT_USER_NAME, TEXT_WRONG_USER_NAME, std::move(name))),
+      m_password(addPassword(passwordLabel, TEXT_BAD_PASSWORD, "password")),
+      m_repeated(addPassword(TEXT_PASSWORD_AGAIN, TEXT_PASSWORDS_DIFFER, "repeated")),
+      m_role(add(TEXT_ROLE, TEXT_WRONG_CHOICE, makeRoleInput(context.messages))),
+      m_partitions(add(TEXT_USER_PARTITIONS, TEXT_WRONG_USER_PARTITIONS,
                        std::make_unique<PartitionsInput>("partition", context.requester))),
-      m_language(add(Console::TEXT_LANGUAGE, Console::TEXT_WRONG_CHOICE,
-                     makeLanguageInput(context.messages))) {}
+      m_language(add(TEXT_LANGUAGE, TEXT_WRONG_CHOICE, makeLanguageInput(context.messages))) {}
 
-Console::PasswordInput& UserSettingsPage::addPassword(Console::Text label, Console::Text hint,
-                                                      const char* name) {
-    return add(label, hint,
-               std::make_unique<Console::PasswordInput>(name, Console::LONGEST_PASSWORD));
+PasswordInput& UserSettingsPage::addPassword(Text label, Text hint, const char* name) {
+    return add(label, hint, std::make_unique<PasswordInput>(name, LONGEST_PASSWORD));
 }
 
 void UserSettingsPage::checkInputs() {
     if (m_password.getText() != m_repeated.getText()) {
         mark(m_repeated);
     }
-    if (m_partitions.isEmpty() == (m_role.getText() == Console::ROLE_PARTITION)) {
+    if (m_partitions.isEmpty() == (m_role.getText() == ROLE_PARTITION)) {
         mark(m_partitions);
     }
 }
@@ -122,19 +117,19 @@ void UserSettingsPage::setSettings(const User& user) {
 }
 
 void UserSettingsPage::sendInputs(unsigned int item) {
-    Console::Record record;
-    for (const Console::Input* const input : std::initializer_list<const Console::Input*>{
+    Record record;
+    for (const Input* const input : std::initializer_list<const Input*>{
              &m_name, &m_password, &m_role, &m_partitions, &m_language}) {
         input->write(record);
     }
     send(item, record);
 }
 
-AddUserPage::AddUserPage(const Console::PageContext& context)
-    : UserSettingsPage(context, Console::FUNCTION_ADD_USER, Console::TEXT_ADD_USER_PURPOSE,
-                       ACTION_ADD, makeNameInput(), Console::TEXT_PASSWORD) {
+AddUserPage::AddUserPage(const PageContext& context)
+    : UserSettingsPage(context, FUNCTION_ADD_USER, TEXT_ADD_USER_PURPOSE, ACTION_ADD,
+                       makeNameInput(), TEXT_PASSWORD) {
     setCompletion(USER_ADDED);
-    setApplyLabel(Console::TEXT_ADD);
+    setApplyLabel(TEXT_ADD);
 }
 
 void AddUserPage::readCurrent() {
@@ -146,19 +141,18 @@ void AddUserPage::checkInputs() {
     if (!m_name.isEmpty() && !isGoodName(m_name.getText())) {
         mark(m_name);
     }
-    if (!Console::isGoodPassword(m_password.getText())) {
+    if (!isGoodPassword(m_password.getText())) {
         mark(m_password);
     }
 }
 
 void AddUserPage::apply() {
-    sendInputs(Console::ITEM_USER_ADD);
+    sendInputs(ITEM_USER_ADD);
 }
 
-EditUserPage::EditUserPage(const Console::PageContext& context, const User& user)
-    : UserSettingsPage(context, Console::FUNCTION_EDIT_USER, Console::TEXT_EDIT_USER_PURPOSE,
-                       ACTION_EDIT, std::make_unique<Console::ShownInput>(user.name),
-                       Console::TEXT_NEW_PASSWORD),
+EditUserPage::EditUserPage(const PageContext& context, const User& user)
+    : UserSettingsPage(context, FUNCTION_EDIT_USER, TEXT_EDIT_USER_PURPOSE, ACTION_EDIT,
+                       std::make_unique<ShownInput>(user.name), TEXT_NEW_PASSWORD),
       m_user(user) {
     carry(NAME_FIELD, user.name);
     setCompletion(USER_CHANGED);
@@ -166,32 +160,31 @@ EditUserPage::EditUserPage(const Console::PageContext& context, const User& user
 
 void EditUserPage::checkInputs() {
     UserSettingsPage::checkInputs();
-    if (!m_password.isEmpty() && !Console::isGoodPassword(m_password.getText())) {
+    if (!m_password.isEmpty() && !isGoodPassword(m_password.getText())) {
         mark(m_password);
     }
 }
 
 void EditUserPage::apply() {
-    sendInputs(Console::ITEM_USER_EDIT);
+    sendInputs(ITEM_USER_EDIT);
 }
 
-RemoveUserPage::RemoveUserPage(const Console::PageContext& context, const User& user)
-    : UserPage(context, Console::FUNCTION_EDIT_USER, Console::TEXT_REMOVE_USER_PURPOSE,
-               ACTION_REMOVE),
+RemoveUserPage::RemoveUserPage(const PageContext& context, const User& user)
+    : UserPage(context, FUNCTION_EDIT_USER, TEXT_REMOVE_USER_PURPOSE, ACTION_REMOVE),
       m_name(user.name) {
-    addShown(Console::TEXT_USER_NAME, user.name);
-    addShown(Console::TEXT_ROLE, say(context.messages, Console::roles(), user.role));
-    addShown(Console::TEXT_USER_PARTITIONS, listPartitions(user.partitions));
+    addShown(TEXT_USER_NAME, user.name);
+    addShown(TEXT_ROLE, translate(context.messages, roles(), user.role));
+    addShown(TEXT_USER_PARTITIONS, listPartitions(user.partitions));
     carry(NAME_FIELD, user.name);
-    setTitle(Console::TEXT_REMOVE_USER);
-    setApplyLabel(Console::TEXT_REMOVE);
+    setTitle(TEXT_REMOVE_USER);
+    setApplyLabel(TEXT_REMOVE);
     setCompletion(USER_REMOVED);
 }
 
 void RemoveUserPage::apply() {
-    Console::Record record;
+    Record record;
     record.add(m_name);
-    send(Console::ITEM_USER_REMOVE, record);
+    send(ITEM_USER_REMOVE, record);
 }
 
-}  // namespace Users
+}  // namespace Console

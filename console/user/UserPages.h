@@ -5,7 +5,7 @@
 
 /// The pages that change the list of users. A password never stands in a page, so none of them
 /// carries its input to a confirmation: they are applied at once.
-namespace Users {
+namespace Console {
 
 /// What a request to the list of users wants, and the user it is about.
 constexpr char ACTION_FIELD[] = "action";
@@ -15,24 +15,23 @@ constexpr char ACTION_EDIT[] = "edit";
 constexpr char ACTION_REMOVE[] = "remove";
 
 /// What these pages have in common: they lead back to the list, and know what the board minds.
-class UserPage : public Console::SettingsPage {
+class UserPage : public SettingsPage {
 protected:
-    UserPage(const Console::PageContext& context, Console::Function function, Console::Text purpose,
+    UserPage(const PageContext& context, Function function, Text purpose,
              const std::string& action);
 
     bool isConfirmed() const override { return false; }
 
     /// Writes an item. What the board minds about the users is said above the form.
-    void send(unsigned int item, const Console::Record& record);
+    void send(unsigned int item, const Record& record);
 };
 
 /// What adding and editing a user share: the inputs.
 class UserSettingsPage : public UserPage {
 protected:
     /// `name` is the first of the inputs.
-    UserSettingsPage(const Console::PageContext& context, Console::Function function,
-                     Console::Text purpose, const std::string& action,
-                     std::unique_ptr<Console::Input> name, Console::Text passwordLabel);
+    UserSettingsPage(const PageContext& context, Function function, Text purpose,
+                     const std::string& action, std::unique_ptr<Input> name, Text passwordLabel);
 
     void checkInputs() override;
 
@@ -42,21 +41,21 @@ protected:
     /// Writes the inputs: name, password, role, partitions and language.
     void sendInputs(unsigned int item);
 
-    Console::Input& m_name;
-    Console::PasswordInput& m_password;
+    Input& m_name;
+    PasswordInput& m_password;
 
 private:
-    Console::PasswordInput& addPassword(Console::Text label, Console::Text hint, const char* name);
+    PasswordInput& addPassword(Text label, Text hint, const char* name);
 
-    Console::PasswordInput& m_repeated;
-    Console::MenuInput& m_role;
+    PasswordInput& m_repeated;
+    MenuInput& m_role;
     PartitionsInput& m_partitions;
-    Console::MenuInput& m_language;
+    MenuInput& m_language;
 };
 
 class AddUserPage : public UserSettingsPage {
 public:
-    explicit AddUserPage(const Console::PageContext& context);
+    explicit AddUserPage(const PageContext& context);
 
 protected:
     void readCurrent() override;
@@ -67,7 +66,7 @@ protected:
 /// An empty password leaves the user's own as it is.
 class EditUserPage : public UserSettingsPage {
 public:
-    EditUserPage(const Console::PageContext& context, const User& user);
+    EditUserPage(const PageContext& context, const User& user);
 
 protected:
     void readCurrent() override { setSettings(m_user); }
@@ -80,7 +79,7 @@ private:
 
 class RemoveUserPage : public UserPage {
 public:
-    RemoveUserPage(const Console::PageContext& context, const User& user);
+    RemoveUserPage(const PageContext& context, const User& user);
 
 protected:
     void readCurrent() override {}
@@ -90,4 +89,4 @@ private:
     std::string m_name;
 };
 
-}  // namespace Users
+}  // namespace Console

@@ -4,7 +4,7 @@
 
 using namespace ORVLib::Gui;
 
-namespace Users {
+namespace Console {
 
 namespace {
 
@@ -21,8 +21,8 @@ bool isChosen(const std::string& partitions, std::size_t partition) {
 
 std::vector<User> readUsers(CGIRequester& requester) {
     std::vector<User> users;
-    const Console::Record record = Console::readRecord(requester, Console::ITEM_USERS);
-    for (const auto& row : Console::rowsOf(record, USER_FIELDS)) {
+    const Record record = readRecord(requester, ITEM_USERS);
+    for (const auto& row : rowsOf(record, USER_FIELDS)) {
         users.push_back({row[0], row[1], row[2], row[3]});
     }
     return users;
@@ -39,7 +39,7 @@ std::string listPartitions(const std::string& partitions) {
 }
 
 PartitionsInput::PartitionsInput(const std::string& name, CGIRequester& requester)
-    : ChecksInput(name), m_partitions(Console::readPartitions(requester)) {
+    : ChecksInput(name), m_partitions(readPartitions(requester)) {
     for (const int partition : m_partitions) {
         addBox(std::to_string(partition));
     }
@@ -55,11 +55,11 @@ void PartitionsInput::setText(const std::string& text) {
 
 std::string PartitionsInput::getText() const {
     const std::string boxes = ChecksInput::getText();
-    std::string text(Console::MOST_PARTITIONS, NOT_CHOSEN);
+    std::string text(MOST_PARTITIONS, NOT_CHOSEN);
     for (std::size_t i = 0; i < m_partitions.size(); ++i) {
         text[static_cast<std::size_t>(m_partitions[i])] = boxes[i];
     }
     return text;
 }
 
-}  // namespace Users
+}  // namespace Console

@@ -7,7 +7,7 @@
 #include "shared/input/ChecksInput.h"
 
 /// The users of the console, as the board keeps them.
-namespace Users {
+namespace Console {
 
 /// What the board tells of a user.
 struct User {
@@ -25,7 +25,7 @@ std::string listPartitions(const std::string& partitions);
 
 /// Check boxes for the partitions that the board has. As a text: "1" or "0" for each partition that
 /// a board can have.
-class PartitionsInput : public Console::ChecksInput {
+class PartitionsInput : public ChecksInput {
 public:
     /// Asks the board which it has. A failure ends in the error page.
     PartitionsInput(const std::string& name, ORVLib::Gui::CGIRequester& requester);
@@ -37,4 +37,4 @@ private:
     std::vector<int> m_partitions;
 };
 
-}  // namespace Users
+}  // namespace Console

@@ -8,6 +8,8 @@
 #include "shared/page/SettingsPage.h"
 #include "user/PasswordRule.h"
 
+namespace Console {
+
 namespace {
 
 constexpr int PASSWORD_CHANGED = 2;
@@ -22,17 +24,15 @@ std::string changeOf(const std::string& present, const std::string& wanted) {
     return content;
 }
 
-class PasswordPage : public Console::SettingsPage {
+class PasswordPage : public SettingsPage {
 public:
-    static constexpr Console::Function FUNCTION = Console::FUNCTION_CHANGE_PASSWORD;
+    static constexpr Function FUNCTION = FUNCTION_CHANGE_PASSWORD;
 
-    explicit PasswordPage(const Console::PageContext& context)
-        : SettingsPage(context, FUNCTION, Console::TEXT_CHANGE_PASSWORD_PURPOSE),
-          m_present(
-              addPassword(Console::TEXT_PRESENT_PASSWORD, Console::TEXT_WRONG_PASSWORD, "present")),
-          m_wanted(addPassword(Console::TEXT_NEW_PASSWORD, Console::TEXT_BAD_PASSWORD, "wanted")),
-          m_repeated(addPassword(Console::TEXT_REPEATED_PASSWORD, Console::TEXT_PASSWORDS_DIFFER,
-                                 "repeated")) {
+    explicit PasswordPage(const PageContext& context)
+        : SettingsPage(context, FUNCTION, TEXT_CHANGE_PASSWORD_PURPOSE),
+          m_present(addPassword(TEXT_PRESENT_PASSWORD, TEXT_WRONG_PASSWORD, "present")),
+          m_wanted(addPassword(TEXT_NEW_PASSWORD, TEXT_BAD_PASSWORD, "wanted")),
+          m_repeated(addPassword(TEXT_REPEATED_PASSWORD, TEXT_PASSWORDS_DIFFER, "repeated")) {
         setCompletion(PASSWORD_CHANGED);
     }
 
@@ -47,7 +47,7 @@ protected:
         if (m_present.isEmpty()) {
             mark(m_present);
         }
-        if (!Console::isGoodPassword(m_wanted.getText())) {
+        if (!isGoodPassword(m_wanted.getText())) {
             mark(m_wanted);
         }
         if (m_wanted.getText() != m_repeated.getText()) {
@@ -57,13 +57,13 @@ protected:
 
     void apply() override {
         const std::string change = changeOf(m_present.getText(), m_wanted.getText());
-        switch (Console::writeBytes(getRequester(), Console::ITEM_OWN_PASSWORD, change,
-                                    {Console::ERROR_LOGIN_REFUSED, Console::ERROR_BUSY})) {
-            case Console::ERROR_LOGIN_REFUSED:
+        switch (writeBytes(getRequester(), ITEM_OWN_PASSWORD, change,
+                           {ERROR_LOGIN_REFUSED, ERROR_BUSY})) {
+            case ERROR_LOGIN_REFUSED:
                 mark(m_present);
                 break;
-            case Console::ERROR_BUSY:
-                refuse(Console::TEXT_BOARD_BUSY);
+            case ERROR_BUSY:
+                refuse(TEXT_BOARD_BUSY);
                 break;
             default:
                 break;
@@ -71,18 +71,19 @@ protected:
     }
 
 private:
-    Console::PasswordInput& addPassword(Console::Text label, Console::Text hint, const char* name) {
-        return add(label, hint,
-                   std::make_unique<Console::PasswordInput>(name, Console::LONGEST_PASSWORD));
+    PasswordInput& addPassword(Text label, Text hint, const char* name) {
+        return add(label, hint, std::make_unique<PasswordInput>(name, LONGEST_PASSWORD));
     }
 
-    Console::PasswordInput& m_present;
-    Console::PasswordInput& m_wanted;
-    Console::PasswordInput& m_repeated;
+    PasswordInput& m_present;
+    PasswordInput& m_wanted;
+    PasswordInput& m_repeated;
 };
 
 }  // namespace
 
+}  // namespace Console
+
 int main() {
-    return Console::runProgram<Console::SettingsMain<PasswordPage>>();
+    return Console::runProgram<Console::SettingsMain<Console::PasswordPage>>();
 }

@@ -8,7 +8,7 @@
 #include "gui/BackendNumbers.h"
 #include "shared/access/Functions.h"
 #include "shared/backend/Board.h"
-#include "shared/component/OuterPage.h"
+#include "shared/component/PageChrome.h"
 
 using namespace ORVLib::Gui;
 
@@ -56,14 +56,14 @@ private:
     std::string m_device;
 };
 
-/// The value of the request's first device cookie that passes `isFit`; empty without one.
+/// The value of the request's first device cookie that passes `isValid`; empty without one.
 template <typename Check>
-std::string_view findCookie(Check isFit) {
+std::string_view findCookie(Check isValid) {
     const char* const header = std::getenv("HTTP_COOKIE");
     std::string_view rest = header != nullptr ? header : "";
     while (!rest.empty()) {
         const std::string_view cookie = rest.substr(0, rest.find(SEPARATOR));
-        if (cookie.substr(0, NAME.size()) == NAME && isFit(cookie.substr(NAME.size()))) {
+        if (cookie.substr(0, NAME.size()) == NAME && isValid(cookie.substr(NAME.size()))) {
             return cookie.substr(NAME.size());
         }
         rest.remove_prefix(std::min(rest.size(), cookie.size() + SEPARATOR.size()));

@@ -24,7 +24,7 @@ unsigned int requireExpected(const CGIRequester& requester,
                              std::initializer_list<unsigned int> expected) {
     const unsigned int error = requester.getErrorDetail();
     if (std::find(expected.begin(), expected.end(), error) == expected.end()) {
-        failWith(requester);
+        throwRequesterError(requester);
     }
     return error;
 }
@@ -53,7 +53,7 @@ private:
 
 }  // namespace
 
-void failWith(const CGIRequester& requester) {
+void throwRequesterError(const CGIRequester& requester) {
     throw ORVLib::PException(1, 2, 0, requester.getActionCode(),
                              static_cast<int>(requester.getErrorDetail()), 0, 0, 0, 0, 0, 0, 0, 0,
                              0);
@@ -62,7 +62,7 @@ void failWith(const CGIRequester& requester) {
 std::uint32_t readNumber(CGIRequester& requester, unsigned int item) {
     unsigned char bytes[4];
     if (requester.getInfo(item, bytes, sizeof bytes) == 0) {
-        failWith(requester);
+        throwRequesterError(requester);
     }
     return std::uint32_t{bytes[0]} << 24 | std::uint32_t{bytes[1]} << 16 |
            std::uint32_t{bytes[2]} << 8 | std::uint32_t{bytes[3]};
@@ -73,7 +73,7 @@ void writeNumber(CGIRequester& requester, unsigned int item, std::uint32_t numbe
         static_cast<unsigned char>(number >> 24), static_cast<unsigned char>(number >> 16),
         static_cast<unsigned char>(number >> 8), static_cast<unsigned char>(number)};
     if (requester.setInfo(item | ORVLib::Gui::ITEM_WRITE, sizeof bytes, bytes) == 0) {
-        failWith(requester);
+        throwRequesterError(requester);
     }
 }
 
@@ -82,7 +82,7 @@ std::string readUserName(CGIRequester& requester) {
     constexpr std::size_t SIZE = NAME_SIZE + 4;
     char bytes[SIZE];
     if (requester.getInfo(ITEM_USER_INFORMATION, bytes, SIZE) == 0) {
-        failWith(requester);
+        throwRequesterError(requester);
     }
     return {bytes, std::find(bytes, bytes + NAME_SIZE, '\0')};
 }
@@ -90,7 +90,7 @@ std::string readUserName(CGIRequester& requester) {
 Record readRecord(CGIRequester& requester, unsigned int item) {
     Record record;
     if (requester.getInfo(item, record) == 0) {
-        failWith(requester);
+        throwRequesterError(requester);
     }
     return whole(record);
 }
@@ -118,10 +118,10 @@ unsigned int readRecord(CGIRequester& requester, unsigned int item, Record& reco
     return 0;
 }
 
-Record askRecord(CGIRequester& requester, unsigned int item, const Record& question) {
+Record queryRecord(CGIRequester& requester, unsigned int item, const Record& question) {
     Record answer;
     if (requester.getInfo(item | ORVLib::Gui::ITEM_EXCHANGE, question, answer) == 0) {
-        failWith(requester);
+        throwRequesterError(requester);
     }
     return whole(answer);
 }
@@ -137,7 +137,7 @@ unsigned int writeRecord(CGIRequester& requester, unsigned int item, const Recor
 std::string readBytes(CGIRequester& requester, unsigned int item) {
     Bytes bytes;
     if (requester.getInfo(item, bytes) == 0) {
-        failWith(requester);
+        throwRequesterError(requester);
     }
     return bytes.get();
 }

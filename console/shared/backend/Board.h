@@ -70,7 +70,7 @@ enum BoardError : unsigned int {
 constexpr std::size_t LARGEST_CONTENT = 0xffff;
 
 /// Leaves the page for the error page that the requester's last failure calls for.
-[[noreturn]] void failWith(const ORVLib::Gui::CGIRequester& requester);
+[[noreturn]] void throwRequesterError(const ORVLib::Gui::CGIRequester& requester);
 
 /// Read or write an item that is a 32-bit number. A failure ends in the error page.
 std::uint32_t readNumber(ORVLib::Gui::CGIRequester& requester, unsigned int item);
@@ -93,7 +93,7 @@ unsigned int readRecord(ORVLib::Gui::CGIRequester& requester, unsigned int item,
 
 /// Reads an item that is a record and depends on what is asked, another record. A failure ends in
 /// the error page.
-Record askRecord(ORVLib::Gui::CGIRequester& requester, unsigned int item, const Record& question);
+Record queryRecord(ORVLib::Gui::CGIRequester& requester, unsigned int item, const Record& question);
 
 /// Writes an item that is a record. Returns 0, or the board's error when it is `expected`; any
 /// other failure ends in the error page.

@@ -60,22 +60,22 @@ std::string addressWith(const std::string& path,
     return address;
 }
 
-void Sequence::printHTML() const {
+void ComponentGroup::printHTML() const {
     for (const Component& component : m_components) {
         component->printHTML();
         std::cout << '\n';
     }
 }
 
-void Facts::add(const std::string& label, Component value) {
+void LabelledList::add(const std::string& label, Component value) {
     m_facts.emplace_back(label, std::move(value));
 }
 
-void Facts::add(const std::string& label, const std::string& value) {
+void LabelledList::add(const std::string& label, const std::string& value) {
     add(label, makeText(value));
 }
 
-void Facts::printHTML() const {
+void LabelledList::printHTML() const {
     for (const auto& [label, value] : m_facts) {
         std::cout << "<p class=\"entry\"><span class=\"label\">";
         makeSentence(label)->printHTML();

@@ -31,7 +31,7 @@ std::string addressWith(const std::string& path,
                         const std::vector<std::pair<std::string, std::string>>& fields);
 
 /// Several components, one after the other.
-class Sequence : public ORVLib::Gui::HTMLComponent {
+class ComponentGroup : public ORVLib::Gui::HTMLComponent {
 public:
     void add(Component component) { m_components.push_back(std::move(component)); }
 
@@ -43,7 +43,7 @@ private:
 };
 
 /// Labels, and beside each of them what it stands for.
-class Facts : public ORVLib::Gui::HTMLComponent {
+class LabelledList : public ORVLib::Gui::HTMLComponent {
 public:
     void add(const std::string& label, Component value);
 

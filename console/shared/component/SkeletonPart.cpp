@@ -1,6 +1,6 @@
 #include "shared/component/SkeletonPart.h"
 
-#include "shared/component/OuterPage.h"
+#include "shared/component/PageChrome.h"
 
 using namespace ORVLib::Gui;
 

@@ -16,7 +16,7 @@ void ChoiceInput::addOption(const std::string& value, const std::string& label) 
     m_options.push_back({value, label});
 }
 
-void ChoiceInput::addOptions(MessageMgr& messages, const Words& words) {
+void ChoiceInput::addOptions(MessageMgr& messages, const Vocabulary& words) {
     for (const Word& word : words) {
         addOption(word.word, messages.getString(word.text));
     }

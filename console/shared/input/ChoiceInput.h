@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "shared/component/Words.h"
+#include "shared/component/Vocabulary.h"
 #include "shared/input/Input.h"
 
 namespace Console {
@@ -16,7 +16,7 @@ public:
     void addOption(const std::string& value, const std::string& label);
 
     /// An option for each of the words.
-    void addOptions(ORVLib::Gui::MessageMgr& messages, const Words& words);
+    void addOptions(ORVLib::Gui::MessageMgr& messages, const Vocabulary& words);
 
     void setText(const std::string& text) override { m_chosen = text; }
     std::string getText() const override { return m_chosen; }

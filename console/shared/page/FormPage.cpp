@@ -3,7 +3,7 @@
 #include "gui/HiddenField.h"
 #include "gui/ORVGUIUtil.h"
 #include "gui/SubmitButton.h"
-#include "shared/component/OuterPage.h"
+#include "shared/component/PageChrome.h"
 #include "shared/input/Form.h"
 #include "shared/page/Partitions.h"
 
@@ -28,8 +28,8 @@ FormPage::FormPage(const PageContext& context, Function function, Text purpose,
       m_completion(SETTINGS_CHANGED),
       m_step(stepOf(context, function)),
       m_state(stateOf(m_step)),
-      m_shown(std::make_unique<Facts>()),
-      m_carried(std::make_unique<Sequence>()) {
+      m_shown(std::make_unique<LabelledList>()),
+      m_carried(std::make_unique<ComponentGroup>()) {
     if (context.partition != JudgeAuthority::NO_PARTITION) {
         carry(PARTITION_FIELD, std::to_string(context.partition));
         m_returnPath = partitionPath(function, context.partition);

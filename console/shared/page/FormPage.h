@@ -83,8 +83,8 @@ private:
     std::string m_problem;
     Step m_step;
     int m_state;
-    std::unique_ptr<Facts> m_shown;
-    std::unique_ptr<Sequence> m_carried;
+    std::unique_ptr<LabelledList> m_shown;
+    std::unique_ptr<ComponentGroup> m_carried;
 };
 
 }  // namespace Console

@@ -1,7 +1,7 @@
 #include "shared/page/PageMain.h"
 
 #include "shared/access/PageLimits.h"
-#include "shared/component/OuterPage.h"
+#include "shared/component/PageChrome.h"
 #include "shared/input/Form.h"
 
 using namespace ORVLib::Gui;
@@ -15,7 +15,7 @@ void PageMain::chooseLanguage() {
 void PageMain::beginPage(Text title) {
     m_messages = std::make_unique<MessageMgr>(m_language);
     m_page = std::make_unique<HTMLPage>(m_language);
-    dressPage(*m_page, m_messages->getString(title));
+    setTitleAndStyle(*m_page, m_messages->getString(title));
 }
 
 void PageMain::answerWithFile(const std::string& fileName) {

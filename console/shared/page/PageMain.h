@@ -9,7 +9,7 @@
 
 namespace Console {
 
-/// The main object of a page: puts the console's outer page around the page's body.
+/// The main object of a page: puts the console's page chrome around the page's body.
 class PageMain : public ORVLib::Gui::AbstractMain {
 protected:
     /// `module` names the page in the trace log.
@@ -18,7 +18,7 @@ protected:
     /// Takes the language from the form field "language": for pages that know no user.
     void chooseLanguage();
 
-    /// Makes messages and outer page. REQUIRES: the language is the user's by now.
+    /// Makes messages and page chrome. REQUIRES: the language is the user's by now.
     void beginPage(Text title);
 
     /// Lets the body be a file that the browser saves, in place of a page: nothing stands around

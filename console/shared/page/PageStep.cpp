@@ -6,7 +6,7 @@
 #include "gui/HTMLPage.h"
 #include "gui/HiddenField.h"
 #include "orv/OrvTrace.h"
-#include "shared/access/FormToken.h"
+#include "shared/access/CsrfToken.h"
 
 using namespace ORVLib::Gui;
 
@@ -32,13 +32,13 @@ Step wantedStep(const FormInfo& form) {
 }  // namespace
 
 std::unique_ptr<HTMLComponent> makeFormEnd(const CGIRequester& requester) {
-    return std::make_unique<HiddenField>(END_FIELD, formToken(requester.getSessionId()));
+    return std::make_unique<HiddenField>(END_FIELD, csrfToken(requester.getSessionId()));
 }
 
 bool isOwnForm(const FormInfo& form, const CGIRequester& requester, int module) {
     std::string token;
     const bool isWhole = form.getFormData(END_FIELD, token);
-    if (isWhole && isFormToken(token, requester.getSessionId())) {
+    if (isWhole && isCsrfToken(token, requester.getSessionId())) {
         return true;
     }
     ORVLib::trace::OrvTrace(1, 2, module)

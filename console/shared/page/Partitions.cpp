@@ -16,7 +16,7 @@ std::string partitionPath(Function function, int partition) {
 }
 
 Component makePartitionTabs(const PageContext& context, Function function) {
-    auto tabs = std::make_unique<Sequence>();
+    auto tabs = std::make_unique<ComponentGroup>();
     for (const int partition : context.partitions) {
         tabs->add(makeLink(partitionPath(function, partition),
                            partitionName(context.messages, partition), "",

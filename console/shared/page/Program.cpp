@@ -11,9 +11,9 @@
 #include "gui/HTMLPage.h"
 #include "gui/MessageMgr.h"
 #include "orv/OrvTrace.h"
-#include "shared/access/Origin.h"
+#include "shared/access/CrossSite.h"
 #include "shared/access/Rights.h"
-#include "shared/component/OuterPage.h"
+#include "shared/component/PageChrome.h"
 
 using namespace ORVLib::Gui;
 
@@ -36,7 +36,7 @@ int refuse(const std::string& reason, const char* status, Text text) {
     trace.putLog(0, "request refused: " + reason);
     MessageMgr messages(ENGLISH);
     HTMLPage page(ENGLISH);
-    dressPage(page, messages.getString(TEXT_ERROR));
+    setTitleAndStyle(page, messages.getString(TEXT_ERROR));
     putText(page.getMap(), "message", messages.getString(text));
     page.getGenerator().setSkeletonFileName(HTMLPage::SKELETON_ERR_FILE_NAME);
     notePageBegun();
@@ -99,7 +99,7 @@ std::optional<int> admitRequest(const RequestRules& rules) {
     if (!takePlace(rules.places)) {
         return refuse("too many pages run at a time", BUSY, TEXT_CONSOLE_BUSY);
     }
-    if (isForeignPost()) {
+    if (isCrossSitePost()) {
         return refuse("another site made it", FORBIDDEN, TEXT_FORM_CUT_OFF);
     }
     const long length = announcedLength();

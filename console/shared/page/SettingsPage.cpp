@@ -11,7 +11,7 @@ namespace Console {
 
 namespace {
 
-constexpr char SEEN_FIELD[] = "seen";
+constexpr char REVISION_FIELD[] = "seen";
 
 /// What tells texts from others, in a few characters: their FNV-1a sum of 64 bits.
 std::string sumOf(const std::vector<std::string>& texts) {
@@ -28,7 +28,7 @@ std::string sumOf(const std::vector<std::string>& texts) {
 
 SettingsPage::SettingsPage(const PageContext& context, Function function, Text purpose)
     : FormPage(context, function, purpose, "skeleton_settings.txt"),
-      m_seen(fieldOf(context.form, SEEN_FIELD)) {}
+      m_revision(fieldOf(context.form, REVISION_FIELD)) {}
 
 void SettingsPage::makeDispPage() {
     if (getStep() == Step::EDIT_AGAIN) {
@@ -79,18 +79,18 @@ void SettingsPage::readSeen() {
             input->write(record);
         }
     }
-    m_seen = sumOf(record.getTexts());
+    m_revision = sumOf(record.getTexts());
 }
 
 /// True when somebody has changed the settings since the user saw them; the inputs then hold the
 /// present ones. A form that was not made here need not say what its user saw.
 bool SettingsPage::isOutdated() {
-    const std::string seen = m_seen;
-    if (seen.empty()) {
+    const std::string revision = m_revision;
+    if (revision.empty()) {
         return false;
     }
     readSeen();
-    return m_seen != seen;
+    return m_revision != revision;
 }
 
 bool SettingsPage::areInputsValid() {
@@ -115,7 +115,7 @@ void SettingsPage::showConfirmation() {
 }
 
 void SettingsPage::putEntries(bool editable) {
-    carry(SEEN_FIELD, m_seen);
+    carry(REVISION_FIELD, m_revision);
     putRows();
     HTMLMapUtil::insertIntoMap(getMap(), "entries",
                                std::make_unique<InputListView>(m_inputs, getMessages(), editable));

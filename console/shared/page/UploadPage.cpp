@@ -1,7 +1,7 @@
 #include "shared/page/UploadPage.h"
 
 #include "gui/FileField.h"
-#include "shared/component/OuterPage.h"
+#include "shared/component/PageChrome.h"
 #include "shared/input/Form.h"
 
 using namespace ORVLib::Gui;

@@ -1,4 +1,4 @@
-#include "shared/access/Origin.h"
+#include "shared/access/CrossSite.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -34,7 +34,7 @@ std::string hostOf(const std::string& origin) {
 
 }  // namespace
 
-bool isForeignPost() {
+bool isCrossSitePost() {
     if (variable("REQUEST_METHOD") != "POST") {
         return false;
     }

@@ -1,4 +1,4 @@
-#include "shared/component/Words.h"
+#include "shared/component/Vocabulary.h"
 
 #include <algorithm>
 
@@ -9,7 +9,7 @@ namespace Console {
 namespace {
 
 /// Null for a word that is not among them.
-const Word* find(const Words& words, const std::string& word) {
+const Word* find(const Vocabulary& words, const std::string& word) {
     const auto found = std::find_if(words.begin(), words.end(),
                                     [&word](const Word& known) { return word == known.word; });
     return found != words.end() ? &*found : nullptr;
@@ -17,8 +17,8 @@ const Word* find(const Words& words, const std::string& word) {
 
 }  // namespace
 
-const Words& roles() {
-    static const Words ROLES = {
+const Vocabulary& roles() {
+    static const Vocabulary ROLES = {
         {"administrator", TEXT_ROLE_ADMINISTRATOR},
         {ROLE_PARTITION, TEXT_ROLE_PARTITION},
         {"operator", TEXT_ROLE_OPERATOR},
@@ -28,8 +28,8 @@ const Words& roles() {
     return ROLES;
 }
 
-const Words& severities() {
-    static const Words SEVERITIES = {
+const Vocabulary& severities() {
+    static const Vocabulary SEVERITIES = {
         {"info", TEXT_SEVERITY_INFO, TextString::NORMAL_COLOUR},
         {"warning", TEXT_SEVERITY_WARNING, TextString::WARNING_COLOUR},
         {"error", TEXT_SEVERITY_ERROR, TextString::ERROR_COLOUR},
@@ -37,8 +37,8 @@ const Words& severities() {
     return SEVERITIES;
 }
 
-const Words& sources() {
-    static const Words SOURCES = {
+const Vocabulary& sources() {
+    static const Vocabulary SOURCES = {
         {"security", TEXT_SOURCE_SECURITY}, {"settings", TEXT_SOURCE_SETTINGS},
         {"power", TEXT_SOURCE_POWER},       {"hardware", TEXT_SOURCE_HARDWARE},
         {"firmware", TEXT_SOURCE_FIRMWARE}, {"maintenance", TEXT_SOURCE_MAINTENANCE},
@@ -46,14 +46,14 @@ const Words& sources() {
     return SOURCES;
 }
 
-std::string say(MessageMgr& messages, const Words& words, const std::string& word) {
+std::string translate(MessageMgr& messages, const Vocabulary& words, const std::string& word) {
     const Word* const known = find(words, word);
     return known != nullptr ? messages.getString(known->text) : word;
 }
 
-Component makeWord(MessageMgr& messages, const Words& words, const std::string& word) {
+Component makeWord(MessageMgr& messages, const Vocabulary& words, const std::string& word) {
     const Word* const known = find(words, word);
-    return makeSentence(say(messages, words, word),
+    return makeSentence(translate(messages, words, word),
                         known != nullptr ? known->colour : TextString::PLAIN);
 }
 

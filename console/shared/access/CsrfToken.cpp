@@ -1,4 +1,4 @@
-#include "shared/access/FormToken.h"
+#include "shared/access/CsrfToken.h"
 
 #include <nettle/memops.h>
 
@@ -13,12 +13,12 @@ constexpr std::size_t TOKEN_DIGITS = 32;  // 128 bits
 
 }  // namespace
 
-std::string formToken(const std::string& sessionId) {
+std::string csrfToken(const std::string& sessionId) {
     return digestOf(PURPOSE + sessionId).substr(0, TOKEN_DIGITS);
 }
 
-bool isFormToken(const std::string& text, const std::string& sessionId) {
-    const std::string token = formToken(sessionId);
+bool isCsrfToken(const std::string& text, const std::string& sessionId) {
+    const std::string token = csrfToken(sessionId);
     return text.size() == token.size() && memeql_sec(text.data(), token.data(), token.size()) != 0;
 }
 

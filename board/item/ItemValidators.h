@@ -26,7 +26,7 @@ constexpr Field PRODUCT[] = {text(1, 64), text(1, 64), text(1, MAX_VERSION_LENGT
 bool isVersion(const std::string& version);
 
 /// One field, which is the whole record.
-bool isFitRecord(const std::string& content, const Field& field);
+bool isValidRecord(const std::string& content, const Field& field);
 
 bool isAnything(const std::string& content);
 bool isLanguage(const std::string& content);

@@ -5,7 +5,7 @@
 
 #include "gui/HTMLPage.h"
 
-/// What every page of the console looks like from outside.
+/// What all pages of the console share: title, style sheet, cookies.
 namespace Console {
 
 /// Puts a text under a marker; printing escapes it.
@@ -16,7 +16,7 @@ void putSentence(ORVLib::Gui::ComponentMap& map, const std::string& marker,
                  const std::string& text);
 
 /// Gives a page its title and the console's style sheet.
-void dressPage(ORVLib::Gui::HTMLPage& page, const std::string& title);
+void setTitleAndStyle(ORVLib::Gui::HTMLPage& page, const std::string& title);
 
 /// True when the page is asked for over HTTPS.
 bool isEncrypted();

@@ -1,4 +1,4 @@
-#include "item/Contents.h"
+#include "item/ItemValidators.h"
 
 #include <algorithm>
 #include <set>
@@ -41,7 +41,7 @@ bool isNumber(const std::string& content, std::uint32_t lowest, std::uint32_t hi
 
 }  // namespace
 
-bool isFitRecord(const std::string& content, const Field& field) {
+bool isValidRecord(const std::string& content, const Field& field) {
     const Field fields[] = {field};
     return parseRecord(content, fields).has_value();
 }
@@ -79,7 +79,7 @@ bool isSystemNames(const std::string& content) {
 }
 
 bool isLed(const std::string& content) {
-    return isFitRecord(content, LED);
+    return isValidRecord(content, LED);
 }
 
 bool isAddresses(const std::string& content) {
@@ -166,7 +166,7 @@ bool isBoot(const std::string& content) {
 }
 
 bool isVersion(const std::string& version) {
-    return isFitRecord(version + '\0', PRODUCT[PRODUCT_VERSION_FIELD]);
+    return isValidRecord(version + '\0', PRODUCT[PRODUCT_VERSION_FIELD]);
 }
 
 }  // namespace ORVLib::Board

@@ -17,21 +17,23 @@ struct Word {
     int colour = ORVLib::Gui::TextString::PLAIN;
 };
 
-using Words = std::vector<Word>;
+using Vocabulary = std::vector<Word>;
 
 /// What the board calls roles, and the severities and sources of events.
-const Words& roles();
-const Words& severities();
-const Words& sources();
+const Vocabulary& roles();
+const Vocabulary& severities();
+const Vocabulary& sources();
 
 /// The role of those who administer some partitions.
 constexpr char ROLE_PARTITION[] = "partition";
 
 /// A word in the user's language. One that is not among the words stays as it is: a later board
 /// may have more of them.
-std::string say(ORVLib::Gui::MessageMgr& messages, const Words& words, const std::string& word);
+std::string translate(ORVLib::Gui::MessageMgr& messages, const Vocabulary& words,
+                      const std::string& word);
 
-/// As say(), in the word's colour.
-Component makeWord(ORVLib::Gui::MessageMgr& messages, const Words& words, const std::string& word);
+/// As translate(), in the word's colour.
+Component makeWord(ORVLib::Gui::MessageMgr& messages, const Vocabulary& words,
+                   const std::string& word);
 
 }  // namespace Console

@@ -1,4 +1,4 @@
-#include "shared/component/OuterPage.h"
+#include "shared/component/PageChrome.h"
 
 #include <cstdlib>
 
@@ -22,7 +22,7 @@ void putSentence(ComponentMap& map, const std::string& marker, const std::string
     HTMLMapUtil::insertIntoMap(map, marker, makeSentence(text));
 }
 
-void dressPage(HTMLPage& page, const std::string& title) {
+void setTitleAndStyle(HTMLPage& page, const std::string& title) {
     putText(page.getMap(), "title", title);
     putText(page.getMap(), "css", "/default.css");
 }
