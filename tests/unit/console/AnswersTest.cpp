@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "framework/backend/Digits.h"
+#include "framework/backend/Record.h"
+#include "framework/backend/UtcTime.h"
 #include "orv/PException.h"
-#include "shared/backend/Digits.h"
-#include "shared/backend/Record.h"
-#include "shared/backend/UtcTime.h"
 
 namespace Console {
 

@@ -1,0 +1,109 @@
+#include "framework/access/Device.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <iostream>
+#include <string_view>
+
+#include "framework/access/Functions.h"
+#include "framework/backend/Board.h"
+#include "framework/component/PageChrome.h"
+#include "gui/BackendNumbers.h"
+
+using namespace ORVLib::Gui;
+
+namespace Console {
+
+namespace {
+
+constexpr std::string_view NAME = "device=";
+constexpr std::string_view SEPARATOR = "; ";
+constexpr std::size_t ID_DIGITS = 32;
+constexpr std::string_view ONE_YEAR = "; Max-Age=31536000";  // seconds
+constexpr std::string_view WITHOUT_ID = "none";
+
+bool isId(std::string_view text) {
+    return text.size() == ID_DIGITS &&
+           text.find_first_not_of("0123456789abcdef") == std::string_view::npos;
+}
+
+void printDeviceCookie(std::string_view value, std::string_view lifetime) {
+    std::cout << "Set-Cookie: " << NAME << value << "; Path=" << LOGIN_PATH << lifetime
+              << "; HttpOnly; SameSite=Strict" << (isEncrypted() ? "; Secure\n" : "\n");
+}
+
+/// The line that lets the browser show that it keeps cookies.
+class DeviceCookie : public HTMLComponent {
+public:
+    void printHTML() const override { printDeviceCookie(WITHOUT_ID, ""); }
+    bool isError() const override { return false; }
+};
+
+/// The line that lets the browser keep its ID, before the line of the session.
+class LoginCookies : public HTMLComponent {
+public:
+    LoginCookies(const std::string& sessionId, std::string device)
+        : m_session(makeSessionCookie(sessionId)), m_device(std::move(device)) {}
+
+    void printHTML() const override {
+        printDeviceCookie(m_device, ONE_YEAR);
+        m_session->printHTML();
+    }
+    bool isError() const override { return false; }
+
+private:
+    std::unique_ptr<HTMLComponent> m_session;
+    std::string m_device;
+};
+
+/// The value of the request's first device cookie that passes `isValid`; empty without one.
+template <typename Check>
+std::string_view findCookie(Check isValid) {
+    const char* const header = std::getenv("HTTP_COOKIE");
+    std::string_view rest = header != nullptr ? header : "";
+    while (!rest.empty()) {
+        const std::string_view cookie = rest.substr(0, rest.find(SEPARATOR));
+        if (cookie.substr(0, NAME.size()) == NAME && isValid(cookie.substr(NAME.size()))) {
+            return cookie.substr(NAME.size());
+        }
+        rest.remove_prefix(std::min(rest.size(), cookie.size() + SEPARATOR.size()));
+    }
+    return {};
+}
+
+}  // namespace
+
+std::string readDevice() {
+    return std::string(findCookie(isId));
+}
+
+bool keepsDevice() {
+    return !findCookie([](std::string_view value) { return !value.empty(); }).empty();
+}
+
+void putDeviceCookie(HTMLPage& page) {
+    HTMLMapUtil::insertIntoMap(page.getMap(), HTMLPage::KEY_COOKIE,
+                               std::make_unique<DeviceCookie>());
+}
+
+std::string askDevice(CGIRequester& requester, const std::string& sent) {
+    Record question;
+    question.add(sent);
+    Record answer;
+    if (requester.getInfo(ITEM_OWN_DEVICE | ITEM_EXCHANGE, question, answer) == 0 ||
+        answer.isDamaged() || answer.getTexts().size() != 1 || !isId(answer.getTexts().front())) {
+        return "";
+    }
+    return answer.getTexts().front();
+}
+
+void putLoginCookies(HTMLPage& page, const std::string& sessionId, const std::string& device) {
+    if (device.empty()) {
+        putSessionCookie(page, sessionId);
+        return;
+    }
+    HTMLMapUtil::insertIntoMap(page.getMap(), HTMLPage::KEY_COOKIE,
+                               std::make_unique<LoginCookies>(sessionId, device));
+}
+
+}  // namespace Console

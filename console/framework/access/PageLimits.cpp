@@ -1,0 +1,139 @@
+#include "framework/access/PageLimits.h"
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "orv/OrvTrace.h"
+
+namespace Console {
+
+namespace {
+
+// A page without uploads has some hundred kilobytes of data when it starts.
+constexpr rlim_t MOST_MEMORY = rlim_t{64} * 1024 * 1024;
+constexpr rlim_t MOST_SECONDS = 10;
+constexpr rlim_t SECONDS_TO_END = 2;
+
+constexpr unsigned int ORDINARY_PLACES = 128;
+constexpr unsigned int PLACES_OF_AN_ADDRESS = 96;
+constexpr unsigned int RESERVED_PLACES = 64;
+
+constexpr std::string_view OVER_TIME_LINE =
+    "level=0 1/2/0 the page was ended: it needed too much processor time\n";
+
+// The headers are those of every error page.
+constexpr std::string_view OVER_TIME_PAGE =
+    "Status: 500 Internal Server Error\n"
+    "Content-Type: text/html; charset=iso-8859-1\n"
+    "Cache-Control: no-store\n"
+    "X-Content-Type-Options: nosniff\n"
+    "Referrer-Policy: same-origin\n"
+    "Content-Security-Policy: default-src 'self'; object-src 'none'; base-uri 'none';"
+    " form-action 'none'; frame-ancestors 'self'\n"
+    "\n"
+    "<!DOCTYPE html>\n<html>\n<head>\n<title>Error</title>\n"
+    "<link rel=\"stylesheet\" href=\"/default.css\">\n</head>\n<body>\n"
+    "<main class=\"notice\" role=\"alert\">\n<h1>Error</h1>\n"
+    "<p class=\"err_string\">The request took too much processor time and was ended.</p>\n"
+    "</main>\n</body>\n</html>\n";
+
+volatile std::sig_atomic_t isPageBegun = 0;
+
+void writeAll(int descriptor, std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t written = write(descriptor, text.data(), text.size());
+        if (written > 0) {
+            text.remove_prefix(static_cast<std::size_t>(written));
+        } else if (written == 0 || errno != EINTR) {
+            return;
+        }
+    }
+}
+
+// Calls only what a signal handler may. SIGTERM, and not SIGXCPU, ends the process: the library
+// then removes the uploaded file, and no core file is left.
+extern "C" void endOverTime(int /*signal*/) {
+    writeAll(STDERR_FILENO, OVER_TIME_LINE);
+    if (isPageBegun == 0) {
+        writeAll(STDOUT_FILENO, OVER_TIME_PAGE);
+    }
+    std::raise(SIGTERM);
+}
+
+template <typename Resource>
+void lowerLimit(Resource resource, rlim_t most, rlim_t margin) {
+    rlimit limit{};
+    if (getrlimit(resource, &limit) == 0 && limit.rlim_cur > most) {
+        limit.rlim_cur = most;
+        limit.rlim_max = limit.rlim_max < most + margin ? limit.rlim_max : most + margin;
+        setrlimit(resource, &limit);
+    }
+}
+
+bool lock(int descriptor, unsigned int place) {
+    struct flock wanted {};
+    wanted.l_type = F_WRLCK;
+    wanted.l_whence = SEEK_SET;
+    wanted.l_start = static_cast<off_t>(place);
+    wanted.l_len = 1;
+    return fcntl(descriptor, F_SETLK, &wanted) == 0;
+}
+
+}  // namespace
+
+void limitResources() {
+#ifndef __SANITIZE_ADDRESS__  // its own memory is without measure
+    lowerLimit(RLIMIT_DATA, MOST_MEMORY, 0);
+#endif
+    std::signal(SIGXCPU, endOverTime);
+    lowerLimit(RLIMIT_CPU, MOST_SECONDS, SECONDS_TO_END);
+}
+
+void notePageBegun() {
+    isPageBegun = 1;
+}
+
+bool takePlace(Places places) {
+    const char* const path = std::getenv("ORV_PAGE_PLACES");
+    if (path == nullptr) {
+        return true;
+    }
+    // Stays open: the lock ends with the process.
+    const int descriptor = open(path, O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (descriptor < 0) {
+        ORVLib::trace::OrvTrace(1, 2, 0).putLog(
+            0, std::string("cannot open ORV_PAGE_PLACES ") + path +
+                   ": give a file that pages may write, or unset it");
+        return true;
+    }
+    if (places == Places::RESERVED) {
+        for (unsigned int place = 0; place < RESERVED_PLACES; ++place) {
+            if (lock(descriptor, ORDINARY_PLACES + place)) {
+                return true;
+            }
+        }
+        return false;
+    }
+    // Each address has its own choice of the places, so that no address can take all of another's.
+    const char* const address = std::getenv("REMOTE_ADDR");
+    const auto first =
+        static_cast<unsigned int>(std::hash<std::string_view>()(address != nullptr ? address : ""));
+    const auto begin = static_cast<unsigned int>(getpid());
+    for (unsigned int tried = 0; tried < PLACES_OF_AN_ADDRESS; ++tried) {
+        const unsigned int step = (begin + tried) % PLACES_OF_AN_ADDRESS;
+        if (lock(descriptor, (first % ORDINARY_PLACES + step) % ORDINARY_PLACES)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace Console

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "framework/access/Functions.h"
+#include "gui/CGIAuthority.h"
+#include "gui/CGIRequester.h"
+#include "gui/JudgeAuthority.h"
+
+namespace Console {
+
+/// Whether a user may use a function, on a partition or on none in particular: what the library's
+/// table of rights says, unless technical staff meets the rule for maintenance.
+bool mayUse(ORVLib::Gui::CGIRequester& requester, const ORVLib::Gui::CGIAuthority& authority,
+            Function function, int partition = ORVLib::Gui::JudgeAuthority::NO_PARTITION);
+
+}  // namespace Console

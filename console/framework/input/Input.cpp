@@ -1,0 +1,23 @@
+#include "framework/input/Input.h"
+
+#include <iostream>
+
+#include "framework/input/Form.h"
+#include "gui/HiddenField.h"
+#include "gui/TextString.h"
+
+using namespace ORVLib::Gui;
+
+namespace Console {
+
+void Input::printHidden(const std::string& name, const std::string& value) {
+    HiddenField(name, inputValue(value)).printHTML();
+}
+
+void ShownInput::print() const {
+    std::cout << "<span class=\"value\">";
+    TextString(m_text).printHTML();
+    std::cout << "</span>";
+}
+
+}  // namespace Console

@@ -1,0 +1,114 @@
+#include "framework/input/InputList.h"
+
+#include <algorithm>
+#include <iostream>
+
+#include "framework/component/Components.h"
+#include "gui/TextString.h"
+
+using namespace ORVLib::Gui;
+
+namespace Console {
+
+namespace {
+
+void printHeading(const std::string& heading) {
+    if (!heading.empty()) {
+        std::cout << "<h2>";
+        TextString(heading).printHTML();
+        std::cout << "</h2>\n";
+    }
+}
+
+}  // namespace
+
+void InputList::addEntry(const std::string& label, Text hint, std::unique_ptr<Input> input) {
+    m_entries.push_back({m_nextHeading, label, hint, std::move(input)});
+    m_nextHeading.clear();
+}
+
+void InputList::submit(const FormInfo& form) {
+    for (Entry& entry : m_entries) {
+        entry.input->submit(form);
+    }
+}
+
+void InputList::check(const std::function<bool(const Input&)>& isNeeded) {
+    for (Entry& entry : m_entries) {
+        entry.needed = isNeeded(*entry.input);
+        entry.wrong = entry.needed && entry.input->isError();
+    }
+}
+
+void InputList::mark(const Input& input) {
+    for (Entry& entry : m_entries) {
+        entry.wrong |= entry.input.get() == &input;
+    }
+}
+
+void InputList::mark(const Input& input, Text hint) {
+    mark(input);
+    for (Entry& entry : m_entries) {
+        if (entry.input.get() == &input) {
+            entry.hint = hint;
+        }
+    }
+}
+
+bool InputList::isAnyMarked() const {
+    return std::any_of(m_entries.begin(), m_entries.end(),
+                       [](const Entry& entry) { return entry.wrong; });
+}
+
+std::vector<Input*> InputList::getInputs() const {
+    std::vector<Input*> inputs;
+    for (const Entry& entry : m_entries) {
+        inputs.push_back(entry.input.get());
+    }
+    return inputs;
+}
+
+// A label stands for one input; boxes and buttons that belong together are a field set.
+void InputList::printInputs(MessageMgr& messages) const {
+    for (const Entry& entry : m_entries) {
+        printHeading(entry.heading);
+        const bool isGroup = entry.input->isGroup();
+        std::cout << (isGroup ? "<fieldset class=\"entry" : "<p class=\"entry")
+                  << (entry.wrong ? " wrong\">" : "\">")
+                  << (isGroup ? "<legend class=\"label\">" : "<label><span class=\"label\">");
+        makeSentence(entry.label)->printHTML();
+        std::cout << (isGroup ? "</legend> " : "</span> ");
+        entry.input->print();
+        std::cout << (isGroup ? "" : "</label>");
+        if (entry.wrong) {
+            std::cout << ' ';
+            makeSentence(messages.getString(entry.hint), TextString::ERROR_COLOUR)->printHTML();
+        }
+        std::cout << (isGroup ? "</fieldset>\n" : "</p>\n");
+    }
+}
+
+void InputList::printValues() const {
+    for (const Entry& entry : m_entries) {
+        printHeading(entry.heading);
+        if (entry.needed) {
+            std::cout << "<p class=\"entry\"><span class=\"label\">";
+            makeSentence(entry.label)->printHTML();
+            std::cout << "</span> <span class=\"value\">";
+            const std::string shown = entry.input->getShownText();
+            TextString(shown.empty() ? "-" : shown).printHTML();
+            std::cout << "</span></p>\n";
+        }
+        entry.input->printCarried();
+    }
+}
+
+void InputListView::printHTML() const {
+    if (m_editable) {
+        m_inputs.printInputs(m_messages);
+    } else {
+        m_inputs.printValues();
+    }
+}
+
+}  // namespace Console

@@ -1,0 +1,78 @@
+#include "framework/page/PowerPage.h"
+
+#include "framework/page/Partitions.h"
+
+using namespace ORVLib::Gui;
+
+namespace Console {
+
+namespace {
+
+constexpr int OPERATION_CARRIED_OUT = 280;
+
+bool isForPartition(const PageContext& context) {
+    return context.partition != JudgeAuthority::NO_PARTITION;
+}
+
+unsigned int itemOf(const PageContext& context) {
+    return isForPartition(context)
+               ? ITEM_PARTITION_POWER + static_cast<unsigned int>(context.partition)
+               : ITEM_SYSTEM_POWER;
+}
+
+bool isOn(const PageContext& context) {
+    const Record power = readRecord(context.requester, itemOf(context));
+    return RecordReader(power).next() == "on";
+}
+
+}  // namespace
+
+struct PowerPage::Operation {
+    const char* name;
+    Text label;
+    Text consequence;
+    bool whenOn;  ///< makes sense only when the power is on, or when it is off
+};
+
+const PowerPage::Operation PowerPage::OPERATIONS[] = {
+    {"on", TEXT_POWER_ON, TEXT_CONFIRM_POWER_ON, false},
+    {"off", TEXT_POWER_OFF, TEXT_CONFIRM_POWER_OFF, true},
+    {"force-off", TEXT_FORCE_OFF, TEXT_CONFIRM_FORCE_OFF, true},
+    {"reset", TEXT_POWER_RESET, TEXT_CONFIRM_POWER_RESET, true},
+};
+
+PowerPage::PowerPage(const PageContext& context, Function function, Text purpose)
+    : RecordPage(context, function, purpose, itemOf(context)),
+      m_operation(
+          add(TEXT_OPERATION, TEXT_WRONG_CHOICE, std::make_unique<RadioInput>("operation"))) {
+    const bool on = isOn(context);
+    addShown(TEXT_APPLIES_TO, isForPartition(context)
+                                  ? partitionName(context.messages, context.partition)
+                                  : text(TEXT_ALL_PARTITIONS));
+    addShown(TEXT_POWER_NOW,
+             on ? makeText(text(TEXT_ON), TextString::NORMAL_COLOUR) : makeText(text(TEXT_OFF)));
+    addOperations(on);
+    setApplyLabel(TEXT_CARRY_OUT);
+    setCompletion(OPERATION_CARRIED_OUT);
+}
+
+void PowerPage::addOperations(bool on) {
+    for (const Operation& operation : OPERATIONS) {
+        // The system is on when any partition is: switching the others on makes sense.
+        const bool always = !operation.whenOn && !isForPartition(getContext());
+        if (operation.whenOn == on || always) {
+            m_operation.addOption(operation.name, text(operation.label));
+        }
+    }
+}
+
+std::string PowerPage::getConfirmation() {
+    for (const Operation& operation : OPERATIONS) {
+        if (m_operation.getText() == operation.name) {
+            return text(operation.consequence);
+        }
+    }
+    return "";
+}
+
+}  // namespace Console

@@ -1,0 +1,117 @@
+#include "framework/page/Program.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <iostream>
+#include <string_view>
+
+#include "catalogue/Texts.h"
+#include "framework/access/CrossSite.h"
+#include "framework/access/Rights.h"
+#include "framework/component/PageChrome.h"
+#include "gui/CGIRequester.h"
+#include "gui/Cookie.h"
+#include "gui/HTMLPage.h"
+#include "gui/MessageMgr.h"
+#include "orv/OrvTrace.h"
+
+using namespace ORVLib::Gui;
+
+namespace Console {
+
+namespace {
+
+/// Bytes of a form. The library takes what is above in a single read, which may get a part only.
+constexpr long LARGEST_FORM = 0x10000;
+
+/// Status lines; the last one has a header that says when to try again, in seconds.
+constexpr char BAD_REQUEST[] = "400 Bad Request";
+constexpr char FORBIDDEN[] = "403 Forbidden";
+constexpr char TOO_LARGE[] = "413 Payload Too Large";
+constexpr char BUSY[] = "503 Service Unavailable\nRetry-After: 2";
+
+int refuse(const std::string& reason, const char* status, Text text) {
+    constexpr int ENGLISH = 1;
+    ORVLib::trace::OrvTrace trace(1, 2, 0);
+    trace.putLog(0, "request refused: " + reason);
+    MessageMgr messages(ENGLISH);
+    HTMLPage page(ENGLISH);
+    setTitleAndStyle(page, messages.getString(TEXT_ERROR));
+    putText(page.getMap(), "message", messages.getString(text));
+    page.getGenerator().setSkeletonFileName(HTMLPage::SKELETON_ERR_FILE_NAME);
+    notePageBegun();
+    // A page that has not begun can still say how the request failed.
+    std::cout << "Status: " << status << '\n';
+    page.getGenerator().printHTML();
+    return -1;
+}
+
+std::string_view variable(const char* name) {
+    const char* const value = std::getenv(name);
+    return value != nullptr ? value : "";
+}
+
+/// Bytes of the body that a POST announces.
+long announcedLength() {
+    return variable("REQUEST_METHOD") == "POST"
+               ? std::strtol(variable("CONTENT_LENGTH").data(), nullptr, 10)
+               : 0;
+}
+
+bool isTooLarge(const RequestRules& rules, long length) {
+    if (!rules.takesFile) {
+        return length > LARGEST_FORM;
+    }
+    const std::string_view multipart = FormInfo::checkStringType;
+    const bool isMultipart = variable("CONTENT_TYPE").substr(0, multipart.size()) == multipart;
+    return !isMultipart && length > FormInfo::LARGEST_BODY_AT_START;
+}
+
+/// Whether the request's session has the right to a function. Does not renew the session.
+bool isAuthorised(Function function) {
+    const Cookie cookie;
+    if (cookie.isError()) {
+        return false;
+    }
+    CGIRequester requester(cookie.getSessionId().c_str());
+    int language = 0;
+    unsigned int refreshInterval = 0;
+    CGIAuthority authority;
+    return requester.checkSession(language, refreshInterval, &authority, true) != 0 &&
+           mayUse(requester, authority, function);
+}
+
+/// Lets a log or a page that cannot be written be a failed write, not the end of the program.
+void ignoreOutputSignals() {
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+}
+
+}  // namespace
+
+int refuseRequest(const std::string& reason) {
+    return refuse(reason, BAD_REQUEST, TEXT_UNREADABLE_REQUEST);
+}
+
+std::optional<int> admitRequest(const RequestRules& rules) {
+    ignoreOutputSignals();
+    limitResources();
+    if (!takePlace(rules.places)) {
+        return refuse("too many pages run at a time", BUSY, TEXT_CONSOLE_BUSY);
+    }
+    if (isCrossSitePost()) {
+        return refuse("another site made it", FORBIDDEN, TEXT_FORM_CUT_OFF);
+    }
+    const long length = announcedLength();
+    if (isTooLarge(rules, length)) {
+        return refuse("a body of " + std::to_string(length) + " bytes", TOO_LARGE,
+                      TEXT_REQUEST_TOO_LARGE);
+    }
+    if (length > 0 && rules.function && !isAuthorised(*rules.function)) {
+        // The page now finds out, and says, what is missing: the session or the right.
+        setenv("CONTENT_LENGTH", "0", 1);
+    }
+    return std::nullopt;
+}
+
+}  // namespace Console

@@ -1,0 +1,29 @@
+#include "framework/page/RecordPage.h"
+
+namespace Console {
+
+void RecordPage::readCurrent() {
+    const Record record = readRecord(getRequester(), m_item);
+    RecordReader reader(record);
+    for (Input* const input : getInputs()) {
+        input->read(reader);
+    }
+    reader.requireEnd();
+}
+
+void RecordPage::apply() {
+    Record record;
+    for (const Input* const input : getInputs()) {
+        // What is not needed stays in its input, for a form that is shown again.
+        if (isNeeded(*input)) {
+            input->write(record);
+        } else {
+            record.add("");
+        }
+    }
+    if (writeRecord(getRequester(), m_item, record, {ERROR_BAD_REQUEST}) != 0) {
+        refuse(TEXT_REFUSED_BY_BOARD);
+    }
+}
+
+}  // namespace Console

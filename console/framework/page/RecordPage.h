@@ -1,0 +1,24 @@
+#pragma once
+
+#include "framework/backend/Board.h"
+#include "framework/page/SettingsPage.h"
+
+namespace Console {
+
+/// A settings page for one item of the board that is a record: its inputs are the record's texts,
+/// in their order. An input that is not needed stands in the record as one empty text.
+class RecordPage : public SettingsPage {
+protected:
+    RecordPage(const PageContext& context, Function function, Text purpose, unsigned int item)
+        : SettingsPage(context, function, purpose), m_item(item) {}
+
+    void readCurrent() override;
+
+    /// What the board finds wrong, though every input is valid, is shown above the form.
+    void apply() override;
+
+private:
+    unsigned int m_item;
+};
+
+}  // namespace Console

@@ -1,0 +1,115 @@
+// How far the installation of a firmware is.
+
+#include <algorithm>
+#include <iostream>
+
+#include "framework/access/Rights.h"
+#include "framework/backend/Board.h"
+#include "framework/backend/Digits.h"
+#include "framework/component/Components.h"
+#include "framework/component/SkeletonPart.h"
+#include "framework/component/Vocabulary.h"
+#include "framework/page/ConsoleMain.h"
+#include "framework/page/Program.h"
+#include "gui/MetaTag.h"
+#include "gui/ORVGUIUtil.h"
+
+using namespace ORVLib::Gui;
+
+namespace Console {
+
+namespace {
+
+constexpr char RELOAD_SECONDS[] = "2";
+constexpr char RUNNING[] = "running";
+
+/// A bar that is filled as far as something is done, and the same in digits.
+class ProgressBar : public HTMLComponent {
+public:
+    /// REQUIRES: `percent` is not negative. More than all of it counts as all.
+    explicit ProgressBar(int percent) : m_percent(std::min(percent, WHOLE)) {}
+
+    void printHTML() const override {
+        const std::string percent = std::to_string(m_percent);
+        std::cout << "<progress max=\"" << std::to_string(WHOLE) << "\" value=\"" << percent
+                  << "\"></progress> " << percent << " %";
+    }
+
+    bool isError() const override { return false; }
+
+private:
+    static constexpr int WHOLE = 100;
+
+    int m_percent;
+};
+
+const Vocabulary& states() {
+    static const Vocabulary STATES = {
+        {RUNNING, TEXT_UPDATE_RUNNING, TextString::MAINTENANCE_COLOUR},
+        {"done", TEXT_UPDATE_DONE, TextString::NORMAL_COLOUR},
+        {"failed", TEXT_UPDATE_FAILED, TextString::ERROR_COLOUR},
+        {"idle", TEXT_UPDATE_IDLE},
+    };
+    return STATES;
+}
+
+class ProgressMain : public ConsoleMain {
+public:
+    explicit ProgressMain(FormInfo& form) : ConsoleMain(form, FUNCTION_PROGRESS) {}
+
+protected:
+    bool isSelfRefreshing() const override { return true; }
+
+    std::unique_ptr<HTMLComponent> makeBody(const PageContext& context) override {
+        const Record progress = readRecord(context.requester, ITEM_PROGRESS);
+        RecordReader reader(progress);
+        const std::string state = reader.next();
+        const int percent = readPercent(reader.next());
+        if (state == RUNNING) {
+            // Takes the place of the interval that the user chose for pages of status.
+            HTMLMapUtil::insertIntoMap(m_page->getMap(), "meta_refresh",
+                                       std::make_unique<MetaTag>("Refresh", RELOAD_SECONDS));
+        }
+        auto body = std::make_unique<SkeletonPart>("skeleton_list.txt");
+        body->putText("title", text(TEXT_PROGRESS));
+        body->putSentence("purpose", text(TEXT_PROGRESS_PURPOSE));
+        body->put("content", makeContent(context, state, percent, reader.next()));
+        return body;
+    }
+
+private:
+    std::string text(Text number) { return m_messages->getString(number); }
+
+    static int readPercent(const std::string& text) {
+        constexpr std::size_t MOST_DIGITS = 3;
+        const int percent = readDigits(text, MOST_DIGITS);
+        if (percent < 0) {
+            failDamaged();
+        }
+        return percent;
+    }
+
+    Component makeContent(const PageContext& context, const std::string& state, int percent,
+                          const std::string& version) {
+        auto content = std::make_unique<ComponentGroup>();
+        auto facts = std::make_unique<LabelledList>();
+        facts->add(text(TEXT_STATE), makeWord(*m_messages, states(), state));
+        if (!version.empty()) {
+            facts->add(text(TEXT_VERSION), version);
+            facts->add(text(TEXT_PROGRESS), std::make_unique<ProgressBar>(percent));
+        }
+        content->add(std::move(facts));
+        if (state != RUNNING && mayUse(context.requester, context.authority, FUNCTION_FIRMWARE)) {
+            content->add(makeLink(ORVGUIUtil::getCGIPath(FUNCTION_FIRMWARE), text(TEXT_FIRMWARE)));
+        }
+        return content;
+    }
+};
+
+}  // namespace
+
+}  // namespace Console
+
+int main() {
+    return Console::runProgram<Console::ProgressMain>();
+}

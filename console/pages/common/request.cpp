@@ -1,0 +1,181 @@
+// The request inspector: a form that can be sent every way a form can, and what arrived of it.
+
+#include <cstdlib>
+#include <iostream>
+#include <vector>
+
+#include "catalogue/Texts.h"
+#include "framework/backend/Digest.h"
+#include "framework/component/SkeletonPart.h"
+#include "framework/page/PageMain.h"
+#include "framework/page/Program.h"
+#include "gui/HiddenField.h"
+#include "gui/HyperLink.h"
+#include "gui/MessageMgr.h"
+#include "gui/ResetButton.h"
+#include "gui/SubmitButton.h"
+#include "gui/TextString.h"
+
+using namespace ORVLib::Gui;
+
+namespace Console {
+
+namespace {
+
+constexpr int MODULE = 0x903;
+constexpr char PAGE_PATH[] = "/common/request.cgi";
+constexpr char LANGUAGE_FIELD[] = "language";
+
+/// A table of two columns, with or without heads, whose cells are texts that printing escapes.
+class TextTable : public HTMLComponent {
+public:
+    TextTable() = default;
+    TextTable(const std::string& nameHead, const std::string& valueHead)
+        : m_nameHead(nameHead), m_valueHead(valueHead) {}
+
+    void addRow(const std::string& head, const std::string& text) {
+        m_rows.emplace_back(head, text);
+    }
+
+    void printHTML() const override {
+        std::cout << "<table>\n";
+        if (!m_nameHead.empty()) {
+            std::cout << "<tr><th scope=\"col\">";
+            TextString(m_nameHead).printHTML();
+            std::cout << "</th><th scope=\"col\">";
+            TextString(m_valueHead).printHTML();
+            std::cout << "</th></tr>\n";
+        }
+        for (const auto& [head, text] : m_rows) {
+            std::cout << "<tr><th scope=\"row\">";
+            head.printHTML();
+            std::cout << "</th><td><code>";
+            text.printHTML();
+            std::cout << "</code></td></tr>\n";
+        }
+        std::cout << "</table>";
+    }
+
+    bool isError() const override { return false; }
+
+private:
+    std::string m_nameHead;
+    std::string m_valueHead;
+    std::vector<std::pair<TextString, TextString>> m_rows;
+};
+
+/// Control characters in a form that can be seen.
+std::string visible(const std::string& text) {
+    std::string result;
+    result.reserve(text.size());
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (byte < 0x20 || byte == 0x7f) {
+            result += "\\x";
+            appendHex(result, byte);
+        } else {
+            result += character;
+        }
+    }
+    return result;
+}
+
+std::unique_ptr<HTMLComponent> fieldTable(const FormInfo& form, MessageMgr& messages) {
+    if (form.getFields().empty()) {
+        return std::make_unique<TextString>(messages.getString(TEXT_NO_FIELDS));
+    }
+    auto table =
+        std::make_unique<TextTable>(messages.getString(TEXT_NAME), messages.getString(TEXT_VALUE));
+    for (const auto& [name, value] : form.getFields()) {
+        table->addRow(visible(name), visible(value));
+    }
+    return table;
+}
+
+std::unique_ptr<HTMLComponent> fileTable(const FormInfo& form, MessageMgr& messages) {
+    const std::string& path = form.getTemporaryFilePath();
+    const std::string digest = path.empty() ? "" : digestOfFile(path);
+    if (digest.empty()) {
+        const bool lost = !path.empty() || !form.getUploadedFileName().empty();
+        return std::make_unique<TextString>(
+            messages.getString(lost ? TEXT_FILE_LOST : TEXT_NO_FILE), false, false,
+            lost ? TextString::ERROR_COLOUR : TextString::PLAIN);
+    }
+    auto table = std::make_unique<TextTable>();
+    table->addRow(messages.getString(TEXT_FILE_NAME), visible(form.getUploadedFileName()));
+    table->addRow(messages.getString(TEXT_SIZE),
+                  std::to_string(form.getWrittenSize()) + " " + messages.getString(TEXT_BYTES));
+    table->addRow(messages.getString(TEXT_SHA256), digest);
+    return table;
+}
+
+std::unique_ptr<HTMLComponent> languageLink(const char* language, const std::string& name) {
+    return std::make_unique<HyperLink>(
+        std::string(PAGE_PATH) + "?" + LANGUAGE_FIELD + "=" + language, "_self", "", "", false,
+        std::make_unique<TextString>(name));
+}
+
+void putLabels(SkeletonPart& body, MessageMgr& messages) {
+    struct Label {
+        const char* marker;
+        Text text;
+    };
+    constexpr Label LABELS[] = {
+        {"inspector", TEXT_INSPECTOR},        {"language_label", TEXT_LANGUAGE},
+        {"text_label", TEXT_INPUT},           {"second_label", TEXT_SECOND_INPUT},
+        {"file_label", TEXT_FILE_INPUT},      {"send_get", TEXT_SEND_GET},
+        {"send_post", TEXT_SEND_POST},        {"method_label", TEXT_METHOD},
+        {"fields_label", TEXT_FIELDS},        {"query_label", TEXT_QUERY_STRING},
+        {"upload_label", TEXT_UPLOADED_FILE},
+    };
+    for (const Label& label : LABELS) {
+        body.putText(label.marker, messages.getString(label.text));
+    }
+}
+
+class InspectorMain : public PageMain {
+public:
+    explicit InspectorMain(FormInfo& form) : PageMain(form, MODULE) {}
+
+protected:
+    int execMain() override {
+        chooseLanguage();
+        beginPage(TEXT_INSPECTOR);
+        printPage(makeBody());
+        return 0;
+    }
+
+private:
+    std::unique_ptr<HTMLComponent> makeBody() {
+        auto body = std::make_unique<SkeletonPart>("skeleton_request.txt");
+        putLabels(*body, *m_messages);
+        body->putSentence("purpose", m_messages->getString(TEXT_INSPECTOR_PURPOSE));
+        putButtons(*body);
+        const char* const method = std::getenv("REQUEST_METHOD");
+        body->putText("method", visible(method != nullptr ? method : ""));
+        body->put("fields", fieldTable(*m_formInfo, *m_messages));
+        body->putText("query", visible(m_formInfo->getQueryString()));
+        body->put("file", fileTable(*m_formInfo, *m_messages));
+        return body;
+    }
+
+    void putButtons(SkeletonPart& body) {
+        body.put("english", languageLink("1", m_messages->getString(TEXT_ENGLISH)));
+        body.put("japanese", languageLink("0", m_messages->getString(TEXT_JAPANESE)));
+        body.put("language_field",
+                 std::make_unique<HiddenField>(LANGUAGE_FIELD, std::to_string(m_language)));
+        body.put("reset",
+                 std::make_unique<ResetButton>("reset", m_messages->getString(TEXT_RESET)));
+        body.put("upload",
+                 std::make_unique<SubmitButton>("upload", m_messages->getString(TEXT_UPLOAD)));
+    }
+};
+
+}  // namespace
+
+}  // namespace Console
+
+int main() {
+    return Console::runProgram<Console::InspectorMain>(
+        {true, std::nullopt, Console::Places::ORDINARY});
+}

@@ -1,0 +1,228 @@
+// Updates the firmware: takes an image, hands it to the board, and has it installed once the user
+// has confirmed it.
+
+#include "framework/backend/Board.h"
+#include "framework/backend/Digest.h"
+#include "framework/page/ConsoleMain.h"
+#include "framework/page/Program.h"
+#include "framework/page/UploadPage.h"
+#include "gui/BackendNumbers.h"
+#include "gui/MetaTag.h"
+#include "gui/ORVGUIUtil.h"
+#include "pages/maintenance/FirmwareImage.h"
+
+using namespace ORVLib::Gui;
+
+namespace Console {
+
+namespace {
+
+constexpr int INSTALLATION_BEGUN = 440;
+constexpr char DIGEST_FIELD[] = "digest";
+
+/// How long the user sees that an installation has begun, before its progress.
+constexpr char FORWARD_SECONDS[] = "2";
+
+/// Bytes of the image that go to the board in one exchange, behind their offset.
+constexpr std::size_t PIECE_SIZE = 65000;
+
+std::string offsetBytes(std::uint32_t offset) {
+    return {static_cast<char>(offset >> 24), static_cast<char>(offset >> 16),
+            static_cast<char>(offset >> 8), static_cast<char>(offset)};
+}
+
+bool isDigest(const std::string& text) {
+    return text.size() == DIGEST_DIGITS &&
+           text.find_first_not_of("0123456789abcdef") == std::string::npos;
+}
+
+Record dropRequest() {
+    Record record;
+    record.add("drop");
+    return record;
+}
+
+/// What the board has been sent of an image: dropped at the end, however that comes about, unless
+/// it is kept.
+class StagedImage {
+public:
+    explicit StagedImage(CGIRequester& requester) : m_requester(requester) {}
+    ~StagedImage() {
+        if (!m_kept) {
+            m_requester.setInfo(ITEM_FIRMWARE_DROP | ITEM_WRITE, dropRequest());
+        }
+    }
+    StagedImage(const StagedImage&) = delete;
+    StagedImage& operator=(const StagedImage&) = delete;
+
+    void keep() { m_kept = true; }
+
+private:
+    CGIRequester& m_requester;
+    bool m_kept = false;
+};
+
+class FirmwarePage : public UploadPage {
+public:
+    static constexpr Function FUNCTION = FUNCTION_FIRMWARE;
+
+    explicit FirmwarePage(const PageContext& context)
+        : UploadPage(context, FUNCTION, TEXT_FIRMWARE_PURPOSE, TEXT_FIRMWARE_IMAGE,
+                     TEXT_CONFIRM_INSTALL) {
+        setApplyLabel(TEXT_INSTALL);
+        setCompletion(INSTALLATION_BEGUN);
+        setReturnPath(ORVGUIUtil::getCGIPath(FUNCTION_PROGRESS));
+    }
+
+protected:
+    Component makePresent() override {
+        const Record product = readRecord(getRequester(), ITEM_PRODUCT);
+        RecordReader reader(product);
+        reader.next();  // product name
+        reader.next();  // serial number
+        auto facts = std::make_unique<LabelledList>();
+        facts->add(text(TEXT_PRESENT_VERSION), reader.next());
+        return std::make_unique<Card>(std::move(facts));
+    }
+
+    void receive(const std::string& path) override {
+        FirmwareImage image(path);
+        checkSize(image);
+        if (!isRefused() && isInstalling()) {
+            refuse(TEXT_INSTALLATION_RUNNING);
+        }
+        if (isRefused()) {
+            return;
+        }
+        StagedImage staged(getRequester());
+        const std::string digest = stage(image);
+        if (!isRefused()) {
+            confirmStaged(digest);
+        }
+        if (!isRefused()) {
+            staged.keep();
+        }
+    }
+
+    void apply() override {
+        const std::string digest = getCarried(DIGEST_FIELD);
+        if (!isDigest(digest)) {
+            refuse(TEXT_IMAGE_GONE);
+            return;
+        }
+        Record record;
+        record.add(digest);
+        const unsigned int error =
+            writeRecord(getRequester(), ITEM_FIRMWARE_START, record,
+                        {ERROR_NO_SUCH_ITEM, ERROR_BAD_REQUEST, ERROR_DAMAGED, ERROR_BUSY});
+        if (error == ERROR_BUSY) {
+            drop();
+            refuse(TEXT_INSTALLATION_RUNNING);
+        } else if (error != 0) {
+            refuse(TEXT_IMAGE_GONE);
+        }
+    }
+
+    /// A board that has nothing of this session any more is as good.
+    void drop() override {
+        writeRecord(getRequester(), ITEM_FIRMWARE_DROP, dropRequest(),
+                    {ERROR_NO_SUCH_ITEM, ERROR_BAD_REQUEST});
+    }
+
+private:
+    unsigned int arrivedSize() const { return getContext().form.getWrittenSize(); }
+
+    bool isInstalling() {
+        const Record progress = readRecord(getRequester(), ITEM_PROGRESS);
+        return RecordReader(progress).next() == "running";
+    }
+
+    /// A file as large as an upload can be may have been cut there, whatever its header says.
+    void checkSize(const FirmwareImage& image) {
+        if (!image.isImage()) {
+            refuse(TEXT_NO_IMAGE, arrivedText());
+        } else if (arrivedSize() >= FormInfo::LARGEST_UPLOAD) {
+            refuse(TEXT_IMAGE_TOO_LARGE, sizesText(image));
+        } else if (arrivedSize() != image.getAnnouncedSize()) {
+            refuse(TEXT_WRONG_IMAGE_SIZE, sizesText(image));
+        }
+    }
+
+    std::string arrivedText() { return text(TEXT_ARRIVED) + ": " + sizeText(arrivedSize()); }
+
+    std::string sizesText(const FirmwareImage& image) {
+        return arrivedText() + ", " + text(TEXT_ANNOUNCED) + ": " +
+               sizeText(image.getAnnouncedSize());
+    }
+
+    /// Sends the image to the board. Returns its digest.
+    std::string stage(FirmwareImage& image) {
+        Digest digest;
+        std::uint32_t offset = 0;
+        for (std::string piece = image.read(PIECE_SIZE); !piece.empty();
+             piece = image.read(PIECE_SIZE)) {
+            if (writeBytes(getRequester(), ITEM_FIRMWARE_STAGE, offsetBytes(offset) + piece,
+                           {ERROR_BAD_REQUEST}) != 0) {
+                refuse(TEXT_STAGING_REFUSED);
+                break;
+            }
+            digest.add(piece.data(), piece.size());
+            offset += static_cast<std::uint32_t>(piece.size());
+        }
+        return digest.take();
+    }
+
+    /// Describes what the board has now, which must be what was sent.
+    void confirmStaged(const std::string& digest) {
+        Record staged;
+        switch (readRecord(getRequester(), ITEM_FIRMWARE_STAGED, staged,
+                           {ERROR_NO_SUCH_ITEM, ERROR_DAMAGED})) {
+            case ERROR_NO_SUCH_ITEM:
+                refuse(TEXT_STAGING_REFUSED);
+                return;
+            case ERROR_DAMAGED:
+                refuse(TEXT_IMAGE_DAMAGED, arrivedText());
+                return;
+            default:
+                break;
+        }
+        RecordReader reader(staged);
+        const std::string size = reader.next();
+        const std::string stagedDigest = reader.next();
+        if (size != std::to_string(arrivedSize()) || stagedDigest != digest) {
+            refuse(TEXT_STAGING_REFUSED);
+            return;
+        }
+        addShown(TEXT_FILE_NAME, getContext().form.getUploadedFileName());
+        addShown(TEXT_VERSION, reader.next());
+        addShown(TEXT_SIZE, sizeText(arrivedSize()));
+        addShown(TEXT_SHA256, digest);
+        carry(DIGEST_FIELD, digest);
+    }
+};
+
+class FirmwareMain : public ConsoleMain {
+public:
+    explicit FirmwareMain(FormInfo& form) : ConsoleMain(form, FirmwarePage::FUNCTION) {}
+
+protected:
+    std::unique_ptr<HTMLComponent> makeBody(const PageContext& context) override {
+        auto page = std::make_unique<FirmwarePage>(context);
+        page->makePage();
+        if (page->isCompleted()) {
+            HTMLMapUtil::insertIntoMap(
+                m_page->getMap(), "meta_refresh",
+                std::make_unique<MetaTag>("Refresh", FORWARD_SECONDS,
+                                          ORVGUIUtil::getCGIPath(FUNCTION_PROGRESS)));
+        }
+        return page;
+    }
+};
+
+}  // namespace
+
+}  // namespace Console
+
+int main() {
+    return Console::runUploadProgram<Console::FirmwareMain>(Console::FirmwarePage::FUNCTION);
+}

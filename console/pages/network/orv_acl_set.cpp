@@ -1,0 +1,190 @@
+// The access control list: shown, with a way to add a row and to remove each.
+
+#include "framework/backend/Board.h"
+#include "framework/component/Components.h"
+#include "framework/component/SkeletonPart.h"
+#include "framework/input/Form.h"
+#include "framework/page/ConsoleMain.h"
+#include "framework/page/Program.h"
+#include "framework/page/SettingsPage.h"
+#include "gui/ORVGUIUtil.h"
+
+using namespace ORVLib::Gui;
+
+namespace Console {
+
+namespace {
+
+constexpr char OPERATION[] = "operation";
+constexpr char ADD[] = "add";
+constexpr char REMOVE[] = "remove";
+constexpr char ROW[] = "row";
+
+constexpr int ROW_ADDED = 200;
+constexpr int ROW_REMOVED = 201;
+
+/// What a request is about.
+Function functionOf(const FormInfo& form) {
+    const std::string operation = fieldOf(form, OPERATION);
+    if (operation == ADD) {
+        return FUNCTION_ADD_ACCESS;
+    }
+    return operation == REMOVE ? FUNCTION_REMOVE_ACCESS : FUNCTION_ACCESS_LIST;
+}
+
+std::string listPath() {
+    return ORVGUIUtil::getCGIPath(FUNCTION_ACCESS_LIST);
+}
+
+/// An address and its mask bits; a row's text has a slash between them.
+struct Row {
+    std::string address;
+    std::string maskBits;
+
+    std::string getText() const { return address + '/' + maskBits; }
+};
+
+std::vector<Row> readList(CGIRequester& requester) {
+    std::vector<Row> list;
+    const Record record = readRecord(requester, ITEM_ACCESS_LIST);
+    for (const auto& row : rowsOf(record, 2)) {
+        list.push_back({row[0], row[1]});
+    }
+    return list;
+}
+
+Component makeList(const PageContext& context) {
+    const auto text = [&](Text number) { return context.messages.getString(number); };
+    auto table = std::make_unique<Table>(
+        std::vector<std::string>{text(TEXT_ADDRESS), text(TEXT_MASK_BITS), text(TEXT_OPERATION)},
+        text(TEXT_NO_ACCESS_ROWS));
+    for (const Row& row : readList(context.requester)) {
+        std::vector<Component> cells;
+        cells.push_back(makeText(row.address));
+        cells.push_back(makeText(row.maskBits));
+        cells.push_back(
+            makeLink(addressWith(listPath(), {{OPERATION, REMOVE}, {ROW, row.getText()}}),
+                     text(TEXT_REMOVE)));
+        table->addRow(std::move(cells));
+    }
+    auto list = std::make_unique<SkeletonPart>("skeleton_list.txt");
+    list->putText("title", text(TEXT_ACCESS_LIST));
+    list->putSentence("purpose", text(TEXT_ACCESS_LIST_PURPOSE));
+    list->put("tabs", makeLink(addressWith(listPath(), {{OPERATION, ADD}}), text(TEXT_ADD_ACCESS)));
+    list->put("content", std::move(table));
+    return list;
+}
+
+class AddPage : public SettingsPage {
+public:
+    static constexpr Function FUNCTION = FUNCTION_ADD_ACCESS;
+
+    explicit AddPage(const PageContext& context)
+        : SettingsPage(context, FUNCTION, TEXT_ADD_ACCESS_PURPOSE),
+          m_row(add(TEXT_MASKED_ADDRESS, TEXT_WRONG_MASKED_ADDRESS,
+                    std::make_unique<MaskedAddressInput>("address"))) {
+        carry(OPERATION, ADD);
+        setReturnPath(listPath());
+        setApplyLabel(TEXT_ADD);
+        setCompletion(ROW_ADDED);
+    }
+
+protected:
+    void readCurrent() override {}
+
+    void apply() override {
+        Record record;
+        m_row.write(record);
+        switch (
+            writeRecord(getRequester(), ITEM_ACCESS_LIST_ADD, record, {ERROR_EXISTS, ERROR_FULL})) {
+            case ERROR_EXISTS:
+                mark(m_row, TEXT_ACCESS_EXISTS);
+                break;
+            case ERROR_FULL:
+                refuse(TEXT_ACCESS_LIST_FULL);
+                break;
+            default:
+                break;
+        }
+    }
+
+private:
+    MaskedAddressInput& m_row;
+};
+
+/// The page asks, and its button removes: there is nothing to enter.
+class RemovePage : public SettingsPage {
+public:
+    static constexpr Function FUNCTION = FUNCTION_REMOVE_ACCESS;
+
+    explicit RemovePage(const PageContext& context)
+        : SettingsPage(context, FUNCTION, TEXT_REMOVE_ACCESS_PURPOSE),
+          m_list(readList(context.requester)),
+          m_row(add(TEXT_MASKED_ADDRESS, TEXT_NO_SUCH_ACCESS, std::make_unique<ChosenInput>(ROW))) {
+        for (const Row& row : m_list) {
+            m_row.addOption(row.getText(), row.getText());
+        }
+        carry(OPERATION, REMOVE);
+        setReturnPath(listPath());
+        setApplyLabel(TEXT_REMOVE);
+        setCompletion(ROW_REMOVED);
+    }
+
+protected:
+    bool isConfirmed() const override { return false; }
+
+    void readCurrent() override {
+        m_row.submit(getContext().form);
+        if (m_row.isError()) {
+            mark(m_row);
+        }
+    }
+
+    void apply() override {
+        for (const Row& row : m_list) {
+            if (row.getText() == m_row.getText()) {
+                remove(row);
+            }
+        }
+    }
+
+private:
+    void remove(const Row& row) {
+        Record record;
+        record.add(row.address);
+        record.add(row.maskBits);
+        if (writeRecord(getRequester(), ITEM_ACCESS_LIST_REMOVE, record, {ERROR_NOT_FOUND}) != 0) {
+            mark(m_row);
+        }
+    }
+
+    std::vector<Row> m_list;
+    ChosenInput& m_row;
+};
+
+class AccessListMain : public ConsoleMain {
+public:
+    explicit AccessListMain(FormInfo& form) : ConsoleMain(form, FUNCTION_ACCESS_LIST) {}
+
+protected:
+    Function getFunction() const override { return functionOf(*m_formInfo); }
+
+    Component makeBody(const PageContext& context) override {
+        switch (getFunction()) {
+            case FUNCTION_ADD_ACCESS:
+                return makePage<AddPage>(context);
+            case FUNCTION_REMOVE_ACCESS:
+                return makePage<RemovePage>(context);
+            default:
+                return makeList(context);
+        }
+    }
+};
+
+}  // namespace
+
+}  // namespace Console
+
+int main() {
+    return Console::runProgram<Console::AccessListMain>();
+}

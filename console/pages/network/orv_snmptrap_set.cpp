@@ -1,0 +1,81 @@
+// Where the board sends traps.
+
+#include "framework/input/Form.h"
+#include "framework/page/ConsoleMain.h"
+#include "framework/page/Program.h"
+#include "framework/page/RecordPage.h"
+#include "gui/TextField.h"
+
+using ORVLib::Gui::TextField;
+
+namespace Console {
+
+namespace {
+
+constexpr int DESTINATIONS = 3;
+constexpr int LONGEST_COMMUNITY = 32;
+
+class TrapsPage : public RecordPage {
+public:
+    static constexpr Function FUNCTION = FUNCTION_TRAPS;
+
+    explicit TrapsPage(const PageContext& context)
+        : RecordPage(context, FUNCTION, TEXT_TRAPS_PURPOSE, ITEM_TRAPS) {
+        for (int number = 1; number <= DESTINATIONS; ++number) {
+            addDestination(std::to_string(number));
+        }
+    }
+
+protected:
+    void checkInputs() override {
+        for (const Destination& destination : m_destinations) {
+            if (destination.enabled.isEmpty()) {
+                continue;
+            }
+            if (destination.address.isEmpty()) {
+                mark(destination.address);
+            }
+            if (destination.community.isEmpty()) {
+                mark(destination.community);
+            }
+        }
+    }
+
+private:
+    struct Destination {
+        ChecksInput& enabled;
+        AddressInput& address;
+        TextInput& community;
+    };
+
+    void addDestination(const std::string& number) {
+        addHeading(text(TEXT_TRAP_DESTINATION) + ' ' + number);
+        auto& enabled = add(TEXT_SENDING, TEXT_WRONG_CHOICE,
+                            std::make_unique<ChecksInput>("enabled" + number + '_'));
+        enabled.addBox(text(TEXT_ENABLED));
+        auto& address = add(TEXT_ADDRESS, TEXT_WRONG_ADDRESS,
+                            std::make_unique<AddressInput>("address" + number + '_', true));
+        auto& community =
+            add(TEXT_COMMUNITY, TEXT_WRONG_COMMUNITY,
+                std::make_unique<TextInput>(makeCommunityField("community" + number)));
+        m_destinations.push_back({enabled, address, community});
+    }
+
+    static std::unique_ptr<TextField> makeCommunityField(const std::string& name) {
+        auto field =
+            std::make_unique<TextField>(name, "", FORM_NAME, LONGEST_COMMUNITY, LONGEST_COMMUNITY);
+        field->setCheckCharacters(true);
+        field->setAllowEmpty(true);
+        return field;
+    }
+
+    std::vector<Destination> m_destinations;
+};
+
+}  // namespace
+
+}  // namespace Console
+
+int main() {
+    return Console::runProgram<Console::SettingsMain<Console::TrapsPage>>();
+}

@@ -1,0 +1,81 @@
+// The board's clock: set by hand, or by time servers.
+
+#include "framework/page/ConsoleMain.h"
+#include "framework/page/Program.h"
+#include "framework/page/RecordPage.h"
+
+namespace Console {
+
+namespace {
+
+constexpr char MANUAL[] = "manual";
+constexpr char SERVERS[] = "servers";
+
+/// Every zone that is in use somewhere.
+constexpr const char* ZONES[] = {
+    "-12:00", "-11:00", "-10:00", "-09:30", "-09:00", "-08:00", "-07:00", "-06:00",
+    "-05:00", "-04:00", "-03:30", "-03:00", "-02:30", "-02:00", "-01:00", "+00:00",
+    "+01:00", "+02:00", "+03:00", "+03:30", "+04:00", "+04:30", "+05:00", "+05:30",
+    "+05:45", "+06:00", "+06:30", "+07:00", "+08:00", "+08:45", "+09:00", "+09:30",
+    "+10:00", "+10:30", "+11:00", "+12:00", "+12:45", "+13:00", "+13:45", "+14:00"};
+
+class ClockPage : public RecordPage {
+public:
+    static constexpr Function FUNCTION = FUNCTION_CLOCK;
+
+    explicit ClockPage(const PageContext& context)
+        : RecordPage(context, FUNCTION, TEXT_CLOCK_PURPOSE, ITEM_CLOCK),
+          m_date(add(TEXT_DATE, TEXT_WRONG_CLOCK_DATE, std::make_unique<DateInput>("date"))),
+          m_time(add(TEXT_TIME, TEXT_WRONG_TIME, std::make_unique<TimeInput>("time"))),
+          m_zone(add(TEXT_TIME_ZONE, TEXT_WRONG_CHOICE, std::make_unique<MenuInput>("zone"))),
+          m_source(
+              add(TEXT_CLOCK_SOURCE, TEXT_WRONG_CHOICE, std::make_unique<RadioInput>("source"))),
+          m_firstServer(addServer(TEXT_FIRST_TIME_SERVER, "first_server")) {
+        addServer(TEXT_SECOND_TIME_SERVER, "second_server");
+        for (const char* const zone : ZONES) {
+            m_zone.addOption(zone, std::string("UTC") + zone);
+        }
+        m_source.addOption(MANUAL, text(TEXT_SET_BY_HAND));
+        m_source.addOption(SERVERS, text(TEXT_SET_BY_SERVERS));
+    }
+
+protected:
+    bool isNeeded(const Input& input) const override {
+        return !isSetByServers() || (&input != &m_date && &input != &m_time);
+    }
+
+    bool isKept(const Input& input) const override {
+        return &input != &m_date && &input != &m_time;
+    }
+
+    void checkInputs() override {
+        if (isSetByServers() && m_firstServer.isEmpty()) {
+            mark(m_firstServer);
+        }
+    }
+
+    std::string getConfirmation() override {
+        return isSetByServers() ? RecordPage::getConfirmation() : text(TEXT_CONFIRM_CLOCK);
+    }
+
+private:
+    bool isSetByServers() const { return m_source.getText() == SERVERS; }
+
+    AddressInput& addServer(Text label, const char* name) {
+        return add(label, TEXT_WRONG_ADDRESS, std::make_unique<AddressInput>(name, true));
+    }
+
+    DateInput& m_date;
+    TimeInput& m_time;
+    MenuInput& m_zone;
+    RadioInput& m_source;
+    AddressInput& m_firstServer;
+};
+
+}  // namespace
+
+}  // namespace Console
+
+int main() {
+    return Console::runProgram<Console::SettingsMain<Console::ClockPage>>();
+}

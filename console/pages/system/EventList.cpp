@@ -1,0 +1,156 @@
+#include "pages/system/EventList.h"
+
+#include <algorithm>
+
+#include "framework/backend/Board.h"
+#include "framework/backend/Digits.h"
+#include "framework/backend/UtcTime.h"
+#include "framework/component/Components.h"
+#include "framework/component/PageChrome.h"
+#include "framework/component/Vocabulary.h"
+#include "framework/input/Form.h"
+#include "orv/CsvInfoAccess.h"
+
+using namespace ORVLib::Gui;
+
+namespace Console {
+
+namespace {
+
+constexpr int NO_CODE = 0;
+
+/// What the board tells of an event.
+struct Event {
+    explicit Event(const std::vector<std::string>& row)
+        : number(row[0]),
+          time(row[1]),
+          severity(row[2]),
+          source(row[3]),
+          code(row[4]),
+          user(row[5]),
+          detail(row[6]) {}
+    static constexpr std::size_t FIELDS = 7;
+
+    std::string number;
+    std::string time;
+    std::string severity;
+    std::string source;
+    std::string code;
+    std::string user;
+    std::string detail;
+};
+
+std::vector<Event> readEvents(const PageContext& context, const EventQuery& query) {
+    Record question;
+    for (const std::string* const text : {&query.severity, &query.source, &query.firstDay,
+                                          &query.lastDay, &query.count, &query.before}) {
+        question.add(*text);
+    }
+    std::vector<Event> events;
+    const Record answer = queryRecord(context.requester, ITEM_EVENTS, question);
+    for (const auto& row : rowsOf(answer, Event::FIELDS)) {
+        events.emplace_back(row);
+    }
+    return events;
+}
+
+/// Says what events mean: a table leads from an event's code to the operator message.
+class Explanations {
+public:
+    explicit Explanations(MessageMgr& messages)
+        : m_messages(messages), m_table(skeletonPath("event_messages.csv")) {}
+
+    std::string explain(const Event& event) {
+        const std::string text = messageFor(event);
+        // A message may have no place for the detail, or not enough: it is shown all the same.
+        return text.find(event.detail) != std::string::npos ? text
+                                                            : text + " (" + event.detail + ')';
+    }
+
+private:
+    std::string messageFor(const Event& event) {
+        unsigned int messageId = 0;
+        if (m_messages.getCsvExMsgId(m_table, readCode(event.code), messageId)) {
+            return m_messages.getMessage(static_cast<int>(messageId), NO_CODE,
+                                         event.detail.c_str());
+        }
+        return m_messages.getString(TEXT_NO_EXPLANATION) + " (" + event.code + ')';
+    }
+
+    /// 0, which no event has, for what is no number of an event.
+    static unsigned int readCode(const std::string& text) {
+        constexpr std::size_t MOST_DIGITS = 9;
+        return static_cast<unsigned int>(std::max(readDigits(text, MOST_DIGITS), 0));
+    }
+
+    MessageMgr& m_messages;
+    ORVLib::ORVUi::CsvInfoAccess m_table;
+};
+
+Component makeTable(MessageMgr& messages, const std::vector<Event>& events) {
+    std::vector<std::string> headings;
+    for (const Text heading :
+         {TEXT_EVENT_TIME, TEXT_SEVERITY, TEXT_SOURCE, TEXT_EVENT_USER, TEXT_EXPLANATION}) {
+        headings.push_back(messages.getString(heading));
+    }
+    Explanations explanations(messages);
+    auto table = std::make_unique<Table>(headings, messages.getString(TEXT_NO_EVENTS));
+    for (const Event& event : events) {
+        std::vector<Component> cells;
+        cells.push_back(makeText(utcTime(event.time)));
+        cells.push_back(makeWord(messages, severities(), event.severity));
+        cells.push_back(makeWord(messages, sources(), event.source));
+        cells.push_back(makeText(event.user.empty() ? "-" : event.user));
+        cells.push_back(makeSentence(explanations.explain(event)));
+        table->addRow(std::move(cells));
+    }
+    return table;
+}
+
+}  // namespace
+
+std::string readBefore(const FormInfo& form) {
+    constexpr std::size_t MOST_DIGITS = 10;
+    constexpr long long LAST_NUMBER = 0x7fffffff;
+    const std::string before = fieldOf(form, BEFORE_FIELD);
+    const bool isNumber = isDigits(before) && before.size() <= MOST_DIGITS &&
+                          before.front() != '0' && std::stoll(before) <= LAST_NUMBER;
+    return isNumber ? before : "";
+}
+
+std::unique_ptr<SkeletonPart> makeEventList(
+    const PageContext& context, const EventQuery& query, const std::string& path,
+    std::vector<std::pair<std::string, std::string>> fields) {
+    const std::vector<Event> events = readEvents(context, query);
+    auto part = std::make_unique<SkeletonPart>("skeleton_events.txt");
+    part->put("table", makeTable(context.messages, events));
+    if (!query.before.empty()) {
+        part->put("newest", makeLink(addressWith(path, fields),
+                                     context.messages.getString(TEXT_NEWEST_EVENTS)));
+    }
+    if (!events.empty() && std::to_string(events.size()) == query.count) {
+        fields.emplace_back(BEFORE_FIELD, events.back().number);
+        part->put("older", makeLink(addressWith(path, fields),
+                                    context.messages.getString(TEXT_OLDER_EVENTS)));
+    }
+    return part;
+}
+
+std::unique_ptr<ChoiceInput> makeSeverityInput(const PageContext& context) {
+    auto input = std::make_unique<RadioInput>(SEVERITY_FIELD);
+    input->addOptions(context.messages, severities());
+    return input;
+}
+
+std::unique_ptr<ChoiceInput> makeSourceInput(const PageContext& context) {
+    auto input = std::make_unique<MenuInput>("source");
+    input->addOption("", context.messages.getString(TEXT_SOURCE_ANY));
+    input->addOptions(context.messages, sources());
+    return input;
+}
+
+std::unique_ptr<NumberInput> makeCountInput() {
+    return std::make_unique<NumberInput>("count", 1, MOST_EVENTS);
+}
+
+}  // namespace Console

@@ -1,0 +1,64 @@
+// What happened on the server: the events that the user's own filter lets through.
+
+#include "framework/backend/Board.h"
+#include "framework/component/SkeletonPart.h"
+#include "framework/component/Vocabulary.h"
+#include "framework/page/ConsoleMain.h"
+#include "framework/page/Program.h"
+#include "gui/ORVGUIUtil.h"
+#include "pages/system/EventList.h"
+
+using namespace ORVLib::Gui;
+
+namespace Console {
+
+namespace {
+
+class EventsMain : public ConsoleMain {
+public:
+    explicit EventsMain(FormInfo& form) : ConsoleMain(form, FUNCTION_EVENTS) {}
+
+protected:
+    std::unique_ptr<HTMLComponent> makeBody(const PageContext& context) override {
+        EventQuery query = readFilter(context);
+        query.before = readBefore(context.form);
+        auto events = makeEventList(context, query, ORVGUIUtil::getCGIPath(FUNCTION_EVENTS), {});
+        events->putSentence("note", describe(query));
+        auto body = std::make_unique<SkeletonPart>("skeleton_list.txt");
+        body->putText("title", text(TEXT_EVENTS));
+        body->putSentence("purpose", text(TEXT_EVENTS_PURPOSE));
+        body->put("content", std::move(events));
+        return body;
+    }
+
+private:
+    static EventQuery readFilter(const PageContext& context) {
+        const Record record = readRecord(context.requester, ITEM_OWN_EVENT_FILTER);
+        RecordReader reader(record);
+        EventQuery query;
+        query.severity = reader.next();
+        query.source = reader.next();
+        query.count = reader.next();
+        return query;
+    }
+
+    /// The filter in words, so that nobody takes the list for all there is.
+    std::string describe(const EventQuery& query) {
+        const std::string source = query.source.empty()
+                                       ? text(TEXT_SOURCE_ANY)
+                                       : translate(*m_messages, sources(), query.source);
+        return text(TEXT_LOWEST_SEVERITY) + ": " +
+               translate(*m_messages, severities(), query.severity) + " / " + text(TEXT_SOURCE) +
+               ": " + source + " / " + text(TEXT_EVENT_COUNT) + ": " + query.count;
+    }
+
+    std::string text(Text number) { return m_messages->getString(number); }
+};
+
+}  // namespace
+
+}  // namespace Console
+
+int main() {
+    return Console::runProgram<Console::EventsMain>();
+}

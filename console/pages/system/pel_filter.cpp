@@ -1,0 +1,30 @@
+// Which events the event list shows, for the user who asks.
+
+#include "framework/page/ConsoleMain.h"
+#include "framework/page/Program.h"
+#include "framework/page/RecordPage.h"
+#include "pages/system/EventList.h"
+
+namespace Console {
+
+namespace {
+
+class EventFilterPage : public RecordPage {
+public:
+    static constexpr Function FUNCTION = FUNCTION_EVENT_FILTER;
+
+    explicit EventFilterPage(const PageContext& context)
+        : RecordPage(context, FUNCTION, TEXT_EVENT_FILTER_PURPOSE, ITEM_OWN_EVENT_FILTER) {
+        add(TEXT_LOWEST_SEVERITY, TEXT_WRONG_CHOICE, makeSeverityInput(context));
+        add(TEXT_SOURCE, TEXT_WRONG_CHOICE, makeSourceInput(context));
+        add(TEXT_EVENT_COUNT, TEXT_WRONG_EVENT_COUNT, makeCountInput());
+    }
+};
+
+}  // namespace
+
+}  // namespace Console
+
+int main() {
+    return Console::runProgram<Console::SettingsMain<Console::EventFilterPage>>();
+}

@@ -1,0 +1,123 @@
+// Looks for events. Nothing is stored: the whole question stands in the page's address.
+
+#include "framework/component/Components.h"
+#include "framework/component/SkeletonPart.h"
+#include "framework/input/DateInput.h"
+#include "framework/input/InputList.h"
+#include "framework/page/ConsoleMain.h"
+#include "framework/page/Program.h"
+#include "gui/ORVGUIUtil.h"
+#include "gui/SubmitButton.h"
+#include "pages/system/EventList.h"
+
+using namespace ORVLib::Gui;
+
+namespace Console {
+
+namespace {
+
+/// What to look for.
+class SearchForm {
+public:
+    explicit SearchForm(const PageContext& context)
+        : m_messages(context.messages),
+          m_severity(add(TEXT_LOWEST_SEVERITY, TEXT_WRONG_CHOICE, makeSeverityInput(context))),
+          m_source(add(TEXT_SOURCE, TEXT_WRONG_CHOICE, makeSourceInput(context))),
+          m_firstDay(addDay(TEXT_EARLIEST_DAY, "first")),
+          m_lastDay(addDay(TEXT_LATEST_DAY, "last")),
+          m_count(add(TEXT_EVENT_COUNT, TEXT_WRONG_EVENT_COUNT, makeCountInput())) {
+        m_severity.setText("info");
+        m_count.setText("50");
+    }
+
+    /// Takes what the user sent. Returns false when some of it is wrong, which is marked then.
+    bool submit(const FormInfo& form) {
+        m_inputs.submit(form);
+        m_inputs.check();
+        if (!m_inputs.isAnyMarked() && !m_lastDay.isEmpty() &&
+            m_lastDay.getText() < m_firstDay.getText()) {
+            m_inputs.mark(m_lastDay, TEXT_DAYS_REVERSED);
+        }
+        return !m_inputs.isAnyMarked();
+    }
+
+    /// REQUIRES: submit() found nothing wrong.
+    EventQuery getQuery() const {
+        return {m_severity.getText(), m_source.getText(), m_firstDay.getText(),
+                m_lastDay.getText(),  m_count.getText(),  ""};
+    }
+
+    Component makeView() const { return std::make_unique<InputListView>(m_inputs, m_messages); }
+
+private:
+    template <typename Kind>
+    Kind& add(Text label, Text hint, std::unique_ptr<Kind> input) {
+        return m_inputs.add(m_messages.getString(label), hint, std::move(input));
+    }
+
+    DateInput& addDay(Text label, const char* name) {
+        return add(label, TEXT_WRONG_OPTIONAL_DAY, std::make_unique<DateInput>(name, true));
+    }
+
+    MessageMgr& m_messages;
+    InputList m_inputs;
+    ChoiceInput& m_severity;
+    ChoiceInput& m_source;
+    DateInput& m_firstDay;
+    DateInput& m_lastDay;
+    NumberInput& m_count;
+};
+
+class SearchMain : public ConsoleMain {
+public:
+    explicit SearchMain(FormInfo& form) : ConsoleMain(form, FUNCTION_EVENT_SEARCH) {}
+
+protected:
+    std::unique_ptr<HTMLComponent> makeBody(const PageContext& context) override {
+        m_search = std::make_unique<SearchForm>(context);
+        const bool isAsked = context.form.getFields().count(SEVERITY_FIELD) != 0;
+        const bool isWrong = isAsked && !m_search->submit(context.form);
+        auto body = std::make_unique<SkeletonPart>("skeleton_list.txt");
+        body->putText("title", text(getTitle()));
+        body->putSentence("purpose", text(TEXT_EVENT_SEARCH_PURPOSE));
+        if (isWrong) {
+            body->put("error", makeSentence(text(TEXT_SOME_WRONG), TextString::ERROR_COLOUR));
+        }
+        body->put("content", makeSearch(isAsked && !isWrong ? makeResult(context) : nullptr));
+        return body;
+    }
+
+private:
+    Component makeSearch(Component result) {
+        auto search = std::make_unique<SkeletonPart>("skeleton_search.txt");
+        search->putText("path", ORVGUIUtil::getCGIPath(getFunction()));
+        search->put("entries", m_search->makeView());
+        search->put("submit", std::make_unique<SubmitButton>("search", text(TEXT_SEARCH)));
+        if (result) {
+            search->put("result", std::move(result));
+        }
+        return search;
+    }
+
+    Component makeResult(const PageContext& context) {
+        EventQuery query = m_search->getQuery();
+        FormInfo::FieldMap fields = context.form.getFields();
+        query.before = readBefore(context.form);
+        fields.erase(BEFORE_FIELD);
+        return makeEventList(context, query, ORVGUIUtil::getCGIPath(getFunction()),
+                             {fields.begin(), fields.end()});
+    }
+
+    std::string text(Text number) { return m_messages->getString(number); }
+
+    /// Outlives the page, which shows it.
+    std::unique_ptr<SearchForm> m_search;
+};
+
+}  // namespace
+
+}  // namespace Console
+
+int main() {
+    return Console::runProgram<Console::SearchMain>();
+}

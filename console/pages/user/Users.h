@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "framework/input/ChecksInput.h"
+#include "gui/CGIRequester.h"
+
+/// The users of the console, as the board keeps them.
+namespace Console {
+
+/// What the board tells of a user.
+struct User {
+    std::string name;
+    std::string role;
+    std::string partitions;  ///< "1" or "0" for each partition
+    std::string language;
+};
+
+/// All users. A failure ends in the error page.
+std::vector<User> readUsers(ORVLib::Gui::CGIRequester& requester);
+
+/// The numbers of a user's partitions: "0, 3".
+std::string listPartitions(const std::string& partitions);
+
+/// Check boxes for the partitions that the board has. As a text: "1" or "0" for each partition that
+/// a board can have.
+class PartitionsInput : public ChecksInput {
+public:
+    /// Asks the board which it has. A failure ends in the error page.
+    PartitionsInput(const std::string& name, ORVLib::Gui::CGIRequester& requester);
+
+    void setText(const std::string& text) override;
+    std::string getText() const override;
+
+private:
+    std::vector<int> m_partitions;
+};
+
+}  // namespace Console
