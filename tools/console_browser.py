@@ -3,7 +3,7 @@
 import contextlib
 
 from selenium import webdriver
-from selenium.common.exceptions import WebDriverException
+from selenium.common.exceptions import StaleElementReferenceException, WebDriverException
 from selenium.webdriver.chrome.service import Service
 from selenium.webdriver.common.by import By
 from selenium.webdriver.support import expected_conditions
@@ -64,7 +64,9 @@ class ConsoleBrowser(contextlib.AbstractContextManager):
         self.wait(expected_conditions.frame_to_be_available_and_switch_to_it((By.NAME, frame)))
 
     def wait(self, condition):
-        return WebDriverWait(self.driver, WAIT_SECONDS).until(condition)
+        # A page that reloads itself may take what was found away.
+        return WebDriverWait(self.driver, WAIT_SECONDS, ignored_exceptions=(
+            StaleElementReferenceException,)).until(condition)
 
     def all(self, selector):
         return self.driver.find_elements(By.CSS_SELECTOR, selector)
