@@ -302,18 +302,14 @@ TEST(PreCheck, AsksAboutMaintenanceForTechnicalStaffOnly) {
         std::vector<std::string> responses;
         int verdict;
     };
-    for (const Case& c : {
-             Case{10, 0x80000000, {}, 2},
-             Case{11, STAFF, {}, 2},
-             Case{10, STAFF, {refused}, 2},
-             Case{30, STAFF, {modeWith(-1)}, 2},
-             Case{47, STAFF, {modeWith(16)}, 2},
-             Case{10, STAFF, {modeWith(17), refused}, 0},
-             Case{30, STAFF, {modeWith(32), powerWith(1)}, 1},
-             Case{47, STAFF, {modeWith(33), powerWith(-1)}, 1},
-             Case{47, 0xc0000000, {modeWith(33), powerWith(0)}, 0},
-             Case{10, STAFF, {modeWith(33), noComponent}, 0},
-         }) {
+    for (const Case& c :
+         {Case{10, 0x80000000, {}, 2}, Case{11, STAFF, {}, 2}, Case{10, STAFF, {refused}, 2},
+          Case{30, STAFF, {modeWith(-1)}, 2}, Case{47, STAFF, {modeWith(16)}, 2},
+          Case{10, STAFF, {modeWith(17), refused}, 0},
+          Case{30, STAFF, {modeWith(32), powerWith(1)}, 1},
+          Case{47, STAFF, {modeWith(33), powerWith(-1)}, 1},
+          Case{47, 0xc0000000, {modeWith(33), powerWith(0)}, 0},
+          Case{10, STAFF, {modeWith(33), noComponent}, 0}}) {
         const CapturedTrace trace;
         ScriptedDaemon daemon;
         CGIRequester requester("A");
@@ -335,14 +331,13 @@ TEST(Url, TakesItsSchemeFromTheHttpsPort) {
         std::string response;
         const char* url;
     };
-    for (const Case& c : {
-             Case{"443", head + message(0, word(443)), "https://board:443"},
-             Case{"80", head + message(0, word(443)), "http://board:80"},
-             Case{"4294967739", head + message(0, word(443)), "http://board:4294967739"},
-             Case{"443", head + message(0, word(443) + "x"), "http://board:443"},
-             Case{"443", message(0x02010073, ""), "http://board:443"},
-             Case{"-1", message(0x02010073, ""), "https://board:-1"},
-         }) {
+    for (const Case& c :
+         {Case{"443", head + message(0, word(443)), "https://board:443"},
+          Case{"80", head + message(0, word(443)), "http://board:80"},
+          Case{"4294967739", head + message(0, word(443)), "http://board:4294967739"},
+          Case{"443", head + message(0, word(443) + "x"), "http://board:443"},
+          Case{"443", message(0x02010073, ""), "http://board:443"},
+          Case{"-1", message(0x02010073, ""), "https://board:-1"}}) {
         const CapturedTrace trace;
         CgiRequest request;
         request.get("");

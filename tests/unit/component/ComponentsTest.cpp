@@ -39,21 +39,20 @@ TEST(TextString, IsEscapedAndColoured) {
         TextString text;
         const char* expected;
     };
-    for (const Case& c : {
-             Case{TextString("a<b c"), "a&lt;b&nbsp;c"},
-             Case{TextString("a<b c", false, true), "a<b c"},
-             Case{TextString("x", true, false, 0), "<font class=\"err_string\">x</font>"},
-             Case{TextString("x", false, false, 1), "<font class=\"warning_string\">x</font>"},
-             Case{TextString("x", false, false, 2), "<font class=\"degrade_string\">x</font>"},
-             Case{TextString("x", false, false, 3), "<font class=\"normal_green\">x</font>"},
-             Case{TextString("x", false, false, 4), "<font class=\"white_string\">x</font>"},
-             Case{TextString("<", false, true, 5), "<font class=\"mainte_string\"><</font>"},
-             Case{TextString("x", false, false, 6), "x"},
-             Case{TextString("x", false, false, INT_MAX), "x"},
-             Case{TextString("x", false, false, -1), "x"},
-             Case{TextString("x", false, false, INT_MIN), "x"},
-             Case{TextString(bytes("up to\0here")), "up&nbsp;to"},
-         }) {
+    for (const Case& c :
+         {Case{TextString("a<b c"), "a&lt;b&nbsp;c"},
+          Case{TextString("a<b c", false, true), "a<b c"},
+          Case{TextString("x", true, false, 0), "<font class=\"err_string\">x</font>"},
+          Case{TextString("x", false, false, 1), "<font class=\"warning_string\">x</font>"},
+          Case{TextString("x", false, false, 2), "<font class=\"degrade_string\">x</font>"},
+          Case{TextString("x", false, false, 3), "<font class=\"normal_green\">x</font>"},
+          Case{TextString("x", false, false, 4), "<font class=\"white_string\">x</font>"},
+          Case{TextString("<", false, true, 5), "<font class=\"mainte_string\"><</font>"},
+          Case{TextString("x", false, false, 6), "x"},
+          Case{TextString("x", false, false, INT_MAX), "x"},
+          Case{TextString("x", false, false, -1), "x"},
+          Case{TextString("x", false, false, INT_MIN), "x"},
+          Case{TextString(bytes("up to\0here")), "up&nbsp;to"}}) {
         EXPECT_EQ(printed(c.text), c.expected);
         EXPECT_EQ(printed(c.text), c.expected) << "printing must not change the text";
     }

@@ -44,16 +44,10 @@ TEST_F(ConfigurationPage, CarriesItsNextState) {
     };
     constexpr char STATE_3[] = R"(<input type="hidden" name="page_state" value="3">)";
     constexpr char STATE_4[] = R"(<input type="hidden" name="page_state" value="4">)";
-    for (const Case& c : {
-             Case{2, false, 3, STATE_3},
-             Case{2, true, 3, STATE_3},
-             Case{3, true, 3, STATE_3},
-             Case{3, false, 4, STATE_4},
-             Case{0, true, 0, "none"},
-             Case{1, false, -1, "none"},
-             Case{4, false, -1, "none"},
-             Case{-1, true, -1, "none"},
-         }) {
+    for (const Case& c :
+         {Case{2, false, 3, STATE_3}, Case{2, true, 3, STATE_3}, Case{3, true, 3, STATE_3},
+          Case{3, false, 4, STATE_4}, Case{0, true, 0, "none"}, Case{1, false, -1, "none"},
+          Case{4, false, -1, "none"}, Case{-1, true, -1, "none"}}) {
         TestPage fresh(messages, &state);
         EXPECT_EQ(fresh.getNextPageState(c.state, c.redisplay), c.next) << c.state;
         fresh.addNextPageItem(&c.state, c.redisplay);

@@ -42,21 +42,13 @@ TEST(Skeleton, MarkersAreReplaced) {
         std::string skeleton;
         std::string expected;
     };
-    for (const Case& c : {
-             Case{"", ""},
-             Case{bytes("no marker\r\n\0\xff"), bytes("no marker\r\n\0\xff")},
-             Case{"<$body$>$body$", "<B>B"},
-             Case{"$destination$", "iso-8859-1"},
-             Case{"$$ and $$body$$", "$ and $body$"},
-             Case{"a$unknown$b$null$c", "abc"},
-             Case{"$BODY$|$ body$", "|"},
-             Case{bytes("$odd\n\0 name$"), "O"},
-             Case{"open $body", "open B"},
-             Case{"open $unknown", "open "},
-             Case{"end$", "end$"},
-             Case{"$$$", "$$"},
-             Case{"$", "$"},
-         }) {
+    for (const Case& c :
+         {Case{"", ""}, Case{bytes("no marker\r\n\0\xff"), bytes("no marker\r\n\0\xff")},
+          Case{"<$body$>$body$", "<B>B"}, Case{"$destination$", "iso-8859-1"},
+          Case{"$$ and $$body$$", "$ and $body$"}, Case{"a$unknown$b$null$c", "abc"},
+          Case{"$BODY$|$ body$", "|"}, Case{bytes("$odd\n\0 name$"), "O"},
+          Case{"open $body", "open B"}, Case{"open $unknown", "open "}, Case{"end$", "end$"},
+          Case{"$$$", "$$"}, Case{"$", "$"}}) {
         EXPECT_EQ(pageOf(c.skeleton), c.expected) << c.skeleton;
     }
 }

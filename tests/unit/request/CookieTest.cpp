@@ -16,16 +16,10 @@ TEST(Cookie, IsReadFromTheStartOfTheHeader) {
         bool error;
         const char* sessionId;
     };
-    for (const Case& c : {
-             Case{"sid=ABC", false, "ABC"},
-             Case{"sid=", false, ""},
-             Case{"sid=ABC; x=1", false, "ABC; x=1"},
-             Case{"SID=ABC", true, ""},
-             Case{" sid=ABC", true, ""},
-             Case{"lang=en; sid=ABC", true, ""},
-             Case{"sid", true, ""},
-             Case{"", true, ""},
-         }) {
+    for (const Case& c : {Case{"sid=ABC", false, "ABC"}, Case{"sid=", false, ""},
+                          Case{"sid=ABC; x=1", false, "ABC; x=1"}, Case{"SID=ABC", true, ""},
+                          Case{" sid=ABC", true, ""}, Case{"lang=en; sid=ABC", true, ""},
+                          Case{"sid", true, ""}, Case{"", true, ""}}) {
         setenv("HTTP_COOKIE", c.header, 1);
         EXPECT_EQ(Cookie().isError(), c.error) << c.header;
         EXPECT_EQ(Cookie().getSessionId(), c.sessionId) << c.header;
