@@ -4,6 +4,7 @@
 #include "gui/FileField.h"
 #include "gui/Image.h"
 #include "gui/SelectFile.h"
+#include "support/Files.h"
 
 using namespace ORVLib::Gui;
 
@@ -44,16 +45,13 @@ std::string sizeOf(const Image& image) {
 }
 
 TEST(Image, TakesItsSizeFromItsName) {
-    struct Case {
-        const char* source;
-        const char* expected;
-    };
-    for (const Case& c :
-         {Case{"/img/name_120x40.gif", "120 by 40"}, Case{"a_1x1_b_3x4.tar.gz", "3 by 4.tar"},
-          Case{"name-120x40.gif", " by "}, Case{"name_120-40.gif", " by "},
-          Case{"name_120x40", " by "}, Case{"_x.", " by "}, Case{"1x2_3.4", "3.4 by 2_3"},
-          Case{"1.2x3_4", "4 by 3_4"}, Case{".x_", " by _"}, Case{"_.x", ". by "}}) {
-        EXPECT_EQ(sizeOf(Image(c.source)), c.expected) << c.source;
+    for (const TextCase& c :
+         {TextCase{"/img/name_120x40.gif", "120 by 40"},
+          TextCase{"a_1x1_b_3x4.tar.gz", "3 by 4.tar"}, TextCase{"name-120x40.gif", " by "},
+          TextCase{"name_120-40.gif", " by "}, TextCase{"name_120x40", " by "},
+          TextCase{"_x.", " by "}, TextCase{"1x2_3.4", "3.4 by 2_3"},
+          TextCase{"1.2x3_4", "4 by 3_4"}, TextCase{".x_", " by _"}, TextCase{"_.x", ". by "}}) {
+        EXPECT_EQ(sizeOf(Image(c.text)), c.expected) << c.text;
     }
 }
 

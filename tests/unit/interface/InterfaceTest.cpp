@@ -80,18 +80,6 @@ constexpr bool are(Value*... /*value*/) {
     return (std::is_same_v<Type, Value> && ...);
 }
 
-template <class... Class>
-constexpr bool areBases = (std::has_virtual_destructor_v<Class> && ...);
-static_assert(areBases<AbstractMain, CGIAuthority, FormInfo, HTMLCodeGenerator, HTMLComponent,
-                       HTMLPage, MessageMgr, ORVGUIUtil>);
-
-template <class Class, typename... Arguments>
-constexpr bool takes = std::is_constructible_v<Class, Arguments...>;
-static_assert(takes<CGIRequester> && takes<CGIRequester, const char*> && takes<Cookie>);
-static_assert(takes<FormInfo> && takes<HTMLPage, int> && takes<MessageMgr, int>);
-static_assert(takes<Image, Text, Text, bool, int, Text, Text> && takes<ORVGUIUtil>);
-static_assert(takes<JudgeAuthority, CGIAuthority*, int, int> && takes<TimeoutPage, MessageMgr&>);
-
 static_assert(is<bool() const>(&FormInfo::isPostMethod, &CGIAuthority::isSystemAdmin,
                                &CGIAuthority::isTechnicalStaff, &CGIAuthority::isGuest,
                                &CGIAuthority::isOperator, &CGIAuthority::isSomePartitionAdmin,

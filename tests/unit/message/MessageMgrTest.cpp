@@ -17,17 +17,12 @@ constexpr int MODULE = 0x803;
 const std::string FALLBACK = "failed to read string for CGI";
 const std::string FOLDER = TEST_SITE "/etc/orv/trace/";
 
-struct Escaped {
-    const char* text;
-    const char* expected;
-};
-
 TEST(ConvertHtml, EscapesWhatEndsATextOrAnAttribute) {
-    for (const Escaped& c :
-         {Escaped{"", ""}, Escaped{"plain", "plain"},
-          Escaped{"a<b & c", "a&lt;b&nbsp;&amp;&nbsp;c"}, Escaped{"&lt;", "&amp;lt;"},
-          Escaped{"\"x\" > 'y'", "&quot;x&quot;&nbsp;&gt;&nbsp;'y'"}, Escaped{"  ", "&nbsp;&nbsp;"},
-          Escaped{"\x01\n$\x7f\x80\xff", "\x01\n$\x7f\x80\xff"}}) {
+    for (const TextCase& c :
+         {TextCase{"", ""}, TextCase{"plain", "plain"},
+          TextCase{"a<b & c", "a&lt;b&nbsp;&amp;&nbsp;c"}, TextCase{"&lt;", "&amp;lt;"},
+          TextCase{"\"x\" > 'y'", "&quot;x&quot;&nbsp;&gt;&nbsp;'y'"},
+          TextCase{"  ", "&nbsp;&nbsp;"}, TextCase{"\x01\n$\x7f\x80\xff", "\x01\n$\x7f\x80\xff"}}) {
         std::string text = c.text;
         MessageMgr::convertHTML(text);
         EXPECT_EQ(text, c.expected);
@@ -35,9 +30,9 @@ TEST(ConvertHtml, EscapesWhatEndsATextOrAnAttribute) {
 }
 
 TEST(EncodeUrl, EncodesBlanksHashesAndHighBytesOnly) {
-    for (const Escaped& c :
-         {Escaped{"", ""}, Escaped{"a b#c", "a+b%23c"}, Escaped{"\xa4\x80\xff", "%A4%80%FF"},
-          Escaped{"50%", "50%"}, Escaped{"/x?a=1&b=+%20\x7f\n", "/x?a=1&b=+%20\x7f\n"}}) {
+    for (const TextCase& c :
+         {TextCase{"", ""}, TextCase{"a b#c", "a+b%23c"}, TextCase{"\xa4\x80\xff", "%A4%80%FF"},
+          TextCase{"50%", "50%"}, TextCase{"/x?a=1&b=+%20\x7f\n", "/x?a=1&b=+%20\x7f\n"}}) {
         std::string text = c.text;
         MessageMgr::encodeURL(text);
         EXPECT_EQ(text, c.expected);

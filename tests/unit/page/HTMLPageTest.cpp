@@ -38,18 +38,14 @@ std::string pageOf(const std::string& skeleton) {
 }
 
 TEST(Skeleton, MarkersAreReplaced) {
-    struct Case {
-        std::string skeleton;
-        std::string expected;
-    };
-    for (const Case& c :
-         {Case{"", ""}, Case{bytes("no marker\r\n\0\xff"), bytes("no marker\r\n\0\xff")},
-          Case{"<$body$>$body$", "<B>B"}, Case{"$destination$", "iso-8859-1"},
-          Case{"$$ and $$body$$", "$ and $body$"}, Case{"a$unknown$b$null$c", "abc"},
-          Case{"$BODY$|$ body$", "|"}, Case{bytes("$odd\n\0 name$"), "O"},
-          Case{"open $body", "open B"}, Case{"open $unknown", "open "}, Case{"end$", "end$"},
-          Case{"$$$", "$$"}, Case{"$", "$"}}) {
-        EXPECT_EQ(pageOf(c.skeleton), c.expected) << c.skeleton;
+    for (const TextCase& c :
+         {TextCase{"", ""}, TextCase{bytes("no marker\r\n\0\xff"), bytes("no marker\r\n\0\xff")},
+          TextCase{"<$body$>$body$", "<B>B"}, TextCase{"$destination$", "iso-8859-1"},
+          TextCase{"$$ and $$body$$", "$ and $body$"}, TextCase{"a$unknown$b$null$c", "abc"},
+          TextCase{"$BODY$|$ body$", "|"}, TextCase{bytes("$odd\n\0 name$"), "O"},
+          TextCase{"open $body", "open B"}, TextCase{"open $unknown", "open "},
+          TextCase{"end$", "end$"}, TextCase{"$$$", "$$"}, TextCase{"$", "$"}}) {
+        EXPECT_EQ(pageOf(c.text), c.expected) << c.text;
     }
 }
 

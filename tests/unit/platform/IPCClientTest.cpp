@@ -146,16 +146,6 @@ TEST(IPCClient, RefusesMessagesThatAreCutDamagedOrTooLong) {
     }
 }
 
-TEST(IPCClient, ReportsADaemonThatGoesAway) {
-    auto daemon = std::make_unique<ScriptedDaemon>();
-    const auto connection = connect();
-    daemon.reset();
-    EXPECT_EQ(detailOf([&] { connection->getNextRequestSize(false); }), 1026U);
-    EXPECT_EQ(detailOf([&] { connection->sendRequest(TYPE, "hello", 5); }), 1026U);
-    setenv("ORV_IPC_SOCKET", std::string(200, 'x').c_str(), 1);
-    EXPECT_EQ(detailOf(connect), 1025U);
-}
-
 // The limit is 200 ms for an exchange; a byte now and then does not prolong it.
 TEST(IPCClient, DoesNotWaitForEver) {
     const std::string longest(MAX_PAYLOAD_SIZE, 'x');

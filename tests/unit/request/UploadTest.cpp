@@ -268,51 +268,43 @@ TEST(Upload, GoesWithItsOwnProcessAndWithAFullStack) {
 TEST(Multipart, PartsThatMakeNoSenseEndTheParsingSafely) {
     const std::string good = fieldPart("B", "a", "1");
     const std::string disposition = "--B\r\nContent-Disposition: form-data; ";
-    struct Case {
-        std::string body;
-        const char* fields;
-    };
-    for (const Case& c :
-         {Case{"", ""}, Case{"no boundary at all", ""},
-          Case{good + fieldPart("B", "a", "2") + closing("B"), "a=2"},
-          Case{
+    for (const TextCase& c :
+         {TextCase{"", ""}, TextCase{"no boundary at all", ""},
+          TextCase{good + fieldPart("B", "a", "2") + closing("B"), "a=2"},
+          TextCase{
               good + fieldPart("B", "b", "one\r\ntwo") + fieldPart("B", "c", "+%41") + closing("B"),
               "a=1&b=one&c=+%41"},
-          Case{good + "--B\r\nContent-Type: text/plain\r\n\r\nx\r\n" + fieldPart("B", "b", "2"),
-               "a=1"},
-          Case{good + disposition + "name=\"\r\n\r\nx\r\n" + fieldPart("B", "b", "2"), "a=1"},
-          Case{good + disposition + "name=\"open\r\n\r\nx\r\n" + closing("B"), "a=1&ope=x"},
-          Case{good + disposition + "name=\"b", "a=1"},
-          Case{good + disposition + "name=\"b\"\r\n", "a=1"},
-          Case{good + disposition + "name=\"b\"\r\n\r\n", "a=1"},
-          Case{good + disposition + "name=\"b\"\r\n\r\nx\r\n", "a=1"},
-          Case{good + disposition + "name=\"b\"\r\nContent-Type: text/plain\r\nX: y\r\n\r\nx\r\n" +
-                   closing("B"),
-               "a=1&b=x"},
-          Case{good + fieldPart("B", "b", bytes("x\0y")) + closing("B"), "a=1&b=x"},
-          Case{good + fieldPart("B", bytes("b\0c"), "x") + closing("B"), "a=1"},
-          Case{good + fieldPart("B", "b", std::string(BUFFER, 'x')) + fieldPart("B", "c", "3"),
-               "a=1"},
-          Case{good + disposition + "name=\"" + std::string(BUFFER, 'n'), "a=1"}}) {
+          TextCase{good + "--B\r\nContent-Type: text/plain\r\n\r\nx\r\n" + fieldPart("B", "b", "2"),
+                   "a=1"},
+          TextCase{good + disposition + "name=\"\r\n\r\nx\r\n" + fieldPart("B", "b", "2"), "a=1"},
+          TextCase{good + disposition + "name=\"open\r\n\r\nx\r\n" + closing("B"), "a=1&ope=x"},
+          TextCase{good + disposition + "name=\"b", "a=1"},
+          TextCase{good + disposition + "name=\"b\"\r\n", "a=1"},
+          TextCase{good + disposition + "name=\"b\"\r\n\r\n", "a=1"},
+          TextCase{good + disposition + "name=\"b\"\r\n\r\nx\r\n", "a=1"},
+          TextCase{good + disposition +
+                       "name=\"b\"\r\nContent-Type: text/plain\r\nX: y\r\n\r\nx\r\n" + closing("B"),
+                   "a=1&b=x"},
+          TextCase{good + fieldPart("B", "b", bytes("x\0y")) + closing("B"), "a=1&b=x"},
+          TextCase{good + fieldPart("B", bytes("b\0c"), "x") + closing("B"), "a=1"},
+          TextCase{good + fieldPart("B", "b", std::string(BUFFER, 'x')) + fieldPart("B", "c", "3"),
+                   "a=1"},
+          TextCase{good + disposition + "name=\"" + std::string(BUFFER, 'n'), "a=1"}}) {
         CgiRequest request;
-        request.postMultipart("B", c.body);
-        EXPECT_EQ(FormInfo().getQueryString(), c.fields) << c.body.substr(0, 200);
+        request.postMultipart("B", c.text);
+        EXPECT_EQ(FormInfo().getQueryString(), c.expected) << c.text.substr(0, 200);
     }
 }
 
 TEST(Multipart, AFileWithoutItsLastMarkerEndsAtTheBody) {
     const std::string body = filePart("BOUND", "f", "content");  // ends with CR LF
-    struct Case {
-        std::string end;
-        const char* content;
-    };
-    for (const Case& c :
-         {Case{"--BOUND--\r\n", "content"}, Case{"--BOUND--\r", "content"},
-          Case{"--BOUND--", "content"}, Case{"and more 12345678901", "content\r\nand more "}}) {
+    for (const TextCase& c : {TextCase{"--BOUND--\r\n", "content"},
+                              TextCase{"--BOUND--\r", "content"}, TextCase{"--BOUND--", "content"},
+                              TextCase{"and more 12345678901", "content\r\nand more "}}) {
         const CapturedTrace trace;
-        EXPECT_EQ(received("BOUND", body + c.end).content, c.content) << c.end;
+        EXPECT_EQ(received("BOUND", body + c.text).content, c.expected) << c.text;
         EXPECT_EQ(trace.has(0, MODULE, "FormInfo::setUploadedFileInfo() Nomore data"),
-                  c.end != "--BOUND--\r\n");
+                  c.text != "--BOUND--\r\n");
     }
     const CapturedTrace trace;
     const std::string headers = body.substr(0, body.find("content"));
