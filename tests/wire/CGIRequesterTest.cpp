@@ -50,12 +50,13 @@ std::string withoutProcess(std::string request) {
     return request.replace(8, 4, 4, '\0');
 }
 
+/// What an operation that succeeds asks for.
 std::string asked(const std::string& response,
-                  const std::function<void(CGIRequester&)>& operation) {
+                  const std::function<unsigned int(CGIRequester&)>& operation) {
     ScriptedDaemon daemon;
     CGIRequester requester((SID + "cut off").c_str());
+    const auto requests = daemon.serve({response}, [&] { EXPECT_EQ(operation(requester), 1U); });
     EXPECT_EQ(requester.getSessionId(), SID);
-    const auto requests = daemon.serve({response}, [&] { operation(requester); });
     return requests.empty() ? "" : withoutProcess(requests[0]);
 }
 
@@ -66,7 +67,7 @@ std::string header(unsigned int procedure) {
 TEST(Exchange, SendsAndFillsExactlyThis) {
     int language = -1;
     EXPECT_EQ(asked(message(0x02010001, telegram("", '\xff')),
-                    [&](CGIRequester& r) { EXPECT_EQ(r.getLanguage(language), 1U); }),
+                    [&](CGIRequester& r) { return r.getLanguage(language); }),
               header(0x02010001));
     EXPECT_EQ(language, 255);
 
@@ -75,16 +76,14 @@ TEST(Exchange, SendsAndFillsExactlyThis) {
         padded(std::string(32, 'u'), 36) + padded("p w", 36) + padded(std::string(128, 'c'), 132);
     EXPECT_EQ(asked(message(0x02010002, telegram(std::string(32, 's'), 2)),
                     [&](CGIRequester& r) {
-                        EXPECT_EQ(r.login(std::string(40, 'u'), bytes("p w\0x"),
-                                          std::string(300, 'c'), language, sessionId),
-                                  1U);
-                        EXPECT_EQ(r.getSessionId(), SID);
+                        return r.login(std::string(40, 'u'), bytes("p w\0x"), std::string(300, 'c'),
+                                       language, sessionId);
                     }),
               header(0x02010002) + message(0x02010002, record));
     EXPECT_EQ(language, 2);
     EXPECT_EQ(sessionId, std::string(32, 's'));
 
-    EXPECT_EQ(asked(header(0x02010004), [](CGIRequester& r) { EXPECT_EQ(r.logout(), 1U); }),
+    EXPECT_EQ(asked(header(0x02010004), [](CGIRequester& r) { return r.logout(); }),
               header(0x02010004));
 
     unsigned int interval = 0;
@@ -96,9 +95,8 @@ TEST(Exchange, SendsAndFillsExactlyThis) {
     for (const bool option : {true, false}) {
         EXPECT_EQ(asked(answer,
                         [&](CGIRequester& r) {
-                            EXPECT_EQ(r.checkSession(language, interval,
-                                                     option ? &authority : nullptr, option),
-                                      1U);
+                            return r.checkSession(language, interval, option ? &authority : nullptr,
+                                                  option);
                         }),
                   everyRight + message(0x02010005, option ? bytes("\1") : bytes("\0")));
         EXPECT_EQ(language, 1);
@@ -109,10 +107,9 @@ TEST(Exchange, SendsAndFillsExactlyThis) {
     EXPECT_EQ(rights.partitions, 0x12U);
 
     char user[5] = {};
-    EXPECT_EQ(
-        asked(message(0x02010025, telegram(SID, 3, 0x10000000)) + message(0, "user"),
-              [&](CGIRequester& r) { EXPECT_EQ(r.getUserInfo(language, authority, user), 1U); }),
-        header(0x02010025));
+    EXPECT_EQ(asked(message(0x02010025, telegram(SID, 3, 0x10000000)) + message(0, "user"),
+                    [&](CGIRequester& r) { return r.getUserInfo(language, authority, user); }),
+              header(0x02010025));
     EXPECT_STREQ(user, "user");
     EXPECT_TRUE(authority.isOperator());
 }
@@ -144,8 +141,7 @@ TEST(Exchange, CarriesInformationItems) {
     for (const Case& c : cases) {
         item = Raw();
         std::memset(raw, 0, sizeof raw);
-        const std::string request = asked(header(ITEM) + message(ITEM, "answer"),
-                                          [&](CGIRequester& r) { EXPECT_EQ(c.operation(r), 1U); });
+        const std::string request = asked(header(ITEM) + message(ITEM, "answer"), c.operation);
         EXPECT_EQ(request, header(ITEM) + (c.payload.empty() ? "" : message(ITEM, c.payload)));
         EXPECT_STREQ(raw, c.raw);
         EXPECT_EQ(item.bytes(), c.item);
