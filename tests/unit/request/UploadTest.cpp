@@ -151,7 +151,7 @@ TEST(Upload, KeepsTheNameWithoutFoldersAndTheContentThatCameLast) {
     }
 }
 
-TEST(Upload, FileIsTheOwnersAloneAndGoesWithTerminateOnce) {
+TEST(Upload, FileIsTheOwnersAlone) {
     CgiRequest request;
     request.postMultipart("B", filePart("B", "f", "x") + closing("B"));
     FormInfo form;
@@ -160,6 +160,7 @@ TEST(Upload, FileIsTheOwnersAloneAndGoesWithTerminateOnce) {
     struct stat status {};
     ASSERT_EQ(lstat(path.c_str(), &status), 0);
     EXPECT_EQ(status.st_mode, S_IFREG | 0600U);
+    // Once it is deleted, a file of the same name is somebody else's.
     form.terminate();
     EXPECT_FALSE(std::filesystem::exists(path));
     EXPECT_EQ(form.getTemporaryFilePath(), "");
