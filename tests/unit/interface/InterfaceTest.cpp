@@ -6,38 +6,19 @@
 #include <iomanip>
 
 #include "gui/AbstractMain.h"
-#include "gui/Button.h"
 #include "gui/CGIRequester.h"
-#include "gui/CheckBox.h"
 #include "gui/Cookie.h"
-#include "gui/DateField.h"
-#include "gui/FileField.h"
 #include "gui/FormInfo.h"
-#include "gui/Frame.h"
-#include "gui/HiddenField.h"
-#include "gui/HyperLink.h"
-#include "gui/IPAddrMaskField.h"
-#include "gui/Image.h"
-#include "gui/JsFunction.h"
 #include "gui/JudgeAuthority.h"
 #include "gui/MaintenanceMode.h"
 #include "gui/MenuData.h"
-#include "gui/MetaTag.h"
 #include "gui/ORVGUIUtil.h"
 #include "gui/OutlineFramePage.h"
-#include "gui/PasswordField.h"
-#include "gui/RadioButton.h"
-#include "gui/ResetButton.h"
-#include "gui/SelectFile.h"
-#include "gui/SelectMenu.h"
-#include "gui/SubmitButton.h"
-#include "gui/TextField.h"
-#include "gui/TextString.h"
-#include "gui/TimeField.h"
 #include "gui/TimeoutPage.h"
 #include "orv/PException.h"
 #include "support/Captured.h"
 #include "support/CgiRequest.h"
+#include "support/Components.h"
 
 using namespace ORVLib;
 using namespace ORVLib::Gui;
@@ -79,18 +60,6 @@ template <typename Type, typename... Value>
 constexpr bool are(Value*... /*value*/) {
     return (std::is_same_v<Type, Value> && ...);
 }
-
-template <class... Class>
-constexpr bool areBases = (std::has_virtual_destructor_v<Class> && ...);
-static_assert(areBases<AbstractMain, CGIAuthority, FormInfo, HTMLCodeGenerator, HTMLComponent,
-                       HTMLPage, MessageMgr, ORVGUIUtil>);
-
-template <class Class, typename... Arguments>
-constexpr bool takes = std::is_constructible_v<Class, Arguments...>;
-static_assert(takes<CGIRequester> && takes<CGIRequester, const char*> && takes<Cookie>);
-static_assert(takes<FormInfo> && takes<HTMLPage, int> && takes<MessageMgr, int>);
-static_assert(takes<Image, Text, Text, bool, int, Text, Text> && takes<ORVGUIUtil>);
-static_assert(takes<JudgeAuthority, CGIAuthority*, int, int> && takes<TimeoutPage, MessageMgr&>);
 
 static_assert(is<bool() const>(&FormInfo::isPostMethod, &CGIAuthority::isSystemAdmin,
                                &CGIAuthority::isTechnicalStaff, &CGIAuthority::isGuest,

@@ -21,17 +21,10 @@ TEST(Csv, FindsTheFirstRecordOfAColumn) {
         const char* key;
         const char* record;
     };
-    for (const Case& c : {
-             Case{0, "a", "a,1,x"},
-             Case{0, "q,\"uo\nted", "q,\"uo\nted,2"},
-             Case{1, "3", "a,3"},
-             Case{0, "last", "last,4"},
-             Case{1, "empty", ",empty"},
-             Case{2, "x", "a,1,x"},
-             Case{3, "x", nullptr},
-             Case{-1, "a", nullptr},
-             Case{0, "1", nullptr},
-         }) {
+    for (const Case& c :
+         {Case{0, "a", "a,1,x"}, Case{0, "q,\"uo\nted", "q,\"uo\nted,2"}, Case{1, "3", "a,3"},
+          Case{0, "last", "last,4"}, Case{1, "empty", ",empty"}, Case{2, "x", "a,1,x"},
+          Case{3, "x", nullptr}, Case{-1, "a", nullptr}, Case{0, "1", nullptr}}) {
         std::string record = "untouched";
         EXPECT_EQ(csv.searchRecord(c.column, c.key, record), c.record != nullptr) << c.key;
         EXPECT_EQ(record, c.record != nullptr ? c.record : "untouched");

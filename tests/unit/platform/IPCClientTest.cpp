@@ -9,7 +9,6 @@
 #include <thread>
 #include <vector>
 
-#include "IpcServer.h"
 #include "MessageStream.h"
 #include "orv/ORVIpc.h"
 #include "support/ScriptedDaemon.h"
@@ -31,34 +30,8 @@ const std::string EMPTY_AND_HELLO =
     "hello"s;
 const std::string HELLO = EMPTY_AND_HELLO.substr(8);
 
-/// When the newest connection was asked for, with which its time limit begins.
-Clock::time_point connecting;
-
 std::unique_ptr<IPCConnection> connect() {
-    connecting = Clock::now();
     return std::unique_ptr<IPCConnection>(IPCClient::getNewConnection(0x201, 0x202));
-}
-
-/// Runs `operation` on a connection over which byte by byte comes.
-template <typename Operation>
-void serveDripping(const std::string& bytes, std::chrono::milliseconds pause, Operation operation) {
-    const std::string path = "/tmp/ipc" + std::to_string(getpid());
-    setenv("ORV_IPC_SOCKET", path.c_str(), 1);
-    IpcServer server(path);
-    unlink((path + ".lock").c_str());
-    auto connection = connect();
-    const FileDescriptor socket = server.accept();
-    std::thread peer([&] {
-        for (const char& byte : bytes) {
-            if (send(socket.get(), &byte, 1, MSG_NOSIGNAL) != 1) {
-                return;  // the client gave up
-            }
-            std::this_thread::sleep_for(pause);
-        }
-    });
-    operation(*connection);
-    connection.reset();
-    peer.join();
 }
 
 /// The error number an operation ends with, 0 for none.
@@ -123,15 +96,17 @@ TEST(IPCClient, FramesWhatItSends) {
 
 TEST(IPCClient, PutsMessagesTogetherFromPieces) {
     const Interruptions interruptions;
-    const auto receive = [](IPCConnection& connection) {
-        expectMessage(connection, NEGATIVE_TYPE, "");
-        EXPECT_EQ(connection.getNextRequestSize(true), 5);
-        EXPECT_EQ(connection.getNextRequestSize(false), 5);
-        expectMessage(connection, TYPE, "hello");
-        expectMessage(connection, TYPE, "hello");
-        EXPECT_EQ(connection.getNextRequestSize(false), 0);
-    };
-    serveDripping(EMPTY_AND_HELLO + HELLO, std::chrono::milliseconds(2), receive);
+    ScriptedDaemon daemon;
+    daemon.pause = std::chrono::milliseconds(2);
+    daemon.serve({EMPTY_AND_HELLO + HELLO}, [] {
+        const auto connection = connect();
+        expectMessage(*connection, NEGATIVE_TYPE, "");
+        EXPECT_EQ(connection->getNextRequestSize(true), 5);
+        EXPECT_EQ(connection->getNextRequestSize(false), 5);
+        expectMessage(*connection, TYPE, "hello");
+        expectMessage(*connection, TYPE, "hello");
+        EXPECT_EQ(connection->getNextRequestSize(false), 0);
+    });
 }
 
 TEST(IPCClient, CarriesTheLongestMessageBothWays) {
@@ -171,46 +146,32 @@ TEST(IPCClient, RefusesMessagesThatAreCutDamagedOrTooLong) {
     }
 }
 
-TEST(IPCClient, ReportsADaemonThatGoesAway) {
-    auto daemon = std::make_unique<ScriptedDaemon>();
-    const auto connection = connect();
-    daemon.reset();
-    EXPECT_EQ(detailOf([&] { connection->getNextRequestSize(false); }), 1026U);
-    EXPECT_EQ(detailOf([&] { connection->sendRequest(TYPE, "hello", 5); }), 1026U);
-    setenv("ORV_IPC_SOCKET", std::string(200, 'x').c_str(), 1);
-    EXPECT_EQ(detailOf(connect), 1025U);
-}
-
-void expectTimeLimit(const std::function<void()>& operation) {
-    const Interruptions interruptions;
-    EXPECT_EQ(detailOf(operation), 1029U);
-    EXPECT_GE(Clock::now() - connecting, std::chrono::milliseconds(200));
-    EXPECT_LT(Clock::now() - connecting, std::chrono::milliseconds(900));
-}
-
 // The limit is 200 ms for an exchange; a byte now and then does not prolong it.
 TEST(IPCClient, DoesNotWaitForEver) {
     const std::string longest(MAX_PAYLOAD_SIZE, 'x');
     const auto send = [&](IPCConnection& peer) {
-        expectTimeLimit([&] { peer.sendRequest(TYPE, longest.data(), MAX_PAYLOAD_SIZE); });
+        peer.sendRequest(TYPE, longest.data(), MAX_PAYLOAD_SIZE);
     };
-    const auto peek = [](IPCConnection& peer) {
-        expectTimeLimit([&] { peer.getNextRequestSize(true); });
-    };
+    const auto peek = [](IPCConnection& peer) { peer.getNextRequestSize(true); };
     const auto take = [](IPCConnection& peer) {
         char buffer[5];
         int type = 0;
-        expectTimeLimit([&] { peer.receiveRequest(type, buffer, sizeof buffer); });
+        peer.receiveRequest(type, buffer, sizeof buffer);
     };
-    for (const auto& operation :
-         std::vector<std::function<void(IPCConnection&)>>{send, peek, take}) {
-        const ScriptedDaemon silent;
+    const auto expectLimit = [](const std::function<void(IPCConnection&)>& operation) {
+        const Interruptions interruptions;
+        const auto begin = Clock::now();
+        const auto connection = connect();
+        EXPECT_EQ(detailOf([&] { operation(*connection); }), 1029U);
+        EXPECT_GE(Clock::now() - begin, std::chrono::milliseconds(200));
+        EXPECT_LT(Clock::now() - begin, std::chrono::milliseconds(900));
+    };
+    for (const auto& operation : {std::function<void(IPCConnection&)>(send), {peek}, {take}}) {
+        ScriptedDaemon daemon;
         setenv("ORV_IPC_TIMEOUT_MS", "200", 1);
-        operation(*connect());
-    }
-    setenv("ORV_IPC_TIMEOUT_MS", "200", 1);
-    for (const auto& operation : std::vector<std::function<void(IPCConnection&)>>{peek, take}) {
-        serveDripping(HELLO.substr(0, 12), std::chrono::milliseconds(100), operation);
+        expectLimit(operation);  // nobody accepts
+        daemon.pause = std::chrono::milliseconds(100);
+        daemon.serve({"", HELLO.substr(0, 12)}, [&] { expectLimit(operation); });
     }
 }
 

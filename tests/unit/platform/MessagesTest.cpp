@@ -44,8 +44,7 @@ TEST(LogText, IsCutAtTheBuffersEnd) {
               std::string(ORV_MESSAGE_SIZE - 1, 'x'));
 }
 
-// Every message that the library and the console show stands in both languages, the Japanese one in
-// EUC-JP. An event's message takes one text, the detail, in which nothing is a format.
+// Every message that the library and the console show exists in both languages.
 TEST(OperatorText, ExistsInBothLanguages) {
     for (const int messageId :
          {1, 2, 11, 13, 14, 20, 24, 78, 79, 105, 360, 361, 362, 1103, 1104, 1105, 1202}) {
@@ -55,6 +54,7 @@ TEST(OperatorText, ExistsInBothLanguages) {
     EXPECT_EQ(operatorText(1, 9999), "message 9999");
 }
 
+// One text, in which nothing is a format.
 TEST(OperatorText, TakesTheDetailOfAnEvent) {
     constexpr char ENGLISH_DETAIL[] = "100%n %s%%";
     constexpr char JAPANESE_DETAIL[] = "\xbe\xdc\xba\xd9";

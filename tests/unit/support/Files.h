@@ -13,6 +13,12 @@ inline std::string readFile(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
+/// A text and what comes of it.
+struct TextCase {
+    std::string text;
+    std::string expected;
+};
+
 /// A text of bytes that may hold NUL: bytes("a\0b").
 template <std::size_t SIZE>
 std::string bytes(const char (&text)[SIZE]) {

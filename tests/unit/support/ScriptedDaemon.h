@@ -5,6 +5,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -73,6 +74,9 @@ public:
     ScriptedDaemon(const ScriptedDaemon&) = delete;
     ScriptedDaemon& operator=(const ScriptedDaemon&) = delete;
 
+    /// When not zero, a response comes byte by byte with this pause after each.
+    std::chrono::milliseconds pause{0};
+
     /// What a script does once it has sent its response.
     enum Then { KEEP_OPEN, HANG_UP };
 
@@ -98,9 +102,14 @@ public:
     }
 
 private:
-    static std::string answer(int client, const std::string& response, Then then) {
-        // The library may have given up already.
-        static_cast<void>(!send(client, response.data(), response.size(), MSG_NOSIGNAL));
+    std::string answer(int client, const std::string& response, Then then) const {
+        const std::size_t piece = pause.count() > 0 ? 1 : response.size();
+        for (std::size_t at = 0; at < response.size(); at += piece) {
+            if (send(client, &response[at], piece, MSG_NOSIGNAL) < 0) {
+                break;  // the library has given up
+            }
+            std::this_thread::sleep_for(pause);
+        }
         if (then == HANG_UP) {
             shutdown(client, SHUT_WR);
         }

@@ -1,0 +1,28 @@
+#pragma once
+
+// Every component.
+
+#include "gui/Button.h"
+#include "gui/CheckBox.h"
+#include "gui/DateField.h"
+#include "gui/EmailAddressField.h"
+#include "gui/FileField.h"
+#include "gui/Frame.h"
+#include "gui/HiddenField.h"
+#include "gui/HyperLink.h"
+#include "gui/IPAddrMaskField.h"
+#include "gui/IPAddressField.h"
+#include "gui/Image.h"
+#include "gui/InetAddressField.h"
+#include "gui/JsFunction.h"
+#include "gui/MetaTag.h"
+#include "gui/PasswordField.h"
+#include "gui/PortNumberField.h"
+#include "gui/RadioButton.h"
+#include "gui/ResetButton.h"
+#include "gui/SelectFile.h"
+#include "gui/SelectMenu.h"
+#include "gui/SubmitButton.h"
+#include "gui/TextField.h"
+#include "gui/TextString.h"
+#include "gui/TimeField.h"
