@@ -1,4 +1,4 @@
-"""Settings pages, one after the other: what is set stays, what anybody types is text."""
+"""Settings pages, one after the other: what anybody types is text."""
 
 import unittest
 
@@ -23,27 +23,6 @@ class Settings(BrowserCase):
                     with self.subTest(page=page.path):
                         self.browser.open(page.path)
                         check(page)
-
-    def values(self, page):
-        return {name: self.browser.value(name) for name in page.kept}
-
-    def test_a_setting_is_found_again_after_a_restart(self):
-        self.for_each_page(self.change)
-        self.site.restart_board()
-        self.for_each_page(lambda page: self.assertEqual(self.values(page), page.kept))
-
-    def change(self, page):
-        self.assertNotEqual(self.values(page), page.kept)
-        self.browser.fill(page.valid)
-        self.browser.press("submit")
-        self.assertEqual([error.text for error in self.browser.all(".err_string")], [])
-        self.browser.press("back")
-        self.assertEqual(self.values(page), page.kept)
-        self.browser.press("submit")
-        self.browser.press("submit")
-        self.browser.one("[role=status]")
-        self.browser.press("OK")
-        self.assertEqual(self.values(page), page.kept)
 
     def test_what_is_typed_stays_text(self):
         self.for_each_page(lambda page: self.assertTextsStayTexts(page, NASTY_TEXTS))

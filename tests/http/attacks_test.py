@@ -14,6 +14,7 @@ from site_case import SiteCase, running_pages
 STATUS, INSPECTOR = "/system/sys_status.cgi", "/common/request.cgi"
 TIMEOUT, STYLES = "/common/timeout.cgi", "/default.css"
 FORM_LIMIT = 65536
+LIMIT = 30  # of an answer, in seconds
 OTHER_ADDRESS = "127.0.0.2"
 PLACES_OF_AN_ADDRESS = 96
 ENTRIES_A_MINUTE = 60
@@ -23,10 +24,10 @@ SECURITY_HEADERS = (b"X-Content-Type-Options: nosniff", b"Referrer-Policy: same-
 
 
 class Attacks(SiteCase):
-    environment = {"ORV_IPC_TIMEOUT_MS": 1000}
+    environment = {"ORV_IPC_TIMEOUT_MS": 8000}  # pages start slowly under a sanitizer
 
     def connect(self, request, address="127.0.0.1"):
-        connection = socket.create_connection(("127.0.0.1", self.site.port), 10, (address, 0))
+        connection = socket.create_connection(("127.0.0.1", self.site.port), LIMIT, (address, 0))
         self.addCleanup(connection.close)
         connection.sendall(request)
         return connection
@@ -37,7 +38,7 @@ class Attacks(SiteCase):
 
     def serve_other(self, path):
         """Status and duration of another client's request."""
-        connection = http.client.HTTPConnection("127.0.0.1", self.site.port, timeout=10,
+        connection = http.client.HTTPConnection("127.0.0.1", self.site.port, timeout=LIMIT,
                                                 source_address=(OTHER_ADDRESS, 0))
         begun = time.monotonic()
         connection.request("GET", path)
@@ -87,8 +88,8 @@ class Attacks(SiteCase):
         request = f"GET {STATUS} HTTP/1.1\r\nHost: a\r\nCookie: sid=x\r\nConnection: close\r\n\r\n"
         self.site.board.send_signal(signal.SIGSTOP)
         self.addCleanup(self.site.board.send_signal, signal.SIGCONT)
-        waiting = [self.connect(request.encode()) for _ in range(300)]
-        refused = [waited.recv(4096) for waited in waiting[-50:]]  # while the first ones still wait
+        waiting = [self.connect(request.encode()) for _ in range(PLACES_OF_AN_ADDRESS + 30)]
+        refused = [waited.recv(4096) for waited in waiting[-20:]]  # while the first ones still wait
         self.assertEqual({(b" 503 " in head, b"Retry-After: 2" in head) for head in refused},
                          {(True, True)})
         self.assertLessEqual(len(running_pages()), PLACES_OF_AN_ADDRESS + 10)
@@ -110,7 +111,7 @@ class Attacks(SiteCase):
         with unittest.mock.patch("console_site.LARGEST_LOG", 0):
             self.site.rotate_logs()
         self.assertTrue(self.site.trace_log.with_name("trace.log.1").exists())
-        deadline = time.monotonic() + 10
+        deadline = time.monotonic() + LIMIT
         while not self.trace_log():
             self.assertLess(time.monotonic(), deadline)
             self.connect(request, "127.0.0.4").recv(4096)

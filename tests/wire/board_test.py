@@ -194,32 +194,9 @@ class BoardTest(BoardCase):
         for _ in range(100):
             self.check(session)
         self.assertLess(time.monotonic() - begin, 0.9)
+        self.assertEqual(silent[0].recv(1), b"")  # the oldest one makes way at once
         self.assertEqual(silent[-2].recv(1), b"")  # dropped after its second
-        self.assertLess(time.monotonic() - begin, 3)
-
-    def test_of_too_many_clients_the_oldest_goes(self):
-        self.start("--client-timeout", "60000")
-        session = self.login().session
-        silent = [self.connect() for _ in range(130)]
-        self.check(session)
-        self.assertEqual(silent[0].recv(1), b"")
-
-    def test_logins_hold_up_no_check_and_nobody_gets_anothers_verdict(self):
-        self.start()
-        session = self.login().session
-        logins = [message(LOGIN, telegram()) + message(LOGIN, login_record(b"%d" % n, b"guess"))
-                  for n in range(80)]  # more than wait at a time
-        waiting = [self.connect(login) for login in logins[:60]]
-        self.check(session)
-        waiting[0].setblocking(False)
-        with self.assertRaises(BlockingIOError):
-            waiting[0].recv(1)  # its turn has not come
-        for connection in waiting:
-            connection.close()
-        self.assertRefused(REFUSED, self.login, b"admin", b"guess")
-        for login in logins:
-            self.connect(login).close()
-        self.login()
+        self.assertTrue(0.5 < time.monotonic() - begin < 3)
 
     def test_a_fault_is_that_of_its_procedure(self):
         self.start("--fault", "0x020100B4:error", "--fault", "20100d1:wrong-type")
