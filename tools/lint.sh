@@ -9,6 +9,7 @@ sources() {
 }
 
 status=0
+/usr/bin/python3 -B tools/check_includes.py || status=1
 find bench docs tests tools -name "*.py" -print0 | xargs -0 pyflakes3 || status=1
 grep -lE '^#(!/usr/bin/env | shellcheck shell=)bash' run test .ci/run ./*/run docs/* tools/* tests/* \
     2>/dev/null | xargs shellcheck -x || status=1
