@@ -81,6 +81,16 @@ bool isAuthorised(Function function) {
            mayUse(requester, authority, function);
 }
 
+/// Lets the page wait a second for the board, unless it waits less already.
+void shortenWait() {
+    constexpr char NAME[] = "ORV_IPC_TIMEOUT_MS";
+    constexpr long SHORT_MS = 1000;
+    const std::string_view set = variable(NAME);
+    if (set.empty() || std::strtol(set.data(), nullptr, 10) > SHORT_MS) {
+        setenv(NAME, std::to_string(SHORT_MS).c_str(), 1);
+    }
+}
+
 /// Lets a log or a page that cannot be written be a failed write, not the end of the program.
 void ignoreOutputSignals() {
     std::signal(SIGPIPE, SIG_IGN);
@@ -98,6 +108,9 @@ std::optional<int> admitRequest(const RequestRules& rules) {
     limitResources();
     if (!takePlace(rules.places)) {
         return refuse("too many pages run at a time", BUSY, TEXT_CONSOLE_BUSY);
+    }
+    if (rules.places == Places::RESERVED) {
+        shortenWait();
     }
     if (isCrossSitePost()) {
         return refuse("another site made it", FORBIDDEN, TEXT_FORM_CUT_OFF);

@@ -17,7 +17,8 @@ struct RequestRules {
     bool takesFile = false;
     /// The function whose right a user needs before a body is read; without one, nobody is asked.
     std::optional<Function> function;
-    /// Pages that are answered when all others have to wait.
+    /// Pages that are answered when all others have to wait have reserved places; they wait for a
+    /// board that hangs for a second only.
     Places places = Places::ORDINARY;
 };
 
