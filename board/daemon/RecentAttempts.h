@@ -8,8 +8,8 @@ namespace ORVLib::Board {
 
 /// How often sources have tried passwords lately. Each count halves within HALF_LIFE.
 ///
-/// A source is a number, a digest of its name. There is room for a fixed number of them; when it is
-/// used up, the source with the lowest count is forgotten.
+/// A source is identified by a digest of its name. The number of sources is bounded: beyond it, the
+/// source with the lowest count is forgotten.
 class RecentAttempts {
 public:
     using Clock = std::chrono::steady_clock;

@@ -8,9 +8,9 @@ namespace ORVLib::Board {
 
 /// One byte on the disk that says whether sessions have ended of which the state does not know.
 ///
-/// A full disk keeps the state from being written. The byte has its place on the disk from the
-/// daemon's first start and is overwritten, which takes no room: an end of a session that is noted
-/// here outlives a crash, because the next start ends all sessions.
+/// On a full disk the state cannot be written. The byte is allocated at the daemon's first start
+/// and overwritten in place, which needs no space. An end of a session that is marked here survives
+/// a crash, because the next start ends all sessions.
 class EndMarker {
 public:
     /// Opens the file, or makes it. Throws std::runtime_error, with a line for the administrator.

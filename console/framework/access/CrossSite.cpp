@@ -1,18 +1,13 @@
 #include "framework/access/CrossSite.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <string>
+
+#include "framework/backend/Environment.h"
 
 namespace Console {
 
 namespace {
-
-/// A variable of the request; empty without it.
-std::string variable(const char* name) {
-    const char* const value = std::getenv(name);
-    return value != nullptr ? value : "";
-}
 
 /// A host with its port, without the dot that may end the host: web servers take it off, browsers
 /// keep it.

@@ -1,12 +1,13 @@
 #include "framework/access/Device.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <iostream>
 #include <string_view>
 
 #include "framework/access/Functions.h"
 #include "framework/backend/Board.h"
+#include "framework/backend/Digits.h"
+#include "framework/backend/Environment.h"
 #include "framework/component/PageChrome.h"
 #include "gui/BackendNumbers.h"
 
@@ -23,8 +24,7 @@ constexpr std::string_view ONE_YEAR = "; Max-Age=31536000";  // seconds
 constexpr std::string_view WITHOUT_ID = "none";
 
 bool isId(std::string_view text) {
-    return text.size() == ID_DIGITS &&
-           text.find_first_not_of("0123456789abcdef") == std::string_view::npos;
+    return isHexDigits(text, ID_DIGITS);
 }
 
 void printDeviceCookie(std::string_view value, std::string_view lifetime) {
@@ -58,13 +58,13 @@ private:
 
 /// The value of the request's first device cookie that passes `isValid`; empty without one.
 template <typename Check>
-std::string_view findCookie(Check isValid) {
-    const char* const header = std::getenv("HTTP_COOKIE");
-    std::string_view rest = header != nullptr ? header : "";
+std::string findCookie(Check isValid) {
+    const std::string header = variable("HTTP_COOKIE");
+    std::string_view rest = header;
     while (!rest.empty()) {
         const std::string_view cookie = rest.substr(0, rest.find(SEPARATOR));
         if (cookie.substr(0, NAME.size()) == NAME && isValid(cookie.substr(NAME.size()))) {
-            return cookie.substr(NAME.size());
+            return std::string(cookie.substr(NAME.size()));
         }
         rest.remove_prefix(std::min(rest.size(), cookie.size() + SEPARATOR.size()));
     }
@@ -74,7 +74,7 @@ std::string_view findCookie(Check isValid) {
 }  // namespace
 
 std::string readDevice() {
-    return std::string(findCookie(isId));
+    return findCookie(isId);
 }
 
 bool keepsDevice() {

@@ -22,8 +22,8 @@ bool keepsDevice();
 /// Lets the browser show, by its next request, that it keeps the cookie.
 void putDeviceCookie(ORVLib::Gui::HTMLPage& page);
 
-/// Asks the board, in the requester's new session, for the ID that the browser is to keep. Empty
-/// when the board has none; the log-in goes on without one.
+/// Asks the board, in the requester's new session, for the ID that the browser is to keep. Empty on
+/// failure: the log-in then continues without an ID.
 std::string askDevice(ORVLib::Gui::CGIRequester& requester, const std::string& sent);
 
 /// Lets the browser carry a new session, as putSessionCookie() does, and keep its ID for a year.

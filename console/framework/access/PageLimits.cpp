@@ -6,11 +6,11 @@
 
 #include <cerrno>
 #include <csignal>
-#include <cstdlib>
 #include <functional>
 #include <string>
 #include <string_view>
 
+#include "framework/backend/Environment.h"
 #include "orv/OrvTrace.h"
 
 namespace Console {
@@ -87,6 +87,25 @@ bool lock(int descriptor, unsigned int place) {
     return fcntl(descriptor, F_SETLK, &wanted) == 0;
 }
 
+/// Places of a range, from `first` on; after its last place comes its first one.
+struct Choice {
+    unsigned int first;
+    unsigned int count;
+};
+
+/// Locks one of the chosen places of the range that begins at `begin`. Returns false when there is
+/// none left. Processes begin at different places: most find one at once.
+bool lockOne(int descriptor, unsigned int begin, unsigned int size, const Choice& choice) {
+    const auto process = static_cast<unsigned int>(getpid());
+    for (unsigned int tried = 0; tried < choice.count; ++tried) {
+        const unsigned int step = (process + tried) % choice.count;
+        if (lock(descriptor, begin + (choice.first + step) % size)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 }  // namespace
 
 void limitResources() {
@@ -102,38 +121,25 @@ void notePageBegun() {
 }
 
 bool takePlace(Places places) {
-    const char* const path = std::getenv("ORV_PAGE_PLACES");
-    if (path == nullptr) {
+    const std::string path = variable("ORV_PAGE_PLACES");
+    if (path.empty()) {
         return true;
     }
     // Stays open: the lock ends with the process.
-    const int descriptor = open(path, O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    const int descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (descriptor < 0) {
         ORVLib::trace::OrvTrace(1, 2, 0).putLog(
-            0, std::string("cannot open ORV_PAGE_PLACES ") + path +
+            0, "cannot open ORV_PAGE_PLACES " + path +
                    ": give a file that pages may write, or unset it");
         return true;
     }
     if (places == Places::RESERVED) {
-        for (unsigned int place = 0; place < RESERVED_PLACES; ++place) {
-            if (lock(descriptor, ORDINARY_PLACES + place)) {
-                return true;
-            }
-        }
-        return false;
+        return lockOne(descriptor, ORDINARY_PLACES, RESERVED_PLACES, {0, RESERVED_PLACES});
     }
     // Each address has its own choice of the places, so that no address can take all of another's.
-    const char* const address = std::getenv("REMOTE_ADDR");
-    const auto first =
-        static_cast<unsigned int>(std::hash<std::string_view>()(address != nullptr ? address : ""));
-    const auto begin = static_cast<unsigned int>(getpid());
-    for (unsigned int tried = 0; tried < PLACES_OF_AN_ADDRESS; ++tried) {
-        const unsigned int step = (begin + tried) % PLACES_OF_AN_ADDRESS;
-        if (lock(descriptor, (first % ORDINARY_PLACES + step) % ORDINARY_PLACES)) {
-            return true;
-        }
-    }
-    return false;
+    const std::size_t choice = std::hash<std::string>()(variable("REMOTE_ADDR")) % ORDINARY_PLACES;
+    return lockOne(descriptor, 0, ORDINARY_PLACES,
+                   {static_cast<unsigned int>(choice), PLACES_OF_AN_ADDRESS});
 }
 
 }  // namespace Console

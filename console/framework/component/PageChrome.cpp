@@ -1,7 +1,6 @@
 #include "framework/component/PageChrome.h"
 
-#include <cstdlib>
-
+#include "framework/backend/Environment.h"
 #include "framework/component/Components.h"
 #include "gui/Cookie.h"
 
@@ -10,8 +9,7 @@ using namespace ORVLib::Gui;
 namespace Console {
 
 bool isEncrypted() {
-    const char* const https = std::getenv("HTTPS");
-    return https != nullptr && std::string(https) == "on";
+    return variable("HTTPS") == "on";
 }
 
 void putText(ComponentMap& map, const std::string& marker, const std::string& text) {

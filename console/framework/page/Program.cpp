@@ -3,11 +3,11 @@
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
-#include <string_view>
 
 #include "catalogue/Texts.h"
 #include "framework/access/CrossSite.h"
 #include "framework/access/Rights.h"
+#include "framework/backend/Environment.h"
 #include "framework/component/PageChrome.h"
 #include "gui/CGIRequester.h"
 #include "gui/Cookie.h"
@@ -46,15 +46,10 @@ int refuse(const std::string& reason, const char* status, Text text) {
     return -1;
 }
 
-std::string_view variable(const char* name) {
-    const char* const value = std::getenv(name);
-    return value != nullptr ? value : "";
-}
-
 /// Bytes of the body that a POST announces.
 long announcedLength() {
     return variable("REQUEST_METHOD") == "POST"
-               ? std::strtol(variable("CONTENT_LENGTH").data(), nullptr, 10)
+               ? std::strtol(variable("CONTENT_LENGTH").c_str(), nullptr, 10)
                : 0;
 }
 
@@ -62,8 +57,7 @@ bool isTooLarge(const RequestRules& rules, long length) {
     if (!rules.takesFile) {
         return length > LARGEST_FORM;
     }
-    const std::string_view multipart = FormInfo::checkStringType;
-    const bool isMultipart = variable("CONTENT_TYPE").substr(0, multipart.size()) == multipart;
+    const bool isMultipart = variable("CONTENT_TYPE").rfind(FormInfo::checkStringType, 0) == 0;
     return !isMultipart && length > FormInfo::LARGEST_BODY_AT_START;
 }
 
@@ -85,8 +79,8 @@ bool isAuthorised(Function function) {
 void shortenWait() {
     constexpr char NAME[] = "ORV_IPC_TIMEOUT_MS";
     constexpr long SHORT_MS = 1000;
-    const std::string_view set = variable(NAME);
-    if (set.empty() || std::strtol(set.data(), nullptr, 10) > SHORT_MS) {
+    const std::string set = variable(NAME);
+    if (set.empty() || std::strtol(set.c_str(), nullptr, 10) > SHORT_MS) {
         setenv(NAME, std::to_string(SHORT_MS).c_str(), 1);
     }
 }

@@ -86,7 +86,7 @@ private:
     void showConfirmation();
     void putEntries(bool editable);
 
-    std::string m_revision;  ///< stands for the settings that the user sees, or saw
+    std::string m_revision;  ///< digest of the settings that the user sees, or saw
     InputList m_inputs;
 };
 

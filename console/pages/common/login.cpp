@@ -1,11 +1,10 @@
 // The log-in page: posts to itself, and leads into the console with a new session.
 
-#include <cstdlib>
-
 #include "catalogue/Texts.h"
 #include "framework/access/Device.h"
 #include "framework/access/Functions.h"
 #include "framework/backend/Board.h"
+#include "framework/backend/Environment.h"
 #include "framework/component/PageChrome.h"
 #include "framework/component/SkeletonPart.h"
 #include "framework/input/Form.h"
@@ -61,8 +60,7 @@ private:
     }
 
     void openSession(const std::string& password) {
-        const char* const address = std::getenv("REMOTE_ADDR");
-        const std::string client = address != nullptr ? address : "";
+        const std::string client = variable("REMOTE_ADDR");
         const std::string sent = readDevice();
         CGIRequester requester;
         if (requester.login(m_user, password, sent.empty() ? client : client + ' ' + sent,

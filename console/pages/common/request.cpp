@@ -1,11 +1,11 @@
 // The request inspector: a form that can be sent every way a form can, and what arrived of it.
 
-#include <cstdlib>
 #include <iostream>
 #include <vector>
 
 #include "catalogue/Texts.h"
 #include "framework/backend/Digest.h"
+#include "framework/backend/Environment.h"
 #include "framework/component/SkeletonPart.h"
 #include "framework/page/PageMain.h"
 #include "framework/page/Program.h"
@@ -151,8 +151,7 @@ private:
         putLabels(*body, *m_messages);
         body->putSentence("purpose", m_messages->getString(TEXT_INSPECTOR_PURPOSE));
         putButtons(*body);
-        const char* const method = std::getenv("REQUEST_METHOD");
-        body->putText("method", visible(method != nullptr ? method : ""));
+        body->putText("method", visible(variable("REQUEST_METHOD")));
         body->put("fields", fieldTable(*m_formInfo, *m_messages));
         body->putText("query", visible(m_formInfo->getQueryString()));
         body->put("file", fileTable(*m_formInfo, *m_messages));

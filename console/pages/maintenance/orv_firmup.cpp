@@ -3,6 +3,7 @@
 
 #include "framework/backend/Board.h"
 #include "framework/backend/Digest.h"
+#include "framework/backend/Digits.h"
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"
 #include "framework/page/UploadPage.h"
@@ -29,11 +30,6 @@ constexpr std::size_t PIECE_SIZE = 65000;
 std::string offsetBytes(std::uint32_t offset) {
     return {static_cast<char>(offset >> 24), static_cast<char>(offset >> 16),
             static_cast<char>(offset >> 8), static_cast<char>(offset)};
-}
-
-bool isDigest(const std::string& text) {
-    return text.size() == DIGEST_DIGITS &&
-           text.find_first_not_of("0123456789abcdef") == std::string::npos;
 }
 
 Record dropRequest() {
@@ -106,7 +102,7 @@ protected:
 
     void apply() override {
         const std::string digest = getCarried(DIGEST_FIELD);
-        if (!isDigest(digest)) {
+        if (!isHexDigits(digest, DIGEST_DIGITS)) {
             refuse(TEXT_IMAGE_GONE);
             return;
         }

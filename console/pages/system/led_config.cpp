@@ -1,4 +1,4 @@
-// The LED that shows which server in a room is meant.
+// The LED that identifies the server in its rack.
 
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"

@@ -1,4 +1,4 @@
-// Looks for events. Nothing is stored: the whole question stands in the page's address.
+// Searches the event log. Nothing is stored: the query is part of the page's address.
 
 #include "framework/component/Components.h"
 #include "framework/component/SkeletonPart.h"

@@ -3,8 +3,8 @@
 #include "framework/page/SettingsPage.h"
 #include "pages/user/Users.h"
 
-/// The pages that change the list of users. A password never stands in a page, so none of them
-/// carries its input to a confirmation: they are applied at once.
+/// The pages that change the list of users. A password is never printed in a page, so none of
+/// them has a confirmation: they are applied at once.
 namespace Console {
 
 /// What a request to the list of users wants, and the user it is about.

@@ -37,8 +37,8 @@ public:
     }
 
 protected:
-    // A password never stands in a page, so there is nothing a confirmation could carry on. Typing
-    // the new one twice takes its place.
+    // A password is never printed in a page, so a confirmation could not carry it. The user types
+    // the new one twice instead.
     bool isConfirmed() const override { return false; }
 
     void readCurrent() override {}
