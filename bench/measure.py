@@ -13,9 +13,7 @@ import subprocess
 import sys
 import tempfile
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tools"))
-
-from console_site import ConsoleSite, SiteError  # pylint: disable=wrong-import-position
+from console_site import ConsoleSite, SiteError
 from costs import BenchError, Meter, Program, Spread, growth
 from work import MIB, Work, body_of, contents, require_same
 

@@ -1,5 +1,5 @@
 # The board: 32-bit big-endian PowerPC, with Debian's cross compiler. The libraries that Debian does
-# not have for it are those that tools/board_libraries.sh has built.
+# not have for it are those that scripts/board_libraries.sh has built.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR ppc)
 set(CMAKE_C_COMPILER powerpc-linux-gnu-gcc)

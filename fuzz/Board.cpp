@@ -4,13 +4,13 @@
 #include <filesystem>
 #include <vector>
 
+#include "Peer.h"
 #include "daemon/Client.h"
 #include "item/BoardClock.h"
 #include "item/Firmware.h"
 #include "item/FirmwareStage.h"
 #include "item/Installation.h"
 #include "state/SampleBoard.h"
-#include "support/Peer.h"
 #include "wire/Digest.h"
 
 using namespace ORVLib;

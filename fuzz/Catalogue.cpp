@@ -1,7 +1,7 @@
 // A catalogue file: its strings against a plain reading of it, and messages with their codes.
+#include "Input.h"
 #include "common/ByteOrder.h"
 #include "gui/MessageMgr.h"
-#include "support/Input.h"
 
 using ORVLib::Gui::MessageMgr;
 

@@ -2,10 +2,10 @@
 // nothing gets out of its place in what it prints.
 #include <algorithm>
 
+#include "Input.h"
 #include "gui/MessageMgr.h"
 #include "support/Captured.h"
 #include "support/Components.h"
-#include "support/Input.h"
 
 using namespace ORVLib::Gui;
 using Fuzz::require;

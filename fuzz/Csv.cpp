@@ -1,7 +1,7 @@
 // A CSV file, and the message numbers that are looked up in it.
+#include "Input.h"
 #include "gui/MessageMgr.h"
 #include "orv/CsvInfoAccess.h"
-#include "support/Input.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Fuzz::Input input(data, size);

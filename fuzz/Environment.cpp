@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "Peer.h"
 #include "gui/AbstractMain.h"
 #include "gui/CGIRequester.h"
 #include "gui/Cookie.h"
@@ -9,7 +10,6 @@
 #include "orv/PException.h"
 #include "support/Captured.h"
 #include "support/CgiRequest.h"
-#include "support/Peer.h"
 
 using namespace ORVLib::Gui;
 

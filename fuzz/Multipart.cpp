@@ -3,11 +3,11 @@
 #include <cerrno>
 #include <optional>
 
+#include "Input.h"
 #include "gui/FormInfo.h"
 #include "orv/PException.h"
 #include "support/CgiRequest.h"
 #include "support/Files.h"
-#include "support/Input.h"
 
 using ORVLib::Gui::FormInfo;
 

@@ -1,11 +1,11 @@
 // What a daemon answers, to every operation of its client.
 #include "MessageStream.h"
+#include "Peer.h"
 #include "gui/BackendNumbers.h"
 #include "gui/CGIRequester.h"
 #include "gui/JudgeAuthority.h"
 #include "gui/MaintenanceMode.h"
 #include "orv/GeneralPurposePacket.h"
-#include "support/Peer.h"
 
 using namespace ORVLib;
 using namespace ORVLib::Gui;

@@ -4,11 +4,11 @@
 #include <vector>
 
 #include "MessageStream.h"
+#include "Peer.h"
 #include "common/ByteOrder.h"
 #include "gui/MaintenanceMode.h"
 #include "orv/GeneralPurposePacket.h"
 #include "orv/PException.h"
-#include "support/Peer.h"
 
 using namespace ORVLib;
 

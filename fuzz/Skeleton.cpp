@@ -1,11 +1,11 @@
 // A skeleton and the components at its markers: the page against a plain reading of both.
 #include <algorithm>
 
+#include "Input.h"
 #include "gui/MessageMgr.h"
 #include "gui/OutlineFramePage.h"
 #include "gui/TextString.h"
 #include "support/Captured.h"
-#include "support/Input.h"
 
 using namespace ORVLib::Gui;
 

@@ -3,10 +3,10 @@
 #include <cstring>
 #include <stdexcept>
 
+#include "Input.h"
 #include "gui/FormInfo.h"
 #include "orv/PException.h"
 #include "support/CgiRequest.h"
-#include "support/Input.h"
 
 using Fields = ORVLib::Gui::FormInfo::FieldMap;
 

@@ -14,8 +14,8 @@ import unittest
 from pathlib import Path
 from urllib.parse import urlencode
 
-from console_client import BOUNDARY, multipart
-from machines import Board, Host
+from support.console_client import BOUNDARY, multipart
+from support.machines import Board, Host
 
 LOGIN, FRAME, MENU = "/common/login.cgi", "/common/frame.cgi", "/common/menu.cgi"
 INSPECTOR, REFRESH = "/common/request.cgi", "/network/orv_refresh_set.cgi"

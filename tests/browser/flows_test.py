@@ -7,8 +7,8 @@ import sys
 import tempfile
 import unittest
 
-from browser_case import BrowserCase
-from console_site import PROJECT
+from support import PROJECT
+from support.browser_case import BrowserCase
 
 FIRMWARE = "/maintenance/orv_firmup.cgi"
 LARGEST_IMAGE = 90 << 20
@@ -29,7 +29,7 @@ class Flows(BrowserCase):
 
     def image(self, size, version):
         path = self.files / "image.bin"
-        subprocess.run([sys.executable, PROJECT / "tools" / "make_firmware.py", str(size), version,
+        subprocess.run([sys.executable, PROJECT / "scripts" / "make_firmware.py", str(size), version,
                         path], check=True)
         return path
 

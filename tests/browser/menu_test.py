@@ -3,8 +3,8 @@
 import re
 import unittest
 
-from browser_case import BrowserCase
-from console_pages import FUNCTIONS
+from support.browser_case import BrowserCase
+from support.console_pages import FUNCTIONS
 
 TOP_MENUS = ["System", "Partition", "Switch", "User Administration", "Network Configuration",
              "Maintenance"]

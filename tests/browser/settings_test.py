@@ -2,8 +2,8 @@
 
 import unittest
 
-from browser_case import BrowserCase
-from console_pages import PAGES
+from support.browser_case import BrowserCase
+from support.console_pages import PAGES
 from selenium.common.exceptions import NoAlertPresentException
 
 # Cut to what a field takes. None holds a blank, which address fields show as another one.

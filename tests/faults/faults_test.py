@@ -16,14 +16,14 @@ import time
 import unittest
 from pathlib import Path
 
-from board_client import (
+from support import ConsoleSite
+from support.board_client import (
     BOARD_FAILURE, CHECK_SESSION, LOGIN, LOGOUT, NO_SESSION, PRODUCT, SOME_ITEM, STAGE, SYSTEM_NAMES, WRITE,
     BoardError, message, number, telegram)
-from console_client import BOUNDARY, multipart
-from console_site import ConsoleSite
-from fault_case import (
+from support.console_client import BOUNDARY, multipart
+from support.fault_case import (
     BUILD, ERROR_STATUS, NOT_LOADED, SANITIZED, FaultCase, take_small_disk, uploads)
-from site_case import running_pages
+from support.site_case import running_pages
 
 INSPECTOR, NAMES = "/common/request.cgi", "/system/sys_info.cgi"
 SEARCH, FIRMWARE = "/system/sel_filtering.cgi", "/maintenance/orv_firmup.cgi"

@@ -10,10 +10,10 @@ import unittest
 import urllib.parse
 from pathlib import Path
 
-from console_client import LOGIN, LOGOUT, ConsoleClient
-from console_site import PROJECT
-from console_pages import FUNCTIONS, PAGES, SettingsPage
-from site_case import SiteCase
+from support import PROJECT
+from support.console_client import LOGIN, LOGOUT, ConsoleClient
+from support.console_pages import FUNCTIONS, PAGES, SettingsPage
+from support.site_case import SiteCase
 
 USERS, ACCESS_LIST = "/user/list.cgi", "/network/orv_acl_set.cgi"
 BACKUP, FIRMWARE = "/maintenance/orv_backup_restore.cgi", "/maintenance/orv_firmup.cgi"
@@ -93,7 +93,7 @@ class Access(SiteCase):
         session = self.clients["admin"].session
         self.site.boardctl("set", session, "0x0201000b", b"on\0".hex())
         path = Path(self.run_folder) / "image.bin"
-        subprocess.run([sys.executable, PROJECT / "tools/make_firmware.py", "99", "2.0", path],
+        subprocess.run([sys.executable, PROJECT / "scripts/make_firmware.py", "99", "2.0", path],
                        check=True)
         image = path.read_bytes()
         self.site.boardctl("set", session, "0x02010064", (bytes(4) + image).hex())

@@ -9,8 +9,8 @@ import time
 import unittest
 import unittest.mock
 
-from console_client import LOGIN
-from site_case import SiteCase, running_pages
+from support.console_client import LOGIN
+from support.site_case import SiteCase, running_pages
 
 STATUS, INSPECTOR = "/system/sys_status.cgi", "/common/request.cgi"
 TIMEOUT, STYLES = "/common/timeout.cgi", "/default.css"

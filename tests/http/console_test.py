@@ -3,8 +3,8 @@
 import time
 import unittest
 
-from console_client import LOGIN, LOGOUT
-from site_case import SiteCase
+from support.console_client import LOGIN, LOGOUT
+from support.site_case import SiteCase
 
 FRAME = "/common/frame.cgi"
 REFRESH, PASSWORD = "/network/orv_refresh_set.cgi", "/user/ch_passwd.cgi"

@@ -2,7 +2,7 @@
 
 import unittest
 
-from site_case import SiteCase
+from support.site_case import SiteCase
 
 PAGE = "/common/request.cgi"
 

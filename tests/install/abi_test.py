@@ -16,8 +16,7 @@ import sys
 import tempfile
 import unittest
 
-import dwarf
-from build_folder import BuildFolder
+from support import BuildFolder, dwarf
 
 LISTS = pathlib.Path(__file__).resolve().parent
 SOURCES = LISTS.parent.parent

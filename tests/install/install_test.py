@@ -10,7 +10,7 @@ import subprocess
 import tempfile
 import unittest
 
-from build_folder import BuildFolder
+from support import BuildFolder
 
 TREE = pathlib.Path(__file__).resolve().parent.parent.parent
 BUILD = BuildFolder(os.environ["CONSOLE_BUILD"])
@@ -88,7 +88,7 @@ class Install(unittest.TestCase):
         cls.installed = install(cls.stage)
         cls.outside = cls.work / "outside"
         cls.outside.mkdir()
-        (cls.outside / "page.cpp").write_bytes((TREE / "tools/smallest_page.cpp").read_bytes())
+        (cls.outside / "page.cpp").write_bytes((TREE / "scripts/smallest_page.cpp").read_bytes())
         (cls.outside / "skeleton.txt").write_bytes(SKELETON)
 
     def test_components_share_everything_out(self):

@@ -15,10 +15,10 @@ import time
 import unittest
 from pathlib import Path
 
-from board_client import USER_ADD, record
-from console_client import ConsoleClient
-from fault_case import SANITIZED, take_small_disk, uploads
-from site_case import SiteCase
+from support.board_client import USER_ADD, record
+from support.console_client import ConsoleClient
+from support.fault_case import SANITIZED, take_small_disk, uploads
+from support.site_case import SiteCase
 
 REQUESTS = int(os.environ.get("SOAK_REQUESTS", "1000" if SANITIZED else "10000"))
 CONNECTIONS, LIFE_SECONDS, GROWTH_KIB = 8, 2, 8192 if SANITIZED else 2048

@@ -9,8 +9,8 @@ import struct
 import time
 import unittest
 
-from board_case import BoardCase
-from board_client import (
+from support.board_case import BoardCase
+from support.board_client import (
     BAD_REQUEST, BOARD_FAILURE, BROKEN, CHECK_SESSION, ERROR, EXCHANGE, GET_LANGUAGE,
     GET_USER_INFO, HTTPS_PORT, LOGIN, LOGOUT, MAINTENANCE_MODE, NOT_AUTHORISED, NO_ITEM,
     NO_SESSION, OWN_LANGUAGE, OWN_PASSWORD, OWN_REFRESH_INTERVAL, PERMISSION, REFUSED,

@@ -5,7 +5,7 @@ import pty
 import subprocess
 import unittest
 
-from board_case import EMULATOR, BoardCase
+from support.board_case import EMULATOR, BoardCase
 
 ITEM = "0x02011234"
 BOARDCTL = [*EMULATOR, os.environ["BOARDCTL"]]

@@ -8,8 +8,8 @@ import time
 import unittest
 from pathlib import Path
 
-from board_case import BoardCase
-from board_client import (
+from support.board_case import BoardCase
+from support.board_client import (
     BAD_REQUEST, BOARD_FAILURE, BUSY, DAMAGED, DROP, LOGOUT, NO_ITEM, PRODUCT, PROGRESS,
     STAGE, STAGED, START, WRITE, BoardError, number, record)
 

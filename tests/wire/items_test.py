@@ -10,8 +10,8 @@ import struct
 import time
 import unittest
 
-from board_case import BoardCase
-from board_client import (
+from support.board_case import BoardCase
+from support.board_client import (
     ACL, ACL_ADD, ACL_REMOVE, ADDRESSES, BACKUP, BAD_REQUEST, BOARD_FAILURE, BOOT, CLOCK,
     DAMAGED, DROP, EVENTS, EXCHANGE, EXISTS, FULL, HTTPS_PORT, LAST_ADMINISTRATOR, LED, MAIL,
     MAINTENANCE_MODE, NOT_AUTHORISED, NOT_FOUND, NO_ITEM, NO_SESSION, OWN_FILTER,

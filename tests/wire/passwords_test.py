@@ -7,8 +7,8 @@ import threading
 import time
 import unittest
 
-from board_case import BoardCase
-from board_client import (
+from support.board_case import BoardCase
+from support.board_client import (
     BAD_REQUEST, BUSY, EXCHANGE, LOGIN, OWN_DEVICE, OWN_PASSWORD, REFUSED, SESSIONS, USER_EDIT,
     WRITE, BoardError, login_record, message, number, record, telegram)
 

@@ -4,10 +4,10 @@
 #include <memory>
 #include <utility>
 
-#include "component/Printing.h"
 #include "support/Captured.h"
 #include "support/Components.h"
 #include "support/Files.h"
+#include "support/Printing.h"
 
 using namespace ORVLib::Gui;
 

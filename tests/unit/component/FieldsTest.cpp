@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "component/Printing.h"
 #include "support/Components.h"
 #include "support/Files.h"
+#include "support/Printing.h"
 
 using namespace ORVLib::Gui;
 

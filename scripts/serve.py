@@ -7,7 +7,6 @@ import signal
 import sys
 import tempfile
 
-from console_check import run_checks
 from console_site import ConsoleSite, SiteError
 
 DEFAULT_PORT = 8080
@@ -49,6 +48,8 @@ def serve(site):
 
 def check(build, port, faults):
     """A check starts from a new board; what somebody set in the console stays."""
+    from support.console_check import run_checks  # serving needs no package of the tests
+
     environment = {"ORV_IPC_TIMEOUT_MS": CHECK_TIME_LIMIT_MS}
     run = tempfile.mkdtemp(prefix="check-", dir=build)
     with ConsoleSite(build, run, port, environment, faults) as site:

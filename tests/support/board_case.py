@@ -13,7 +13,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from board_client import LIMIT, BoardClient, BoardError
+from support.board_client import LIMIT, BoardClient, BoardError
 
 
 EMULATOR = os.environ.get("EMULATOR", "").split()

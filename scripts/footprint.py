@@ -30,14 +30,14 @@ EMULATED_END = 1 << 32
 DOCUMENT = """\
 # Footprint
 
-Made by `docs/make_footprint`; a test holds the budgets.
+Made by `scripts/make_footprint`; a test holds the budgets.
 
 {table}
 
 - **Stripped library**: the file `liborvgui.so.{version}` without symbols and debug information.
 - **Relocations** are what the loader has to fill in before a page begins, **static constructors** the
   entries of `.init_array`, one of them the compiler's own.
-- **Smallest page**: `tools/smallest_page.cpp`, one field of the request on a skeleton, without a
+- **Smallest page**: `scripts/smallest_page.cpp`, one field of the request on a skeleton, without a
   session. Natively it is the peak of its resident memory, shared libraries included. Under the
   emulator it is what is resident of the page's own addresses once it is printed; the emulator's memory
   does not count. There, code that was read to be translated is counted as code that ran.
@@ -73,7 +73,7 @@ def resident_of_page(build):
         skeleton.write(SKELETON)
         skeleton.flush()
         environment = {**os.environ, "REQUEST_METHOD": "GET", "QUERY_STRING": "who=you"}
-        with subprocess.Popen(build.command(build.folder / "tools/smallest_page", skeleton.name),
+        with subprocess.Popen(build.command(build.folder / "scripts/smallest_page", skeleton.name),
                               env=environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
                               stderr=subprocess.DEVNULL) as page:
             shown = b""

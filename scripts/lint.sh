@@ -5,7 +5,7 @@ cd "$(dirname "$0")/.." || exit 1
 build=$1
 
 sources() {
-    find include src platform board bench console tools tests fuzz -name "$1" 2>/dev/null
+    find include src platform board bench console tools scripts tests fuzz -name "$1" 2>/dev/null
 }
 
 # Tests that documents name and that there are not.
@@ -17,15 +17,15 @@ missing_tests() {
 
 status=0
 ! missing_tests | grep . || status=1
-/usr/bin/python3 -B tools/check_includes.py || status=1
-find bench docs tests tools -name "*.py" -print0 | xargs -0 pyflakes3 || status=1
-grep -lE '^#(!/usr/bin/env | shellcheck shell=)bash' run test .ci/run ./*/run docs/* tools/* tests/* \
+/usr/bin/python3 -B scripts/check_includes.py || status=1
+find bench docs scripts tests -name "*.py" -print0 | xargs -0 pyflakes3 || status=1
+grep -lE '^#(!/usr/bin/env | shellcheck shell=)bash' run test .ci/run ./*/run scripts/* \
     2>/dev/null | xargs shellcheck -x || status=1
 sources '*.h' | cat - <(sources '*.cpp') | xargs clang-format --dry-run -Werror || status=1
 sources '*.cpp' | xargs cppcheck --quiet -j "$(nproc)" --std=c++17 --language=c++ \
     --library=googletest --enable=warning,performance,portability --error-exitcode=1 \
-    --suppressions-list=tools/cppcheck.txt -DORVGUI_SITE_ROOT='""' -I include -I platform/include \
-    -I platform -I platform/host -I src -I board -I console -I tests/unit -I bench || status=1
+    --suppressions-list=scripts/cppcheck.txt -DORVGUI_SITE_ROOT='""' -I include -I platform/include \
+    -I platform -I platform/host -I src -I board -I console -I tests -I bench || status=1
 # The compiler's own warnings are its business; clang does not know all of their names.
 sources '*.cpp' | grep -v OperatorTextsJapanese |
     xargs run-clang-tidy -quiet -p "$build" -extra-arg=-Wno-unknown-warning-option \

@@ -1,7 +1,7 @@
 """The console and a browser, for the tests of one file."""
 
-from console_browser import ConsoleBrowser
-from site_case import SiteCase
+from support.console_browser import ConsoleBrowser
+from support.site_case import SiteCase
 
 
 class BrowserCase(SiteCase):

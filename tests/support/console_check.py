@@ -7,9 +7,9 @@ import re
 import subprocess
 import sys
 
-from console_client import LOGOUT, ConsoleClient, Form
-from console_pages import ASKED, DONE, FLOWS, FUNCTIONS, PAGES, WRONG
-from console_site import PROJECT, SiteError
+from support import PROJECT, SiteError
+from support.console_client import LOGOUT, ConsoleClient, Form
+from support.console_pages import ASKED, DONE, FLOWS, FUNCTIONS, PAGES, WRONG
 
 INSPECTOR, REFRESH = "/common/request.cgi", "/network/orv_refresh_set.cgi"
 FIRMWARE, BACKUP = "/maintenance/orv_firmup.cgi", "/maintenance/orv_backup_restore.cgi"
@@ -176,7 +176,7 @@ def check_files(site):
     """Files that are taken, and that are not."""
     client = client_of(site, "admin")
     image = site.run / "image"
-    subprocess.run([sys.executable, PROJECT / "tools/make_firmware.py", "200000", "2.0", image],
+    subprocess.run([sys.executable, PROJECT / "scripts/make_firmware.py", "200000", "2.0", image],
                    check=True)
     backup = client.get(BACKUP + "?download=1")
     expect("attachment" in backup.headers["content-disposition"], "the backup is not for saving")

@@ -12,10 +12,10 @@ import time
 import urllib.parse
 from pathlib import Path
 
-from board_case import BoardCase
-from board_client import LIMIT
-from console_client import BOUNDARY, Answer, multipart
-from site_case import SANITIZER_REPORTS
+from support.board_case import BoardCase
+from support.board_client import LIMIT
+from support.console_client import BOUNDARY, Answer, multipart
+from support.site_case import SANITIZER_REPORTS
 
 BUILD = Path(os.environ["CONSOLE_BUILD"])
 SANITIZED = "ORVGUI_SANITIZE:BOOL=ON" in (BUILD / "CMakeCache.txt").read_text(encoding="utf-8")

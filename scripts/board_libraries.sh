@@ -69,7 +69,7 @@ explain_failure() {
 }
 
 # Complete when just this script made it.
-made_by=$(sha256sum <"tools/${0##*/}")
+made_by=$(sha256sum <"scripts/${0##*/}")
 [ "$(cat "$FOLDER/made-by" 2>/dev/null)" != "$made_by" ] || exit 0
 
 echo "Building libraries for the board: $PACKAGES (log: build/board-libraries/log)"

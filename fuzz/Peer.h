@@ -7,8 +7,8 @@
 #include <deque>
 #include <string>
 
+#include "Input.h"
 #include "common/FileDescriptor.h"
-#include "support/Input.h"
 
 // A daemon in the harness's own process: what the library connects is one end of a socket pair, in
 // which the whole response lies already. REQUIRES: the link option --wrap=connect.
