@@ -84,7 +84,8 @@ void checkAnswer(std::uint32_t type) {
     const ORVIpc::Message answer = stream.take();
     const auto* const bytes = reinterpret_cast<const unsigned char*>(answer.payload.data());
     const auto size = static_cast<unsigned int>(answer.payload.size());
-    const bool isAnswer = static_cast<std::uint32_t>(answer.type) == type && size == Telegram::SIZE;
+    const bool isAnswer =
+        static_cast<std::uint32_t>(answer.type) == type && size == TelegramLayout::SIZE;
     Fuzz::require(isAnswer || PException().setSerialized(bytes, size));
     Fuzz::require(stream.isEmpty() || stream.hasMessage());
 }

@@ -9,18 +9,18 @@ import re
 import sys
 
 PROJECT = pathlib.Path(__file__).resolve().parent.parent
-FOLDERS = ("include", "platform/include", "platform", "platform/host", "src", "board", "console")
+FOLDERS = (".", "include", "platform/include", "platform", "platform/host", "src", "board", "console")
 INCLUDE = re.compile(r'^#include "([^"]+)"', re.MULTILINE)
 LIBRARY = ("src/message", "src/component", "src/backend", "src/request", "src/page")
 FRAMEWORK = tuple("console/framework/" + name
                   for name in ("backend", "component", "access", "input", "page"))
 BOARD = ("board/wire", "board/state", "board/item", "board/daemon")
 ALLOWED = {
-    "platform/include": (), "platform/common": (), "platform/host": (),
+    "platform/include": (), "platform/common": (), "platform/host": (), "protocol": (),
     **{layer: LIBRARY[:i] for i, layer in enumerate(LIBRARY)}, "src/navigation": LIBRARY,
-    **{layer: BOARD[:i] + ("platform/host",) for i, layer in enumerate(BOARD)},
-    **{layer: FRAMEWORK[:i] + LIBRARY + ("src/navigation",) for i, layer in enumerate(FRAMEWORK)},
-    "console/pages": FRAMEWORK + LIBRARY + ("src/navigation",),
+    **{layer: BOARD[:i] + ("platform/host", "protocol") for i, layer in enumerate(BOARD)},
+    **{layer: FRAMEWORK[:i] + LIBRARY + ("src/navigation", "protocol") for i, layer in enumerate(FRAMEWORK)},
+    "console/pages": FRAMEWORK + LIBRARY + ("src/navigation", "protocol"),
 }
 FOR_ALL = ("platform/include", "platform/common", "include/gui")
 # A page is made of public headers alone; nobody but the library includes its own.
@@ -32,7 +32,7 @@ def layer_of(path):
         sources = list(PROJECT.glob(f"src/*/{path.stem}.cpp"))
         return f"src/{sources[0].parent.name}" if sources else "include/gui"
     depth = 3 if path.parts[:2] == ("console", "framework") else 2
-    return "/".join(path.parts[:depth])
+    return "/".join(path.parent.parts[:depth])
 
 
 def find(name, source):
@@ -44,7 +44,7 @@ def find(name, source):
 
 
 def problems():
-    for folder in ("include", "src", "platform", "board", "console"):
+    for folder in ("include", "src", "platform", "protocol", "board", "console"):
         for file in sorted((PROJECT / folder).rglob("*.[hc]*")):
             source = file.relative_to(PROJECT)
             layer = layer_of(source)

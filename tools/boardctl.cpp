@@ -13,27 +13,21 @@
 #include <string_view>
 #include <vector>
 
-#include "gui/BackendNumbers.h"
 #include "gui/CGIAuthority.h"
 #include "gui/CGIRequester.h"
 #include "orv/CommonUtil.h"
 #include "orv/SerializableObject.h"
+#include "protocol/Items.h"
+#include "protocol/Layouts.h"
 
 namespace {
 
 using ORVLib::Gui::CGIAuthority;
 using ORVLib::Gui::CGIRequester;
+using namespace ORVLib::Protocol;
 using namespace std::string_view_literals;
 
 constexpr int EXIT_USAGE = 2;
-constexpr std::size_t LARGEST_PAYLOAD = 0xffff;
-constexpr std::size_t LONGEST_NAME = 32;  // of a user, and password
-constexpr std::size_t LONGEST_SESSION = 31;
-
-// Items that are rows of texts.
-constexpr unsigned int ITEM_USERS = 0x0201003c;
-constexpr unsigned int ITEM_SESSIONS = 0x02010040;
-constexpr unsigned int ITEM_EVENTS = 0x02010099;
 
 // Of every severity, source and day, the newest 200.
 constexpr std::string_view ALL_EVENTS =
@@ -144,7 +138,7 @@ std::string readPassword() {
     if (silence.isTerminal()) {
         std::cerr << '\n';
     }
-    return requireShort(password, LONGEST_NAME, "password");
+    return requireShort(password, MAX_PASSWORD_LENGTH, "password");
 }
 
 unsigned int itemId(const std::string& text) {
@@ -152,7 +146,7 @@ unsigned int itemId(const std::string& text) {
     errno = 0;
     const unsigned long long id = std::strtoull(text.c_str(), &end, 0);
     if (text.empty() || text[0] == '-' || *end != '\0' || errno != 0 || id > 0xffffffffU ||
-        (id & (ORVLib::Gui::ITEM_WRITE | ORVLib::Gui::ITEM_EXCHANGE)) != 0) {
+        (id & ACCESS_MASK) != 0) {
         std::cerr << "boardctl: " << text << " is no item ID: give one such as 0x02010073\n";
         throw UsageError();
     }
@@ -161,8 +155,8 @@ unsigned int itemId(const std::string& text) {
 
 std::vector<unsigned char> hexBytes(const std::string& text) {
     const bool digitsOnly = text.find_first_not_of("0123456789abcdefABCDEF") == std::string::npos;
-    if (text.empty() || text.size() % 2 != 0 || !digitsOnly || text.size() / 2 > LARGEST_PAYLOAD) {
-        std::cerr << "boardctl: BYTES are pairs of hexadecimal digits, up to " << LARGEST_PAYLOAD
+    if (text.empty() || text.size() % 2 != 0 || !digitsOnly || text.size() / 2 > MAX_PAYLOAD_SIZE) {
+        std::cerr << "boardctl: BYTES are pairs of hexadecimal digits, up to " << MAX_PAYLOAD_SIZE
                   << " bytes\n";
         throw UsageError();
     }
@@ -237,14 +231,15 @@ public:
 private:
     /// The requester, in the session that the command names.
     CGIRequester& session() {
-        m_requester.setSessionId(requireShort(m_words[1], LONGEST_SESSION, "session").c_str());
+        m_requester.setSessionId(
+            requireShort(m_words[1], MAX_SESSION_ID_LENGTH, "session").c_str());
         return m_requester;
     }
 
     bool login() {
         int language = 0;
         std::string sessionId;
-        const std::string& user = requireShort(m_words[1], LONGEST_NAME, "user");
+        const std::string& user = requireShort(m_words[1], MAX_NAME_LENGTH, "user");
         if (m_requester.login(user, readPassword(), "boardctl", language, sessionId) == 0) {
             return false;
         }
@@ -301,14 +296,13 @@ private:
     bool set() {
         const unsigned int id = itemId(m_words[2]);
         const std::vector<unsigned char> bytes = hexBytes(m_words[3]);
-        return session().setInfo(id | ORVLib::Gui::ITEM_WRITE,
-                                 static_cast<unsigned int>(bytes.size()), bytes.data()) != 0;
+        return session().setInfo(id | ACCESS_WRITE, static_cast<unsigned int>(bytes.size()),
+                                 bytes.data()) != 0;
     }
 
     bool events() {
         RawItem rows;
-        if (session().getInfo(ITEM_EVENTS | ORVLib::Gui::ITEM_EXCHANGE, RawItem(ALL_EVENTS),
-                              rows) == 0) {
+        if (session().getInfo(ITEM_EVENTS | ACCESS_EXCHANGE, RawItem(ALL_EVENTS), rows) == 0) {
             return false;
         }
         printRows(rows, 7);

@@ -31,7 +31,7 @@ bool isCutShort(FaultKind fault) {
 }  // namespace
 
 Client::Client(std::uint64_t ticket, FileDescriptor socket, std::chrono::milliseconds timeLimit)
-    : m_ticket(ticket), m_stream(std::move(socket), MAX_REQUEST_SIZE), m_timeLimit(timeLimit) {}
+    : m_ticket(ticket), m_stream(std::move(socket), MAX_PAYLOAD_SIZE), m_timeLimit(timeLimit) {}
 
 void Client::enter(Phase phase) {
     m_phase = phase;
@@ -120,7 +120,7 @@ bool Client::takeRequest() {
 
 void Client::takeTelegram() {
     const ORVIpc::Message message = m_stream.take();
-    if (message.payload.size() != Telegram::SIZE) {
+    if (message.payload.size() != TelegramLayout::SIZE) {
         throw boardError(ERROR_BAD_REQUEST, "wrong telegram size",
                          static_cast<std::uint32_t>(message.payload.size()));
     }

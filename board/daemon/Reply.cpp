@@ -28,7 +28,7 @@ void Reply::damage(FaultKind kind, std::uint32_t requestType) {
         type ^= WRONG_TYPE_BIT;
     } else if (kind == FaultKind::SHORT_HEADER) {
         type = requestType;
-        header.resize(Telegram::SIZE - 1);
+        header.resize(TelegramLayout::SIZE - 1);
     } else if (kind == FaultKind::SHORT_PAYLOAD && payload && !payload->empty()) {
         payload->pop_back();
     } else if (kind == FaultKind::OVERSIZED_PAYLOAD && payload) {

@@ -15,15 +15,6 @@ namespace ORVLib::Board {
 
 namespace {
 
-// The login record: three texts, each ended by a NUL within its field.
-constexpr std::size_t USER_OFFSET = 0;
-constexpr std::size_t PASSWORD_OFFSET = 36;
-constexpr std::size_t ADDRESS_OFFSET = 72;
-constexpr std::size_t NAME_SIZE = 36;
-constexpr std::size_t ADDRESS_SIZE = 132;
-constexpr std::size_t MAX_PASSWORD_SIZE = 32;  // what a page's login can send
-constexpr std::size_t LOGIN_RECORD_SIZE = ADDRESS_OFFSET + ADDRESS_SIZE;
-
 constexpr std::size_t CHECK_OPTION_SIZE = 1;
 
 std::string readText(const std::string& record, std::size_t offset, std::size_t size) {
@@ -93,7 +84,7 @@ Requests::Requests(const Parts& parts)
     : m_state(parts.state),
       m_sessions(parts.sessions),
       m_items(parts),
-      m_nobodysHash(hashPassword(formatHex(randomBytes(MAX_PASSWORD_SIZE / 2)))) {}
+      m_nobodysHash(hashPassword(formatHex(randomBytes(MAX_PASSWORD_LENGTH / 2)))) {}
 
 bool Requests::hasPayload(std::uint32_t type) {
     switch (type) {
@@ -147,12 +138,12 @@ Reply Requests::endPasswordCheck(const Request& request, const PasswordCheck& ch
 }
 
 Requests::PasswordCheck Requests::beginLogin(const Request& request) {
-    requireSize(request, LOGIN_RECORD_SIZE);
+    requireSize(request, LoginRecord::SIZE);
     PasswordCheck login;
-    login.user = readText(request.payload, USER_OFFSET, NAME_SIZE);
-    login.password = readText(request.payload, PASSWORD_OFFSET, NAME_SIZE);
-    const LoginClient client =
-        LoginClient::parse(readText(request.payload, ADDRESS_OFFSET, ADDRESS_SIZE));
+    login.user = readText(request.payload, LoginRecord::USER_OFFSET, NAME_SIZE);
+    login.password = readText(request.payload, LoginRecord::PASSWORD_OFFSET, NAME_SIZE);
+    const LoginClient client = LoginClient::parse(
+        readText(request.payload, LoginRecord::CLIENT_OFFSET, LoginRecord::CLIENT_SIZE));
     login.address = client.address;
     login.account = login.user;
     login.source = client.getNetwork();
@@ -187,9 +178,9 @@ Requests::PasswordCheck Requests::beginItemWrite(const Request& request) {
     }
     change.user = caller.user.name;
     change.hash = caller.user.passwordHash;
-    change.password = readText(request.payload, PasswordChange::OLD_OFFSET, NAME_SIZE);
+    change.password = readText(request.payload, PasswordChange::PRESENT_OFFSET, NAME_SIZE);
     change.newPassword = readText(request.payload, PasswordChange::NEW_OFFSET, NAME_SIZE);
-    if (change.newPassword.empty() || change.newPassword.size() > MAX_PASSWORD_SIZE) {
+    if (change.newPassword.empty() || change.newPassword.size() > MAX_PASSWORD_LENGTH) {
         throw boardError(ERROR_BAD_REQUEST, "a password has 1 to 32 bytes");
     }
     return change;

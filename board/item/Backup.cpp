@@ -29,7 +29,7 @@ constexpr Setting SETTINGS[] = {
     {ITEM_ADDRESSES, 1, isAddresses},
     {ITEM_SERVICES, 1, isServices},
     {ITEM_TRAPS, 1, isTraps},
-    {ITEM_ACL, 1, isAccessList},
+    {ITEM_ACCESS_LIST, 1, isAccessList},
     {ITEM_MAIL, 1, isMail},
     {ITEM_PARTITION_SCHEDULE, PARTITION_COUNT, isSchedule},
     {ITEM_PARTITION_BOOT, PARTITION_COUNT, isBoot},

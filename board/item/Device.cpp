@@ -6,14 +6,8 @@
 
 namespace ORVLib::Board::Device {
 
-namespace {
-
-constexpr std::size_t ID_BYTES = 16;
-
-}  // namespace
-
 bool isId(const std::string& text) {
-    return text.size() == 2 * ID_BYTES && parseHex(text);
+    return text.size() == DEVICE_ID_DIGITS && parseHex(text);
 }
 
 std::string digestOf(const std::string& id) {
@@ -37,7 +31,7 @@ std::string answer(const Call& call) {
         return formatRecord({id});
     }
     if (id.empty() || !call.state.hasDevice(digestOf(id))) {
-        id = formatHex(randomBytes(ID_BYTES));
+        id = formatHex(randomBytes(DEVICE_ID_DIGITS / 2));
     }
     call.sessions.setDevice(call.caller->sessionId, digestOf(id));
     return formatRecord({id});

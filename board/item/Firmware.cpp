@@ -12,10 +12,6 @@ namespace ORVLib::Board::Firmware {
 
 namespace {
 
-// Where a piece belongs in the image stands before its bytes.
-constexpr std::size_t OFFSET_SIZE = 4;
-constexpr std::size_t MAX_PIECE_SIZE = 65000;
-
 PException cannotStage(const Call& call, const std::system_error& error) {
     trace::OrvTrace(2, 1, 5).putLog(0, std::string("cannot keep the image: ") + error.what());
     return boardError(ERROR_BOARD_FAILURE, "cannot keep the image", call.id, ACTION_STAGE);
@@ -26,7 +22,7 @@ void extend(const Call& call) {
     FirmwareStage& stage = call.stage;
     const std::uint32_t offset = readNumber(call.content, 0);
     const std::string& session = call.caller->sessionId;
-    const std::size_t added = call.content.size() - OFFSET_SIZE;
+    const std::size_t added = call.content.size() - FirmwarePiece::BYTES_OFFSET;
     if (offset != 0 && (!stage.isOf(session) || offset != stage.getSize() ||
                         offset > FirmwareStage::MAX_SIZE - added)) {
         throw boardError(ERROR_BAD_REQUEST, "this does not continue the staged image", call.id);
@@ -34,7 +30,7 @@ void extend(const Call& call) {
     if (offset == 0) {
         stage.begin(session);
     }
-    stage.append(std::string_view(call.content).substr(OFFSET_SIZE));
+    stage.append(std::string_view(call.content).substr(FirmwarePiece::BYTES_OFFSET));
 }
 
 std::string requireVersion(const Call& call) {
@@ -65,7 +61,8 @@ void noteReceived(const Call& call) {
 }  // namespace
 
 bool isPiece(const std::string& content) {
-    return content.size() > OFFSET_SIZE && content.size() <= OFFSET_SIZE + MAX_PIECE_SIZE;
+    return content.size() > FirmwarePiece::BYTES_OFFSET &&
+           content.size() <= FirmwarePiece::BYTES_OFFSET + FirmwarePiece::MAX_BYTES;
 }
 
 bool isDigest(const std::string& content) {

@@ -13,7 +13,7 @@ namespace ORVLib::Board {
 constexpr Field SERVICES[] = {FLAG, PORT, FLAG, PORT, FLAG, PORT, FLAG, PORT};
 constexpr std::size_t HTTPS_PORT_FIELD = 3;
 
-/// A row of ITEM_ACL.
+/// A row of ITEM_ACCESS_LIST.
 constexpr Field ACCESS_ROW[] = {ADDRESS, MASK_BITS};
 constexpr std::size_t MAX_ACCESS_ROWS = 32;
 

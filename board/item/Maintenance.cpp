@@ -9,10 +9,11 @@ namespace ORVLib::Board::Maintenance {
 namespace {
 
 // Bytes from the first partition's to the system's.
-constexpr std::size_t MARKS = SYSTEM - FIRST_PARTITION + 1;
+constexpr std::size_t MARKS =
+    MaintenanceMode::SYSTEM_OFFSET - MaintenanceMode::FIRST_PARTITION_OFFSET + 1;
 
 bool isSystemIn(const std::string& mode) {
-    return mode[SYSTEM] != '\0';
+    return mode[MaintenanceMode::SYSTEM_OFFSET] != '\0';
 }
 
 bool readPacket(ORVUi::GeneralPurposePacket& packet, const std::string& content) {
@@ -31,7 +32,7 @@ bool isPermitted(const std::string& permission) {
 }  // namespace
 
 bool isMode(const std::string& content) {
-    return content.size() == MAINTENANCE_MODE_SIZE;
+    return content.size() == MaintenanceMode::SIZE;
 }
 
 bool isPermission(const std::string& content) {
@@ -40,11 +41,11 @@ bool isPermission(const std::string& content) {
 }
 
 bool isOn(const std::string& mode) {
-    return mode.substr(FIRST_PARTITION, MARKS) != std::string(MARKS, '\0');
+    return mode.substr(MaintenanceMode::FIRST_PARTITION_OFFSET, MARKS) != std::string(MARKS, '\0');
 }
 
 bool isPartitionIn(const std::string& mode, std::uint32_t partition) {
-    return mode[FIRST_PARTITION + partition] != '\0';
+    return mode[MaintenanceMode::FIRST_PARTITION_OFFSET + partition] != '\0';
 }
 
 bool allowsPower(BoardState& state) {

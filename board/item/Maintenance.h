@@ -8,9 +8,6 @@
 /// What the maintenance mode means.
 namespace ORVLib::Board::Maintenance {
 
-/// The mode: a byte a partition and one for the system, not zero while in maintenance.
-constexpr std::size_t FIRST_PARTITION = 17;
-constexpr std::size_t SYSTEM = 33;
 bool isMode(const std::string& content);
 
 /// The permission: a packet whose first component says whether technical staff may use the power.

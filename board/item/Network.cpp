@@ -23,11 +23,11 @@ Record::iterator findRow(Record& list, const Record& row) {
 }
 
 Record readAccessList(const Call& call) {
-    return *parseRows(readValid(call.state, ITEM_ACL, isAccessList), ACCESS_ROW);
+    return *parseRows(readValid(call.state, ITEM_ACCESS_LIST, isAccessList), ACCESS_ROW);
 }
 
 void writeAccessList(const Call& call, const Record& list) {
-    call.state.writeItem(ITEM_ACL, formatRecord(list),
+    call.state.writeItem(ITEM_ACCESS_LIST, formatRecord(list),
                          call.makeEvent(EventCode::SETTINGS_CHANGED, ACCESS_LIST));
 }
 

@@ -11,7 +11,7 @@ namespace ORVLib::Board::Network {
 std::string readHttpsPort(const Call& call);
 void writeHttpsPort(const Call& call);
 
-/// ITEM_ACL_ADD and ITEM_ACL_REMOVE.
+/// ITEM_ACCESS_LIST_ADD and ITEM_ACCESS_LIST_REMOVE.
 void addAccess(const Call& call);
 void removeAccess(const Call& call);
 

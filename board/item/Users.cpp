@@ -11,14 +11,13 @@ namespace ORVLib::Board::Users {
 namespace {
 
 constexpr std::size_t MAX_USERS = 64;
-constexpr int USER_PARTITIONS = 16;
 
 enum UserField { USER_NAME, USER_PASSWORD, USER_ROLE, USER_PARTITION_FLAGS, USER_LANGUAGE };
 constexpr Field USER_NAME_FIELD = text(1, 32);
 constexpr Field PASSWORD = text(8, 32);
 constexpr Field ROLE = word("administrator|staff|guest|operator|partition");
-constexpr Field NEW_USER[] = {USER_NAME_FIELD, PASSWORD, ROLE, flags(USER_PARTITIONS), FLAG};
-constexpr Field CHANGED_USER[] = {USER_NAME_FIELD, orEmpty(PASSWORD), ROLE, flags(USER_PARTITIONS),
+constexpr Field NEW_USER[] = {USER_NAME_FIELD, PASSWORD, ROLE, flags(MAX_PARTITIONS), FLAG};
+constexpr Field CHANGED_USER[] = {USER_NAME_FIELD, orEmpty(PASSWORD), ROLE, flags(MAX_PARTITIONS),
                                   FLAG};
 
 struct Role {
@@ -47,7 +46,7 @@ bool isName(const std::string& name) {
 
 std::uint32_t parsePartitions(const std::string& text) {
     std::uint32_t partitions = 0;
-    for (unsigned int n = 0; n < USER_PARTITIONS; ++n) {
+    for (unsigned int n = 0; n < MAX_PARTITIONS; ++n) {
         partitions |= text[n] == '1' ? 1U << n : 0U;
     }
     return partitions;
@@ -79,7 +78,7 @@ std::uint32_t parseRole(const std::string& name) {
 
 std::string formatPartitions(std::uint32_t partitions) {
     std::string text;
-    for (unsigned int n = 0; n < USER_PARTITIONS; ++n) {
+    for (unsigned int n = 0; n < MAX_PARTITIONS; ++n) {
         text += (partitions >> n & 1U) != 0 ? '1' : '0';
     }
     return text;
@@ -194,7 +193,7 @@ std::string listSessions(const Call& call) {
             formatRecord({session.user, user ? nameRole(user->authority) : "", session.address,
                           std::to_string(call.state.toBoardTime(session.loginTime)),
                           std::to_string(call.state.toBoardTime(session.lastUse))});
-        if (rows.size() + row.size() > MAX_CONTENT_SIZE) {
+        if (rows.size() + row.size() > MAX_PAYLOAD_SIZE) {
             break;
         }
         rows += row;

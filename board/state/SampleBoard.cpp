@@ -26,7 +26,7 @@ constexpr Initial INITIAL[] = {
     {ITEM_ADDRESSES, ONE, "board|192.0.2.10|24|192.0.2.1|192.0.2.53|"},
     {ITEM_SERVICES, ONE, "1|80|1|443|1|22|0|23"},
     {ITEM_TRAPS, ONE, "0||public|0|||0||"},
-    {ITEM_ACL, ONE, ""},
+    {ITEM_ACCESS_LIST, ONE, ""},
     {ITEM_MAIL, ONE, "0||25|||"},
     {ITEM_PROGRESS, ONE, "idle|0|"},
     {ITEM_PARTITION_POWER, EACH, "on"},
@@ -56,7 +56,7 @@ std::string noMaintenancePermission() {
 StoredItems getSampleItems() {
     StoredItems items;
     items[ITEM_DEFAULT_LANGUAGE] = formatNumber(ENGLISH);
-    items[ITEM_MAINTENANCE_MODE] = std::string(MAINTENANCE_MODE_SIZE, '\0');
+    items[ITEM_MAINTENANCE_MODE] = std::string(MaintenanceMode::SIZE, '\0');
     items[ITEM_MAINTENANCE_PERMISSION] = noMaintenancePermission();
     for (const Initial& initial : INITIAL) {
         const std::uint32_t count = initial.scope == EACH ? PARTITION_COUNT : 1;

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "orv/OrvTrace.h"
+#include "wire/Protocol.h"
 #include "wire/Random.h"
-#include "wire/Telegram.h"
 
 namespace ORVLib::Board {
 
@@ -16,7 +16,7 @@ constexpr std::size_t MAX_SESSIONS_PER_USER = 64;
 constexpr char ID_CHARACTERS[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
 
 std::string randomId() {
-    std::string id = randomBytes(Telegram::MAX_SESSION_ID_LENGTH);
+    std::string id = randomBytes(MAX_SESSION_ID_LENGTH);
     for (char& character : id) {
         character = ID_CHARACTERS[static_cast<unsigned char>(character) & 63U];
     }

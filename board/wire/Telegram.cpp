@@ -3,34 +3,27 @@
 #include <algorithm>
 
 #include "common/ByteOrder.h"
+#include "wire/Protocol.h"
 
 namespace ORVLib::Board {
 
-namespace {
-
-constexpr std::size_t SESSION_ID_OFFSET = 4;
-constexpr std::size_t SESSION_ID_SIZE = 32;
-constexpr std::size_t LANGUAGE_OFFSET = 39;
-constexpr std::size_t ROLES_OFFSET = 40;
-constexpr std::size_t PARTITIONS_OFFSET = 44;
-
-}  // namespace
+using Layout = TelegramLayout;
 
 Telegram Telegram::parse(const std::string& bytes) {
     Telegram telegram;
-    telegram.processId = readNumber(bytes, 0);
-    telegram.sessionId = readField(bytes, SESSION_ID_OFFSET, SESSION_ID_SIZE);
+    telegram.processId = readNumber(bytes, Layout::PROCESS_ID_OFFSET);
+    telegram.sessionId = readField(bytes, Layout::SESSION_ID_OFFSET, Layout::SESSION_ID_SIZE);
     return telegram;
 }
 
 std::string Telegram::format() const {
-    std::string bytes(SIZE, '\0');
-    bytes.replace(0, 4, formatNumber(processId));
+    std::string bytes(Layout::SIZE, '\0');
+    bytes.replace(Layout::PROCESS_ID_OFFSET, 4, formatNumber(processId));
     const std::size_t idLength = std::min(sessionId.size(), MAX_SESSION_ID_LENGTH);
-    bytes.replace(SESSION_ID_OFFSET, idLength, sessionId, 0, idLength);
-    bytes[LANGUAGE_OFFSET] = static_cast<char>(language);
-    bytes.replace(ROLES_OFFSET, 4, formatNumber(authority.roles));
-    bytes.replace(PARTITIONS_OFFSET, 4, formatNumber(authority.partitions));
+    bytes.replace(Layout::SESSION_ID_OFFSET, idLength, sessionId, 0, idLength);
+    bytes[Layout::LANGUAGE_OFFSET] = static_cast<char>(language);
+    bytes.replace(Layout::ROLES_OFFSET, 4, formatNumber(authority.roles));
+    bytes.replace(Layout::PARTITIONS_OFFSET, 4, formatNumber(authority.partitions));
     return bytes;
 }
 

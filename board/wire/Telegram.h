@@ -13,16 +13,13 @@ struct Authority {
 
 /// The header of every request and response.
 struct Telegram {
-    static constexpr std::size_t SIZE = 48;
-    static constexpr std::size_t MAX_SESSION_ID_LENGTH = 31;
-
     std::uint32_t processId = 0;
     std::string sessionId;
     unsigned char language = 0;
     Authority authority;
 
     /// Takes what counts of a request from the bytes of its telegram. REQUIRES: bytes.size() ==
-    /// SIZE.
+    /// TelegramLayout::SIZE.
     static Telegram parse(const std::string& bytes);
 
     std::string format() const;

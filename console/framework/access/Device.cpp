@@ -9,7 +9,6 @@
 #include "framework/backend/Digits.h"
 #include "framework/backend/Environment.h"
 #include "framework/component/PageChrome.h"
-#include "gui/BackendNumbers.h"
 
 using namespace ORVLib::Gui;
 
@@ -19,12 +18,11 @@ namespace {
 
 constexpr std::string_view NAME = "device=";
 constexpr std::string_view SEPARATOR = "; ";
-constexpr std::size_t ID_DIGITS = 32;
 constexpr std::string_view ONE_YEAR = "; Max-Age=31536000";  // seconds
 constexpr std::string_view WITHOUT_ID = "none";
 
 bool isId(std::string_view text) {
-    return isHexDigits(text, ID_DIGITS);
+    return isHexDigits(text, DEVICE_ID_DIGITS);
 }
 
 void printDeviceCookie(std::string_view value, std::string_view lifetime) {
@@ -90,7 +88,7 @@ std::string askDevice(CGIRequester& requester, const std::string& sent) {
     Record question;
     question.add(sent);
     Record answer;
-    if (requester.getInfo(ITEM_OWN_DEVICE | ITEM_EXCHANGE, question, answer) == 0 ||
+    if (requester.getInfo(ITEM_OWN_DEVICE | ACCESS_EXCHANGE, question, answer) == 0 ||
         answer.isDamaged() || answer.getTexts().size() != 1 || !isId(answer.getTexts().front())) {
         return "";
     }

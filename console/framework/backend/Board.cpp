@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "framework/backend/Digits.h"
-#include "gui/BackendNumbers.h"
 #include "orv/PException.h"
 
 using ORVLib::Gui::CGIRequester;
@@ -72,19 +71,17 @@ void writeNumber(CGIRequester& requester, unsigned int item, std::uint32_t numbe
     const unsigned char bytes[4] = {
         static_cast<unsigned char>(number >> 24), static_cast<unsigned char>(number >> 16),
         static_cast<unsigned char>(number >> 8), static_cast<unsigned char>(number)};
-    if (requester.setInfo(item | ORVLib::Gui::ITEM_WRITE, sizeof bytes, bytes) == 0) {
+    if (requester.setInfo(item | ACCESS_WRITE, sizeof bytes, bytes) == 0) {
         throwRequesterError(requester);
     }
 }
 
 std::string readUserName(CGIRequester& requester) {
-    constexpr std::size_t NAME_SIZE = 36;
-    constexpr std::size_t SIZE = NAME_SIZE + 4;
-    char bytes[SIZE];
-    if (requester.getInfo(ITEM_USER_INFORMATION, bytes, SIZE) == 0) {
+    char bytes[UserInformation::SIZE];
+    if (requester.getInfo(PROCEDURE_GET_USER_INFO, bytes, sizeof bytes) == 0) {
         throwRequesterError(requester);
     }
-    return {bytes, std::find(bytes, bytes + NAME_SIZE, '\0')};
+    return {bytes, std::find(bytes, bytes + UserInformation::INTERVAL_OFFSET, '\0')};
 }
 
 Record readRecord(CGIRequester& requester, unsigned int item) {
@@ -101,7 +98,7 @@ std::vector<int> readPartitions(CGIRequester& requester) {
     std::vector<int> partitions;
     for (const auto& row : rowsOf(readRecord(requester, ITEM_PARTITIONS), FIELDS)) {
         const int partition = readDigits(row[0], MOST_DIGITS);
-        if (partition < 0 || partition >= MOST_PARTITIONS) {
+        if (partition < 0 || partition >= MAX_PARTITIONS) {
             failDamaged();
         }
         partitions.push_back(partition);
@@ -120,7 +117,7 @@ unsigned int readRecord(CGIRequester& requester, unsigned int item, Record& reco
 
 Record queryRecord(CGIRequester& requester, unsigned int item, const Record& question) {
     Record answer;
-    if (requester.getInfo(item | ORVLib::Gui::ITEM_EXCHANGE, question, answer) == 0) {
+    if (requester.getInfo(item | ACCESS_EXCHANGE, question, answer) == 0) {
         throwRequesterError(requester);
     }
     return whole(answer);
@@ -128,7 +125,7 @@ Record queryRecord(CGIRequester& requester, unsigned int item, const Record& que
 
 unsigned int writeRecord(CGIRequester& requester, unsigned int item, const Record& record,
                          std::initializer_list<unsigned int> expected) {
-    if (requester.setInfo(item | ORVLib::Gui::ITEM_WRITE, record) != 0) {
+    if (requester.setInfo(item | ACCESS_WRITE, record) != 0) {
         return 0;
     }
     return requireExpected(requester, expected);
@@ -144,8 +141,8 @@ std::string readBytes(CGIRequester& requester, unsigned int item) {
 
 unsigned int writeBytes(CGIRequester& requester, unsigned int item, const std::string& bytes,
                         std::initializer_list<unsigned int> expected) {
-    return requester.setInfo(item | ORVLib::Gui::ITEM_WRITE,
-                             static_cast<unsigned int>(bytes.size()), bytes.data()) != 0
+    return requester.setInfo(item | ACCESS_WRITE, static_cast<unsigned int>(bytes.size()),
+                             bytes.data()) != 0
                ? 0
                : requireExpected(requester, expected);
 }

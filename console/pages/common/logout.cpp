@@ -8,7 +8,6 @@
 #include "framework/page/PageMain.h"
 #include "framework/page/PageStep.h"
 #include "framework/page/Program.h"
-#include "gui/BackendNumbers.h"
 #include "gui/CGIRequester.h"
 #include "gui/SubmitButton.h"
 
@@ -45,7 +44,7 @@ protected:
 
 private:
     static void endSession(CGIRequester& requester) {
-        if (requester.logout() == 0 && requester.getErrorDetail() != ERROR_SESSION_INVALID) {
+        if (requester.logout() == 0 && requester.getErrorDetail() != ERROR_NO_SESSION) {
             throwRequesterError(requester);
         }
     }

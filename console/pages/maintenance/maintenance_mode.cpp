@@ -9,7 +9,6 @@
 #include "framework/page/Partitions.h"
 #include "framework/page/Program.h"
 #include "framework/page/SettingsPage.h"
-#include "gui/BackendNumbers.h"
 #include "gui/MaintenanceMode.h"
 #include "orv/GeneralPurposePacket.h"
 #include "orv/PException.h"
@@ -120,7 +119,7 @@ private:
     /// A packet without a number permits nothing, for the rule that lets staff in as well.
     bool readPermission() const {
         GeneralPurposePacket packet;
-        if (getRequester().getInfo(ITEM_MAINTENANCE_POWER, packet) == 0) {
+        if (getRequester().getInfo(ITEM_MAINTENANCE_PERMISSION, packet) == 0) {
             throwRequesterError(getRequester());
         }
         const auto* const number = dynamic_cast<const PowerPermission*>(packet.getCompInfo(0));
@@ -130,7 +129,7 @@ private:
     bool trySetPermission(bool permitted) const {
         GeneralPurposePacket packet;
         packet.addComponent(std::make_unique<PowerPermission>(permitted ? 1 : 0));
-        return getRequester().setInfo(ITEM_MAINTENANCE_POWER | ITEM_WRITE, packet) != 0;
+        return getRequester().setInfo(ITEM_MAINTENANCE_PERMISSION | ACCESS_WRITE, packet) != 0;
     }
 
     void writePermission(bool permitted) const {

@@ -56,7 +56,7 @@ std::string withPlainLineEnds(std::string text) {
 std::string readFile(const std::string& path) {
     constexpr std::size_t LONGEST_LINE_END = 2;
     std::ifstream file(path, std::ios::binary);
-    std::string content((LARGEST_CONTENT + 1) * LONGEST_LINE_END, '\0');
+    std::string content((MAX_PAYLOAD_SIZE + 1) * LONGEST_LINE_END, '\0');
     file.read(content.data(), static_cast<std::streamsize>(content.size()));
     if (!file && !file.eof()) {
         throw std::runtime_error("the uploaded backup cannot be read");
@@ -113,7 +113,7 @@ protected:
 
 private:
     bool checkContent(const std::string& content, const std::string& size) {
-        if (content.size() > LARGEST_CONTENT) {
+        if (content.size() > MAX_PAYLOAD_SIZE) {
             refuse(TEXT_BACKUP_TOO_LARGE, size);
         } else if (content.rfind(FIRST_LINE, 0) != 0 || !isPrintableLines(content)) {
             refuse(TEXT_NO_BACKUP, size);

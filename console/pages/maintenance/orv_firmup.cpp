@@ -7,7 +7,6 @@
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"
 #include "framework/page/UploadPage.h"
-#include "gui/BackendNumbers.h"
 #include "gui/MetaTag.h"
 #include "gui/ORVGUIUtil.h"
 #include "pages/maintenance/FirmwareImage.h"
@@ -23,9 +22,6 @@ constexpr char DIGEST_FIELD[] = "digest";
 
 /// How long the user sees that an installation has begun, before its progress.
 constexpr char FORWARD_SECONDS[] = "2";
-
-/// Bytes of the image that go to the board in one exchange, behind their offset.
-constexpr std::size_t PIECE_SIZE = 65000;
 
 std::string offsetBytes(std::uint32_t offset) {
     return {static_cast<char>(offset >> 24), static_cast<char>(offset >> 16),
@@ -45,7 +41,7 @@ public:
     explicit StagedImage(CGIRequester& requester) : m_requester(requester) {}
     ~StagedImage() {
         if (!m_kept) {
-            m_requester.setInfo(ITEM_FIRMWARE_DROP | ITEM_WRITE, dropRequest());
+            m_requester.setInfo(ITEM_FIRMWARE_DROP | ACCESS_WRITE, dropRequest());
         }
     }
     StagedImage(const StagedImage&) = delete;
@@ -155,8 +151,8 @@ private:
     std::string stage(FirmwareImage& image) {
         Digest digest;
         std::uint32_t offset = 0;
-        for (std::string piece = image.read(PIECE_SIZE); !piece.empty();
-             piece = image.read(PIECE_SIZE)) {
+        for (std::string piece = image.read(FirmwarePiece::MAX_BYTES); !piece.empty();
+             piece = image.read(FirmwarePiece::MAX_BYTES)) {
             if (writeBytes(getRequester(), ITEM_FIRMWARE_STAGE, offsetBytes(offset) + piece,
                            {ERROR_BAD_REQUEST}) != 0) {
                 refuse(TEXT_STAGING_REFUSED);

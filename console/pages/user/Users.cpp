@@ -55,7 +55,7 @@ void PartitionsInput::setText(const std::string& text) {
 
 std::string PartitionsInput::getText() const {
     const std::string boxes = ChecksInput::getText();
-    std::string text(MOST_PARTITIONS, NOT_CHOSEN);
+    std::string text(MAX_PARTITIONS, NOT_CHOSEN);
     for (std::size_t i = 0; i < m_partitions.size(); ++i) {
         text[static_cast<std::size_t>(m_partitions[i])] = boxes[i];
     }

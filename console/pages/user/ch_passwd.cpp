@@ -16,11 +16,10 @@ constexpr int PASSWORD_CHANGED = 2;
 
 /// The content of the board's item: both passwords, each filled up with NULs.
 std::string changeOf(const std::string& present, const std::string& wanted) {
-    constexpr std::size_t FIELD_SIZE = 36;
     std::string content = present;
-    content.resize(FIELD_SIZE);
+    content.resize(PasswordChange::NEW_OFFSET);
     content += wanted;
-    content.resize(2 * FIELD_SIZE);
+    content.resize(PasswordChange::SIZE);
     return content;
 }
 
