@@ -10,8 +10,8 @@
 #include "item/Firmware.h"
 #include "item/FirmwareStage.h"
 #include "item/Installation.h"
+#include "protocol/Digest.h"
 #include "state/SampleBoard.h"
-#include "wire/Digest.h"
 
 using namespace ORVLib;
 using namespace ORVLib::Board;
@@ -57,9 +57,8 @@ std::string makeRequest(Fuzz::Input& input, const std::vector<std::string>& sess
     }
     std::string payload = input.take(input.number(2));
     if (payload.size() > 7 && payload.compare(payload.size() - 7, 7, "sha256 ") == 0) {
-        Digest digest;  // which the fuzzer would never find
-        digest.add({payload.data(), payload.size() - 7});
-        payload += formatHex(digest.get()) + '\n';
+        // The fuzzer would never find the digest.
+        payload += digestOf({payload.data(), payload.size() - 7}) + '\n';
     }
     return bytes + frame(type, payload);
 }

@@ -7,32 +7,26 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
-#include <iomanip>
 #include <iostream>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "common/Hex.h"
 #include "gui/CGIAuthority.h"
 #include "gui/CGIRequester.h"
 #include "orv/CommonUtil.h"
-#include "orv/SerializableObject.h"
 #include "protocol/Items.h"
 #include "protocol/Layouts.h"
+#include "protocol/Payload.h"
+#include "protocol/Record.h"
 
 namespace {
 
 using ORVLib::Gui::CGIAuthority;
 using ORVLib::Gui::CGIRequester;
 using namespace ORVLib::Protocol;
-using namespace std::string_view_literals;
 
 constexpr int EXIT_USAGE = 2;
-
-// Of every severity, source and day, the newest 200.
-constexpr std::string_view ALL_EVENTS =
-    "info\0\0\0\0"
-    "200\0\0"sv;
 
 constexpr char USAGE[] =
     "usage: boardctl COMMAND\n"
@@ -51,32 +45,6 @@ constexpr char USAGE[] =
     "Exit status: 0 done; 1 the daemon refused or cannot be reached; 2 wrong usage.\n";
 
 class UsageError {};
-
-/// The bytes of an item, whatever they mean.
-class RawItem : public ORVLib::SerializableObject {
-public:
-    RawItem() = default;
-    explicit RawItem(std::string_view bytes) : m_bytes(bytes.begin(), bytes.end()) {}
-
-    unsigned int getSerialized(unsigned char* buffer, unsigned int size) const override {
-        if (size < m_bytes.size()) {
-            return 0;
-        }
-        std::copy(m_bytes.begin(), m_bytes.end(), buffer);
-        return getSerializedSize();
-    }
-    unsigned int getSerializedSize() const override {
-        return static_cast<unsigned int>(m_bytes.size());
-    }
-    bool setSerialized(const unsigned char* data, unsigned int size) override {
-        m_bytes.assign(data, data + size);
-        return true;
-    }
-    const std::vector<unsigned char>& bytes() const { return m_bytes; }
-
-private:
-    std::vector<unsigned char> m_bytes;
-};
 
 /// The terminal as it was before its echo went off, for a signal handler.
 termios shownTerminal;
@@ -153,28 +121,26 @@ unsigned int itemId(const std::string& text) {
     return static_cast<unsigned int>(id);
 }
 
-std::vector<unsigned char> hexBytes(const std::string& text) {
-    const bool digitsOnly = text.find_first_not_of("0123456789abcdefABCDEF") == std::string::npos;
-    if (text.empty() || text.size() % 2 != 0 || !digitsOnly || text.size() / 2 > MAX_PAYLOAD_SIZE) {
+std::string hexBytes(std::string digits) {
+    std::transform(digits.begin(), digits.end(), digits.begin(), [](char digit) {
+        return digit >= 'A' && digit <= 'F' ? static_cast<char>(digit - 'A' + 'a') : digit;
+    });
+    const auto bytes = ORVLib::parseHex(digits);
+    if (!bytes || bytes->empty() || bytes->size() > MAX_PAYLOAD_SIZE) {
         std::cerr << "boardctl: BYTES are pairs of hexadecimal digits, up to " << MAX_PAYLOAD_SIZE
                   << " bytes\n";
         throw UsageError();
     }
-    std::vector<unsigned char> bytes;
-    for (std::size_t i = 0; i < text.size(); i += 2) {
-        bytes.push_back(
-            static_cast<unsigned char>(std::strtoul(text.substr(i, 2).c_str(), nullptr, 16)));
-    }
-    return bytes;
+    return *bytes;
 }
 
 /// Prints rows of texts, each of which a NUL byte ends, a line a row.
-void printRows(const RawItem& item, std::size_t columns) {
+void printRows(const Payload& item, std::size_t columns) {
     std::size_t texts = 0;
-    for (const unsigned char byte : item.bytes()) {
+    for (const char byte : item.getBytes()) {
         if (byte != '\0') {
-            std::cout << static_cast<char>(byte);
-        } else if (item.bytes().size() > 1) {  // a single NUL stands for no rows
+            std::cout << byte;
+        } else if (item.getBytes().size() > 1) {  // a single NUL is a list without rows
             std::cout << (++texts % columns == 0 ? '\n' : '\t');
         }
     }
@@ -281,28 +247,23 @@ private:
 
     bool get() {
         const unsigned int id = itemId(m_words[2]);
-        RawItem item;
+        Payload item;
         if (session().getInfo(id, item) == 0) {
             return false;
         }
-        std::cout << std::hex << std::setfill('0');
-        for (const unsigned char byte : item.bytes()) {
-            std::cout << std::setw(2) << static_cast<unsigned int>(byte);
-        }
-        std::cout << '\n';
+        std::cout << ORVLib::formatHex(item.getBytes()) << '\n';
         return true;
     }
 
     bool set() {
         const unsigned int id = itemId(m_words[2]);
-        const std::vector<unsigned char> bytes = hexBytes(m_words[3]);
-        return session().setInfo(id | ACCESS_WRITE, static_cast<unsigned int>(bytes.size()),
-                                 bytes.data()) != 0;
+        return session().setInfo(id | ACCESS_WRITE, Payload(hexBytes(m_words[3]))) != 0;
     }
 
     bool events() {
-        RawItem rows;
-        if (session().getInfo(ITEM_EVENTS | ACCESS_EXCHANGE, RawItem(ALL_EVENTS), rows) == 0) {
+        Payload rows;
+        if (session().getInfo(ITEM_EVENTS | ACCESS_EXCHANGE,
+                              Payload(formatRecord({"info", "", "", "", "200", ""})), rows) == 0) {
             return false;
         }
         printRows(rows, 7);
@@ -313,7 +274,7 @@ private:
     bool sessions() { return list(ITEM_SESSIONS, 5); }
 
     bool list(unsigned int id, std::size_t columns) {
-        RawItem rows;
+        Payload rows;
         if (session().getInfo(id, rows) == 0) {
             return false;
         }

@@ -12,7 +12,7 @@
 #include "item/BoardClock.h"
 #include "item/Firmware.h"
 #include "orv/OrvTrace.h"
-#include "wire/Digest.h"
+#include "protocol/Digest.h"
 #include "wire/Protocol.h"
 #include "wire/Random.h"
 

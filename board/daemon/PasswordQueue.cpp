@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
-#include "wire/Digest.h"
+#include "protocol/Digest.h"
+#include "wire/Protocol.h"
 
 namespace ORVLib::Board {
 
@@ -61,11 +62,7 @@ std::uint64_t PasswordQueue::digestOf(const std::string& text) const {
     digest.add(m_key);
     digest.add(text);
     const std::string bytes = digest.get();
-    std::uint64_t number = 0;
-    for (std::size_t i = 0; i < sizeof number; ++i) {
-        number = number << 8U | static_cast<unsigned char>(bytes[i]);
-    }
-    return number;
+    return std::uint64_t{readNumber(bytes, 0)} << 32U | readNumber(bytes, 4);
 }
 
 void PasswordQueue::noteAttempt(const Waiting& waiting) {

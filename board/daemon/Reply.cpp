@@ -1,6 +1,7 @@
 #include "daemon/Reply.h"
 
 #include "MessageStream.h"
+#include "protocol/Payload.h"
 #include "wire/Protocol.h"
 
 namespace ORVLib::Board {
@@ -17,10 +18,7 @@ std::string frameText(std::uint32_t type, const std::string& text) {
 }  // namespace
 
 Reply Reply::error(const PException& exception) {
-    std::string bytes(exception.getSerializedSize(), '\0');
-    exception.getSerialized(reinterpret_cast<unsigned char*>(bytes.data()),
-                            static_cast<unsigned int>(bytes.size()));
-    return {TYPE_ERROR, std::move(bytes), std::nullopt};
+    return {TYPE_ERROR, serialize(exception), std::nullopt};
 }
 
 void Reply::damage(FaultKind kind, std::uint32_t requestType) {

@@ -2,12 +2,12 @@
 
 #include <exception>
 
+#include "common/Hex.h"
 #include "daemon/LoginClient.h"
-#include "item/Device.h"
 #include "item/Users.h"
 #include "orv/OrvTrace.h"
+#include "protocol/Digest.h"
 #include "state/Password.h"
-#include "wire/Digest.h"
 #include "wire/Protocol.h"
 #include "wire/Random.h"
 
@@ -151,7 +151,7 @@ Requests::PasswordCheck Requests::beginLogin(const Request& request) {
     const auto user = m_state.findUser(login.user);
     login.hash = user ? user->passwordHash : m_nobodysHash;
     if (!client.device.empty()) {
-        noteDevice(login, Device::digestOf(client.device));
+        noteDevice(login, digestOf(client.device));
     }
     return login;
 }

@@ -5,7 +5,7 @@
 
 #include "item/BoardClock.h"
 #include "item/ItemValidators.h"
-#include "wire/Digest.h"
+#include "protocol/Digest.h"
 #include "wire/Protocol.h"
 
 namespace ORVLib::Board::Backup {
@@ -89,12 +89,6 @@ std::string headOf(std::uint32_t id) {
     char head[sizeof "item 0000 "];
     std::snprintf(head, sizeof head, "item %04x ", id & 0xffffU);
     return head;
-}
-
-std::string digestOf(std::string_view text) {
-    Digest digest;
-    digest.add(text);
-    return formatHex(digest.get());
 }
 
 std::string readSetting(BoardState& state, std::uint32_t id, const Setting& setting) {

@@ -5,8 +5,8 @@
 
 #include "common/ParseNumber.h"
 #include "wire/Calendar.h"
+#include "wire/Fields.h"
 #include "wire/Protocol.h"
-#include "wire/Records.h"
 
 namespace ORVLib::Board::BoardClock {
 

@@ -1,19 +1,13 @@
 #include "item/Device.h"
 
-#include "wire/Digest.h"
+#include "protocol/Digest.h"
+#include "wire/Protocol.h"
 #include "wire/Random.h"
-#include "wire/Records.h"
 
 namespace ORVLib::Board::Device {
 
 bool isId(const std::string& text) {
-    return text.size() == DEVICE_ID_DIGITS && parseHex(text);
-}
-
-std::string digestOf(const std::string& id) {
-    Digest digest;
-    digest.add(id);
-    return formatHex(digest.get());
+    return isHex(text, DEVICE_ID_DIGITS);
 }
 
 bool isQuestion(const std::string& content) {

@@ -14,9 +14,6 @@ namespace ORVLib::Board::Device {
 /// True for a text of an ID's form.
 bool isId(const std::string& text);
 
-/// What the state keeps of an ID.
-std::string digestOf(const std::string& id);
-
 /// True for a record of an ID or an empty text.
 bool isQuestion(const std::string& content);
 

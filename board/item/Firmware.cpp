@@ -66,7 +66,7 @@ bool isPiece(const std::string& content) {
 }
 
 bool isDigest(const std::string& content) {
-    return isValidRecord(content, text(2 * Digest::SIZE, 2 * Digest::SIZE));
+    return isValidRecord(content, text(Digest::DIGITS, Digest::DIGITS));
 }
 
 bool isDrop(const std::string& content) {

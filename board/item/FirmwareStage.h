@@ -5,7 +5,8 @@
 #include <string>
 
 #include "common/FileDescriptor.h"
-#include "wire/Digest.h"
+#include "protocol/Digest.h"
+#include "wire/Protocol.h"
 
 namespace ORVLib::Board {
 

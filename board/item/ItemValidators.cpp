@@ -4,7 +4,6 @@
 #include <set>
 
 #include "wire/Protocol.h"
-#include "wire/Telegram.h"
 
 namespace ORVLib::Board {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "wire/Records.h"
+#include "wire/Fields.h"
 
 /// What the items that are stored as they come may hold: the checks, and the fields that other
 /// parts of the board look at.

@@ -1,6 +1,6 @@
 #include "item/OwnSettings.h"
 
-#include "wire/Telegram.h"
+#include "wire/Protocol.h"
 
 namespace ORVLib::Board::OwnSettings {
 

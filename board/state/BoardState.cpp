@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "wire/Calendar.h"
-#include "wire/Records.h"
+#include "wire/Fields.h"
 
 namespace ORVLib::Board {
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "orv/GeneralPurposePacket.h"
+#include "protocol/Payload.h"
 
 namespace ORVLib::Board {
 
@@ -45,10 +46,7 @@ std::string splitAtBars(std::string texts) {
 std::string noMaintenancePermission() {
     ORVUi::GeneralPurposePacket packet;
     packet.addComponent(std::make_unique<ORVUi::PrimitiveTypeWrapper<long>>());
-    std::string bytes(packet.getSerializedSize(), '\0');
-    packet.getSerialized(reinterpret_cast<unsigned char*>(bytes.data()),
-                         static_cast<unsigned int>(bytes.size()));
-    return bytes;
+    return serialize(packet);
 }
 
 }  // namespace

@@ -6,6 +6,8 @@
 #include "protocol/Errors.h"
 #include "protocol/Items.h"
 #include "protocol/Layouts.h"
+#include "protocol/Numbers.h"
+#include "protocol/Record.h"
 #include "protocol/Roles.h"
 
 namespace ORVLib::Board {

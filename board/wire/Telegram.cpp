@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "common/ByteOrder.h"
 #include "wire/Protocol.h"
 
 namespace ORVLib::Board {
@@ -30,16 +29,6 @@ std::string Telegram::format() const {
 std::string readField(const std::string& bytes, std::size_t offset, std::size_t size) {
     const std::string field = bytes.substr(offset, size);
     return field.substr(0, field.find('\0'));
-}
-
-std::uint32_t readNumber(const std::string& bytes, std::size_t offset) {
-    return Bytes::read32(reinterpret_cast<const unsigned char*>(bytes.data()) + offset);
-}
-
-std::string formatNumber(std::uint32_t number) {
-    unsigned char bytes[4];
-    Bytes::write32(bytes, number);
-    return {std::begin(bytes), std::end(bytes)};
 }
 
 }  // namespace ORVLib::Board

@@ -28,7 +28,4 @@ struct Telegram {
 /// The text of a field that a NUL ends, or the field's end.
 std::string readField(const std::string& bytes, std::size_t offset, std::size_t size);
 
-std::uint32_t readNumber(const std::string& bytes, std::size_t offset);
-std::string formatNumber(std::uint32_t number);
-
 }  // namespace ORVLib::Board

@@ -8,6 +8,7 @@
 #include "gui/FormInfo.h"
 #include "gui/JudgeAuthority.h"
 #include "orv/GeneralPurposePacket.h"
+#include "protocol/Payload.h"
 #include "support/Captured.h"
 #include "support/CgiRequest.h"
 #include "support/Files.h"
@@ -15,34 +16,12 @@
 
 using namespace ORVLib;
 using namespace ORVLib::Gui;
+using ORVLib::Protocol::Payload;
 
 namespace {
 
 constexpr unsigned int ITEM = 0x02011234;
 const std::string SID = "0123456789abcdefghijklmnopqrstu";  // 31 characters
-
-/// Bytes that cross the wire as they are.
-class Raw : public SerializableObject {
-public:
-    explicit Raw(std::string bytes = "", bool works = true)
-        : m_bytes(std::move(bytes)), m_works(works) {}
-    unsigned int getSerialized(unsigned char* buffer, unsigned int size) const override {
-        std::copy(m_bytes.begin(), m_bytes.end(), buffer);
-        return m_works ? size : 0;
-    }
-    unsigned int getSerializedSize() const override {
-        return static_cast<unsigned int>(m_bytes.size());
-    }
-    bool setSerialized(const unsigned char* data, unsigned int size) override {
-        m_bytes.assign(data, data + size);
-        return true;
-    }
-    const std::string& bytes() const { return m_bytes; }
-
-private:
-    std::string m_bytes;
-    bool m_works;
-};
 
 /// The request as the wire shows it, without the process ID, which must be this process's.
 std::string withoutProcess(std::string request) {
@@ -116,7 +95,7 @@ TEST(Exchange, SendsAndFillsExactlyThis) {
 
 TEST(Exchange, CarriesInformationItems) {
     char raw[7] = {};
-    Raw item;
+    Payload item;
     struct Case {
         std::function<unsigned int(CGIRequester&)> operation;
         std::string payload;
@@ -130,21 +109,21 @@ TEST(Exchange, CarriesInformationItems) {
         {[&](R& r) { return number(r.getInfo(ITEM, nullptr)); }, ""},
         {[&](R& r) { return number(r.getInfo(ITEM, raw, 6)); }, "", "answer"},
         {[&](R& r) { return number(r.getInfo(ITEM, item)); }, "", "", "answer"},
-        {[&](R& r) { return number(r.getInfo(ITEM, Raw("in"), item)); }, "in", "", "answer"},
-        {[&](R& r) { return number(r.callTransaction(ITEM, Raw("do"), item)); }, "do", "",
+        {[&](R& r) { return number(r.getInfo(ITEM, Payload("in"), item)); }, "in", "", "answer"},
+        {[&](R& r) { return number(r.callTransaction(ITEM, Payload("do"), item)); }, "do", "",
          "answer"},
-        {[&](R& r) { return r.setInfo(ITEM, Raw("set")); }, "set"},
+        {[&](R& r) { return r.setInfo(ITEM, Payload("set")); }, "set"},
         {[&](R& r) { return r.setInfo(ITEM, 0x10005, "12345678"); }, "12345"},
         {[&](R& r) { return r.setInfo(ITEM, 0, nullptr); }, ""},
-        {[&](R& r) { return r.setInfo(ITEM, Raw(std::string(0x10000, 'x'))); }, ""},
+        {[&](R& r) { return r.setInfo(ITEM, Payload(std::string(0x10000, 'x'))); }, ""},
     };
     for (const Case& c : cases) {
-        item = Raw();
+        item = Payload();
         std::memset(raw, 0, sizeof raw);
         const std::string request = asked(header(ITEM) + message(ITEM, "answer"), c.operation);
         EXPECT_EQ(request, header(ITEM) + (c.payload.empty() ? "" : message(ITEM, c.payload)));
         EXPECT_STREQ(raw, c.raw);
-        EXPECT_EQ(item.bytes(), c.item);
+        EXPECT_EQ(item.getBytes(), c.item);
     }
 }
 
@@ -220,7 +199,7 @@ TEST(FailedExchange, WithAnAbsentDaemonOrBadInputIsReported) {
         failToCheck(requester);
         EXPECT_EQ(requester.getErrorDetail(), 1025U);
     }
-    EXPECT_EQ(requester.setInfo(ITEM, Raw("x", false)), 0U);
+    EXPECT_EQ(requester.setInfo(ITEM, Payload()), 0U);
     EXPECT_EQ(requester.getErrorDetail(), 0x401U);
     unsetenv("ORV_IPC_SOCKET");
 

@@ -2,7 +2,7 @@
 
 #include <nettle/memops.h>
 
-#include "framework/backend/Digest.h"
+#include "protocol/Digest.h"
 
 namespace Console {
 
@@ -14,7 +14,7 @@ constexpr std::size_t TOKEN_DIGITS = 32;  // 128 bits
 }  // namespace
 
 std::string csrfToken(const std::string& sessionId) {
-    return digestOf(PURPOSE + sessionId).substr(0, TOKEN_DIGITS);
+    return ORVLib::Protocol::digestOf(PURPOSE + sessionId).substr(0, TOKEN_DIGITS);
 }
 
 bool isCsrfToken(const std::string& text, const std::string& sessionId) {

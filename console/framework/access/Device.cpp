@@ -4,11 +4,12 @@
 #include <iostream>
 #include <string_view>
 
+#include "common/Hex.h"
 #include "framework/access/Functions.h"
 #include "framework/backend/Board.h"
-#include "framework/backend/Digits.h"
 #include "framework/backend/Environment.h"
 #include "framework/component/PageChrome.h"
+#include "protocol/Payload.h"
 
 using namespace ORVLib::Gui;
 
@@ -22,7 +23,7 @@ constexpr std::string_view ONE_YEAR = "; Max-Age=31536000";  // seconds
 constexpr std::string_view WITHOUT_ID = "none";
 
 bool isId(std::string_view text) {
-    return isHexDigits(text, DEVICE_ID_DIGITS);
+    return ORVLib::isHex(text, DEVICE_ID_DIGITS);
 }
 
 void printDeviceCookie(std::string_view value, std::string_view lifetime) {
@@ -85,14 +86,13 @@ void putDeviceCookie(HTMLPage& page) {
 }
 
 std::string askDevice(CGIRequester& requester, const std::string& sent) {
-    Record question;
-    question.add(sent);
-    Record answer;
-    if (requester.getInfo(ITEM_OWN_DEVICE | ACCESS_EXCHANGE, question, answer) == 0 ||
-        answer.isDamaged() || answer.getTexts().size() != 1 || !isId(answer.getTexts().front())) {
+    const Payload question(formatRecord({sent}));
+    Payload answer;
+    if (requester.getInfo(ITEM_OWN_DEVICE | ACCESS_EXCHANGE, question, answer) == 0) {
         return "";
     }
-    return answer.getTexts().front();
+    const auto texts = parseTexts(answer.getBytes());
+    return texts && texts->size() == 1 && isId(texts->front()) ? texts->front() : "";
 }
 
 void putLoginCookies(HTMLPage& page, const std::string& sessionId, const std::string& device) {

@@ -1,22 +1,18 @@
 #include "framework/backend/Board.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "framework/backend/Digits.h"
 #include "orv/PException.h"
+#include "protocol/Numbers.h"
+#include "protocol/Payload.h"
 
 using ORVLib::Gui::CGIRequester;
 
 namespace Console {
 
 namespace {
-
-const Record& whole(const Record& record) {
-    if (record.isDamaged()) {
-        failDamaged();
-    }
-    return record;
-}
 
 /// The requester's last failure, which must be one of those expected.
 unsigned int requireExpected(const CGIRequester& requester,
@@ -28,27 +24,13 @@ unsigned int requireExpected(const CGIRequester& requester,
     return error;
 }
 
-/// Bytes of any kind, as they travel.
-class Bytes : public ORVLib::SerializableObject {
-public:
-    const std::string& get() const { return m_bytes; }
-
-    unsigned int getSerialized(unsigned char* buffer, unsigned int size) const override {
-        return size < m_bytes.size() ? 0
-                                     : static_cast<unsigned int>(m_bytes.copy(
-                                           reinterpret_cast<char*>(buffer), m_bytes.size()));
+Record recordOf(const Payload& payload) {
+    auto texts = parseTexts(payload.getBytes());
+    if (!texts) {
+        failDamaged();
     }
-    unsigned int getSerializedSize() const override {
-        return static_cast<unsigned int>(m_bytes.size());
-    }
-    bool setSerialized(const unsigned char* data, unsigned int size) override {
-        m_bytes.assign(reinterpret_cast<const char*>(data), size);
-        return true;
-    }
-
-private:
-    std::string m_bytes;
-};
+    return std::move(*texts);
+}
 
 }  // namespace
 
@@ -63,17 +45,11 @@ std::uint32_t readNumber(CGIRequester& requester, unsigned int item) {
     if (requester.getInfo(item, bytes, sizeof bytes) == 0) {
         throwRequesterError(requester);
     }
-    return std::uint32_t{bytes[0]} << 24 | std::uint32_t{bytes[1]} << 16 |
-           std::uint32_t{bytes[2]} << 8 | std::uint32_t{bytes[3]};
+    return ORVLib::Bytes::read32(bytes);
 }
 
 void writeNumber(CGIRequester& requester, unsigned int item, std::uint32_t number) {
-    const unsigned char bytes[4] = {
-        static_cast<unsigned char>(number >> 24), static_cast<unsigned char>(number >> 16),
-        static_cast<unsigned char>(number >> 8), static_cast<unsigned char>(number)};
-    if (requester.setInfo(item | ACCESS_WRITE, sizeof bytes, bytes) == 0) {
-        throwRequesterError(requester);
-    }
+    writeBytes(requester, item, formatNumber(number), {});
 }
 
 std::string readUserName(CGIRequester& requester) {
@@ -85,11 +61,11 @@ std::string readUserName(CGIRequester& requester) {
 }
 
 Record readRecord(CGIRequester& requester, unsigned int item) {
-    Record record;
-    if (requester.getInfo(item, record) == 0) {
+    Payload payload;
+    if (requester.getInfo(item, payload) == 0) {
         throwRequesterError(requester);
     }
-    return whole(record);
+    return recordOf(payload);
 }
 
 std::vector<int> readPartitions(CGIRequester& requester) {
@@ -108,35 +84,33 @@ std::vector<int> readPartitions(CGIRequester& requester) {
 
 unsigned int readRecord(CGIRequester& requester, unsigned int item, Record& record,
                         std::initializer_list<unsigned int> expected) {
-    if (requester.getInfo(item, record) == 0) {
+    Payload payload;
+    if (requester.getInfo(item, payload) == 0) {
         return requireExpected(requester, expected);
     }
-    whole(record);
+    record = recordOf(payload);
     return 0;
 }
 
 Record queryRecord(CGIRequester& requester, unsigned int item, const Record& question) {
-    Record answer;
-    if (requester.getInfo(item | ACCESS_EXCHANGE, question, answer) == 0) {
+    Payload answer;
+    if (requester.getInfo(item | ACCESS_EXCHANGE, Payload(formatRecord(question)), answer) == 0) {
         throwRequesterError(requester);
     }
-    return whole(answer);
+    return recordOf(answer);
 }
 
 unsigned int writeRecord(CGIRequester& requester, unsigned int item, const Record& record,
                          std::initializer_list<unsigned int> expected) {
-    if (requester.setInfo(item | ACCESS_WRITE, record) != 0) {
-        return 0;
-    }
-    return requireExpected(requester, expected);
+    return writeBytes(requester, item, formatRecord(record), expected);
 }
 
 std::string readBytes(CGIRequester& requester, unsigned int item) {
-    Bytes bytes;
+    Payload bytes;
     if (requester.getInfo(item, bytes) == 0) {
         throwRequesterError(requester);
     }
-    return bytes.get();
+    return bytes.getBytes();
 }
 
 unsigned int writeBytes(CGIRequester& requester, unsigned int item, const std::string& bytes,

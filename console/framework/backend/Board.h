@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "framework/backend/Record.h"
+#include "framework/backend/RecordReader.h"
 #include "gui/CGIRequester.h"
 #include "protocol/Errors.h"
 #include "protocol/Items.h"

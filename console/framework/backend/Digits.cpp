@@ -6,11 +6,6 @@ bool isDigits(const std::string& text) {
     return !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
 }
 
-bool isHexDigits(std::string_view text, std::size_t count) {
-    return text.size() == count &&
-           text.find_first_not_of("0123456789abcdef") == std::string_view::npos;
-}
-
 int readDigits(const std::string& text, std::size_t mostDigits) {
     return isDigits(text) && text.size() <= mostDigits ? std::stoi(text) : -1;
 }

@@ -2,15 +2,11 @@
 
 #include <cstddef>
 #include <string>
-#include <string_view>
 
 namespace Console {
 
 /// True for decimal digits, at least one, and nothing else.
 bool isDigits(const std::string& text);
-
-/// True for `count` hexadecimal digits in lower case.
-bool isHexDigits(std::string_view text, std::size_t count);
 
 /// The number that a text of 1 to `mostDigits` digits says; -1 for any other text. REQUIRES:
 /// `mostDigits` is 9 at most.

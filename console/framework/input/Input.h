@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "framework/backend/Record.h"
+#include "framework/backend/RecordReader.h"
 #include "gui/FormInfo.h"
 
 namespace Console {
@@ -28,7 +28,7 @@ public:
     /// Takes what stands for the input from a record, and puts it into one. One text each, unless
     /// an input says otherwise.
     virtual void read(RecordReader& record) { setText(record.next()); }
-    virtual void write(Record& record) const { record.add(getText()); }
+    virtual void write(Record& record) const { record.push_back(getText()); }
 
     /// Takes what the user sent.
     virtual void submit(const ORVLib::Gui::FormInfo& form) = 0;

@@ -44,8 +44,8 @@ void MaskedAddressInput::read(RecordReader& record) {
 }
 
 void MaskedAddressInput::write(Record& record) const {
-    record.add(address());
-    record.add(maskBits());
+    record.push_back(address());
+    record.push_back(maskBits());
 }
 
 bool MaskedAddressInput::isGood() const {

@@ -18,7 +18,7 @@ void RecordPage::apply() {
         if (isNeeded(*input)) {
             input->write(record);
         } else {
-            record.add("");
+            record.emplace_back();
         }
     }
     if (writeRecord(getRequester(), m_item, record, {ERROR_BAD_REQUEST}) != 0) {

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "framework/backend/Record.h"
+#include "framework/backend/RecordReader.h"
 #include "framework/input/Form.h"
 
 using namespace ORVLib::Gui;
@@ -14,7 +14,7 @@ namespace {
 constexpr char REVISION_FIELD[] = "seen";
 
 /// What tells texts from others, in a few characters: their FNV-1a sum of 64 bits.
-std::string sumOf(const std::vector<std::string>& texts) {
+std::string sumOf(const Record& texts) {
     std::uint64_t sum = 0xcbf29ce484222325;
     for (const std::string& text : texts) {
         for (const char* byte = text.c_str(); byte != text.c_str() + text.size() + 1; ++byte) {
@@ -79,7 +79,7 @@ void SettingsPage::readSeen() {
             input->write(record);
         }
     }
-    m_revision = sumOf(record.getTexts());
+    m_revision = sumOf(record);
 }
 
 /// True when somebody has changed the settings since the user saw them; the inputs then hold the

@@ -1,10 +1,12 @@
 // The request inspector: a form that can be sent every way a form can, and what arrived of it.
 
+#include <array>
+#include <fstream>
 #include <iostream>
 #include <vector>
 
 #include "catalogue/Texts.h"
-#include "framework/backend/Digest.h"
+#include "common/Hex.h"
 #include "framework/backend/Environment.h"
 #include "framework/component/SkeletonPart.h"
 #include "framework/page/PageMain.h"
@@ -15,6 +17,7 @@
 #include "gui/ResetButton.h"
 #include "gui/SubmitButton.h"
 #include "gui/TextString.h"
+#include "protocol/Digest.h"
 
 using namespace ORVLib::Gui;
 
@@ -72,7 +75,7 @@ std::string visible(const std::string& text) {
         const auto byte = static_cast<unsigned char>(character);
         if (byte < 0x20 || byte == 0x7f) {
             result += "\\x";
-            appendHex(result, byte);
+            result += ORVLib::formatHex({&character, 1});
         } else {
             result += character;
         }
@@ -90,6 +93,18 @@ std::unique_ptr<HTMLComponent> fieldTable(const FormInfo& form, MessageMgr& mess
         table->addRow(visible(name), visible(value));
     }
     return table;
+}
+
+/// The SHA-256 digest of a file in hexadecimal; empty when it cannot be read.
+std::string digestOfFile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    ORVLib::Protocol::Digest digest;
+    std::array<char, 65536> block{};
+    while (file) {
+        file.read(block.data(), block.size());
+        digest.add({block.data(), static_cast<std::size_t>(file.gcount())});
+    }
+    return file.eof() ? digest.getHex() : "";
 }
 
 std::unique_ptr<HTMLComponent> fileTable(const FormInfo& form, MessageMgr& messages) {

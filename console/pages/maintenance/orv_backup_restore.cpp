@@ -6,12 +6,12 @@
 #include <iterator>
 
 #include "framework/backend/Board.h"
-#include "framework/backend/Digest.h"
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"
 #include "framework/page/UploadPage.h"
 #include "gui/MessageMgr.h"
 #include "gui/ORVGUIUtil.h"
+#include "protocol/Digest.h"
 
 using namespace ORVLib::Gui;
 

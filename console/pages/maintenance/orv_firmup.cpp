@@ -1,15 +1,17 @@
 // Updates the firmware: takes an image, hands it to the board, and has it installed once the user
 // has confirmed it.
 
+#include "common/Hex.h"
 #include "framework/backend/Board.h"
-#include "framework/backend/Digest.h"
-#include "framework/backend/Digits.h"
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"
 #include "framework/page/UploadPage.h"
 #include "gui/MetaTag.h"
 #include "gui/ORVGUIUtil.h"
 #include "pages/maintenance/FirmwareImage.h"
+#include "protocol/Digest.h"
+#include "protocol/Numbers.h"
+#include "protocol/Payload.h"
 
 using namespace ORVLib::Gui;
 
@@ -23,15 +25,8 @@ constexpr char DIGEST_FIELD[] = "digest";
 /// How long the user sees that an installation has begun, before its progress.
 constexpr char FORWARD_SECONDS[] = "2";
 
-std::string offsetBytes(std::uint32_t offset) {
-    return {static_cast<char>(offset >> 24), static_cast<char>(offset >> 16),
-            static_cast<char>(offset >> 8), static_cast<char>(offset)};
-}
-
 Record dropRequest() {
-    Record record;
-    record.add("drop");
-    return record;
+    return {"drop"};
 }
 
 /// What the board has been sent of an image: dropped at the end, however that comes about, unless
@@ -41,7 +36,8 @@ public:
     explicit StagedImage(CGIRequester& requester) : m_requester(requester) {}
     ~StagedImage() {
         if (!m_kept) {
-            m_requester.setInfo(ITEM_FIRMWARE_DROP | ACCESS_WRITE, dropRequest());
+            m_requester.setInfo(ITEM_FIRMWARE_DROP | ACCESS_WRITE,
+                                Payload(formatRecord(dropRequest())));
         }
     }
     StagedImage(const StagedImage&) = delete;
@@ -98,14 +94,12 @@ protected:
 
     void apply() override {
         const std::string digest = getCarried(DIGEST_FIELD);
-        if (!isHexDigits(digest, DIGEST_DIGITS)) {
+        if (!ORVLib::isHex(digest, Digest::DIGITS)) {
             refuse(TEXT_IMAGE_GONE);
             return;
         }
-        Record record;
-        record.add(digest);
         const unsigned int error =
-            writeRecord(getRequester(), ITEM_FIRMWARE_START, record,
+            writeRecord(getRequester(), ITEM_FIRMWARE_START, {digest},
                         {ERROR_NO_SUCH_ITEM, ERROR_BAD_REQUEST, ERROR_DAMAGED, ERROR_BUSY});
         if (error == ERROR_BUSY) {
             drop();
@@ -153,15 +147,15 @@ private:
         std::uint32_t offset = 0;
         for (std::string piece = image.read(FirmwarePiece::MAX_BYTES); !piece.empty();
              piece = image.read(FirmwarePiece::MAX_BYTES)) {
-            if (writeBytes(getRequester(), ITEM_FIRMWARE_STAGE, offsetBytes(offset) + piece,
+            if (writeBytes(getRequester(), ITEM_FIRMWARE_STAGE, formatNumber(offset) + piece,
                            {ERROR_BAD_REQUEST}) != 0) {
                 refuse(TEXT_STAGING_REFUSED);
                 break;
             }
-            digest.add(piece.data(), piece.size());
+            digest.add(piece);
             offset += static_cast<std::uint32_t>(piece.size());
         }
-        return digest.take();
+        return digest.getHex();
     }
 
     /// Describes what the board has now, which must be what was sent.

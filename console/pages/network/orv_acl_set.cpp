@@ -151,8 +151,8 @@ protected:
 private:
     void remove(const Row& row) {
         Record record;
-        record.add(row.address);
-        record.add(row.maskBits);
+        record.push_back(row.address);
+        record.push_back(row.maskBits);
         if (writeRecord(getRequester(), ITEM_ACCESS_LIST_REMOVE, record, {ERROR_NOT_FOUND}) != 0) {
             mark(m_row);
         }

@@ -44,7 +44,7 @@ std::vector<Event> readEvents(const PageContext& context, const EventQuery& quer
     Record question;
     for (const std::string* const text : {&query.severity, &query.source, &query.firstDay,
                                           &query.lastDay, &query.count, &query.before}) {
-        question.add(*text);
+        question.push_back(*text);
     }
     std::vector<Event> events;
     const Record answer = queryRecord(context.requester, ITEM_EVENTS, question);

@@ -183,7 +183,7 @@ RemoveUserPage::RemoveUserPage(const PageContext& context, const User& user)
 
 void RemoveUserPage::apply() {
     Record record;
-    record.add(m_name);
+    record.push_back(m_name);
     send(ITEM_USER_REMOVE, record);
 }
 

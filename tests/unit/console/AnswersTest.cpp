@@ -3,21 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "framework/backend/Digits.h"
-#include "framework/backend/Record.h"
+#include "framework/backend/RecordReader.h"
 #include "framework/backend/UtcTime.h"
 #include "orv/PException.h"
 
 namespace Console {
 
 namespace {
-
-Record recordOf(const std::vector<std::string>& texts) {
-    Record record;
-    for (const std::string& text : texts) {
-        record.add(text);
-    }
-    return record;
-}
 
 template <typename Action>
 unsigned int errorOf(Action action) {
@@ -34,15 +26,14 @@ constexpr unsigned int DAMAGED = 1026;
 }  // namespace
 
 TEST(Answers, RowsAreWhole) {
-    EXPECT_TRUE(rowsOf(recordOf({}), 2).empty());
-    EXPECT_TRUE(rowsOf(recordOf({""}), 2).empty());
-    EXPECT_EQ(rowsOf(recordOf({"0", "on", "1", ""}), 2),
-              (std::vector<std::vector<std::string>>{{"0", "on"}, {"1", ""}}));
-    EXPECT_EQ(errorOf([] { rowsOf(recordOf({"0", "on", "1"}), 2); }), DAMAGED);
+    EXPECT_TRUE(rowsOf({}, 2).empty());
+    EXPECT_TRUE(rowsOf({""}, 2).empty());
+    EXPECT_EQ(rowsOf({"0", "on", "1", ""}, 2), (std::vector<Record>{{"0", "on"}, {"1", ""}}));
+    EXPECT_EQ(errorOf([] { rowsOf({"0", "on", "1"}, 2); }), DAMAGED);
 }
 
 TEST(Answers, RecordsHaveTheirTexts) {
-    const Record record = recordOf({"a", "b"});
+    const Record record = {"a", "b"};
     RecordReader reader(record);
     EXPECT_EQ(reader.next(), "a");
     EXPECT_EQ(errorOf([&] { reader.requireEnd(); }), DAMAGED);

@@ -1,4 +1,4 @@
-#include "wire/Records.h"
+#include "wire/Fields.h"
 
 #include <arpa/inet.h>
 
@@ -12,11 +12,7 @@ namespace ORVLib::Board {
 
 namespace {
 
-bool isPrintable(char character) {
-    return character >= ' ' && character <= '~';
-}
-
-// Whoever compares two records compares the texts: a number is written in one way only.
+// Records are compared as texts, so a number has one form only.
 bool isNumber(const std::string& text, int lowest, int highest) {
     const auto number = parseNumber(text, lowest, highest);
     return number && std::to_string(*number) == text;
@@ -38,7 +34,7 @@ bool isLong(const std::string& text, const Field& field) {
            text.size() <= static_cast<std::size_t>(field.highest);
 }
 
-// inet_pton() takes no leading zeros: an address is written in one way only, too.
+// inet_pton() takes no leading zeros, so an address has one form only, too.
 bool isAddress(const std::string& text) {
     in_addr address{};
     return ::inet_pton(AF_INET, text.c_str(), &address) == 1;
@@ -52,7 +48,7 @@ bool isValid(const Field& field, const std::string& text) {
     }
     switch (field.kind) {
         case Field::Kind::TEXT:
-            return isLong(text, field);
+            return isLong(text, field) && isPrintable(text);
         case Field::Kind::NUMBER:
             return isNumber(text, field.lowest, field.highest);
         case Field::Kind::WORD:
@@ -73,24 +69,7 @@ bool isValid(const Field& field, const std::string& text) {
 
 bool isPrintable(const std::string& text) {
     return std::all_of(text.begin(), text.end(),
-                       [](char character) { return isPrintable(character); });
-}
-
-std::optional<Record> parseTexts(const std::string& bytes) {
-    if (bytes.empty() || bytes.back() != '\0') {
-        return std::nullopt;
-    }
-    Record record(1);
-    for (const char byte : bytes.substr(0, bytes.size() - 1)) {
-        if (byte == '\0') {
-            record.emplace_back();
-        } else if (isPrintable(byte)) {
-            record.back() += byte;
-        } else {
-            return std::nullopt;
-        }
-    }
-    return record;
+                       [](char character) { return character >= ' ' && character <= '~'; });
 }
 
 std::optional<Record> parseFields(const std::string& bytes, const Field* fields, std::size_t count,
@@ -108,15 +87,6 @@ std::optional<Record> parseFields(const std::string& bytes, const Field* fields,
         }
     }
     return record;
-}
-
-std::string formatRecord(const Record& texts) {
-    std::string bytes;
-    for (const std::string& text : texts) {
-        bytes += text;
-        bytes += '\0';
-    }
-    return bytes.empty() ? std::string(1, '\0') : bytes;
 }
 
 }  // namespace ORVLib::Board

@@ -3,14 +3,13 @@
 #include <cstddef>
 #include <optional>
 #include <string>
-#include <vector>
 
-/// Records: lists of texts of printable ASCII, each ended by one NUL byte.
+#include "wire/Protocol.h"
+
+/// The fields of records: which texts the board takes.
 namespace ORVLib::Board {
 
-using Record = std::vector<std::string>;
-
-/// What a text of a record may be.
+/// What the text of a field may be.
 struct Field {
     enum class Kind { TEXT, NUMBER, WORD, FLAGS, ADDRESS, DAY, TIME, ZONE };
 
@@ -55,9 +54,6 @@ bool isValid(const Field& field, const std::string& text);
 /// True for a text of printable ASCII.
 bool isPrintable(const std::string& text);
 
-/// The texts; none when a byte is no printable ASCII or the last NUL is missing.
-std::optional<Record> parseTexts(const std::string& bytes);
-
 /// The texts of `bytes` that fit `count` fields, once or, as `rows`, any number of times.
 std::optional<Record> parseFields(const std::string& bytes, const Field* fields, std::size_t count,
                                   bool rows);
@@ -68,13 +64,10 @@ std::optional<Record> parseRecord(const std::string& bytes, const Field (&fields
     return parseFields(bytes, fields, COUNT, false);
 }
 
-/// The texts of any number of rows, one row behind the other.
+/// The texts of any number of rows, one row after the other.
 template <std::size_t COUNT>
 std::optional<Record> parseRows(const std::string& bytes, const Field (&fields)[COUNT]) {
     return parseFields(bytes, fields, COUNT, true);
 }
-
-/// A list without rows is one NUL byte, because a page takes no payload of no bytes.
-std::string formatRecord(const Record& texts);
 
 }  // namespace ORVLib::Board
