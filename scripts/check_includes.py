@@ -11,7 +11,8 @@ import sys
 PROJECT = pathlib.Path(__file__).resolve().parent.parent
 FOLDERS = (".", "include", "platform/include", "platform", "platform/host", "src", "board", "console")
 INCLUDE = re.compile(r'^#include "([^"]+)"', re.MULTILINE)
-LIBRARY = ("src/message", "src/component", "src/backend", "src/request", "src/page")
+LIBRARY = tuple("src/" + name
+                for name in ("base", "message", "component", "backend", "request", "page"))
 FRAMEWORK = tuple("console/framework/" + name
                   for name in ("backend", "component", "access", "input", "page"))
 BOARD = ("board/wire", "board/state", "board/item", "board/daemon")

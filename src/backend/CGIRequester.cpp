@@ -8,9 +8,9 @@
 #include <cstring>
 
 #include "backend/Telegram.h"
+#include "base/Log.h"
 #include "common/ByteOrder.h"
 #include "gui/BackendNumbers.h"
-#include "message/Log.h"
 #include "orv/ORVIpc.h"
 #include "orv/PException.h"
 

@@ -2,9 +2,9 @@
 
 #include <iostream>
 
+#include "base/Output.h"
 #include "gui/DisplayMode.h"
 #include "gui/MessageMgr.h"
-#include "message/Output.h"
 
 namespace ORVLib::Gui {
 

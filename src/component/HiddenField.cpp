@@ -1,7 +1,7 @@
 #include "gui/HiddenField.h"
 
+#include "base/Output.h"
 #include "component/Attributes.h"
-#include "message/Output.h"
 
 namespace ORVLib::Gui {
 

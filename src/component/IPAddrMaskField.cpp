@@ -1,9 +1,9 @@
 #include "gui/IPAddrMaskField.h"
 
+#include "base/Numbers.h"
+#include "base/Output.h"
 #include "component/Attributes.h"
 #include "component/Validation.h"
-#include "message/Numbers.h"
-#include "message/Output.h"
 
 namespace ORVLib::Gui {
 

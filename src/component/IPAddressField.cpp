@@ -1,10 +1,10 @@
 #include "gui/IPAddressField.h"
 
+#include "base/Numbers.h"
+#include "base/Output.h"
 #include "component/Attributes.h"
 #include "component/Validation.h"
 #include "gui/MessageMgr.h"
-#include "message/Numbers.h"
-#include "message/Output.h"
 
 namespace ORVLib::Gui {
 

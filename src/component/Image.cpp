@@ -2,9 +2,9 @@
 
 #include <cstdint>
 
+#include "base/Numbers.h"
+#include "base/Output.h"
 #include "component/Attributes.h"
-#include "message/Numbers.h"
-#include "message/Output.h"
 
 namespace ORVLib::Gui {
 

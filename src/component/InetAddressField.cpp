@@ -1,8 +1,8 @@
 #include "gui/InetAddressField.h"
 
+#include "base/Tokens.h"
 #include "component/Validation.h"
 #include "gui/IPAddressField.h"
-#include "message/Tokens.h"
 
 namespace ORVLib::Gui {
 

@@ -1,7 +1,7 @@
 #include "gui/PortNumberField.h"
 
+#include "base/Numbers.h"
 #include "component/Validation.h"
-#include "message/Numbers.h"
 
 namespace ORVLib::Gui {
 

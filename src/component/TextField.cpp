@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "base/Output.h"
 #include "component/Attributes.h"
 #include "component/Validation.h"
-#include "message/Output.h"
 
 namespace ORVLib::Gui {
 

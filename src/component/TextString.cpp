@@ -1,7 +1,7 @@
 #include "gui/TextString.h"
 
+#include "base/Output.h"
 #include "gui/MessageMgr.h"
-#include "message/Output.h"
 
 namespace ORVLib::Gui {
 

@@ -1,8 +1,8 @@
 #include "gui/TimeField.h"
 
+#include "base/Numbers.h"
+#include "base/Output.h"
 #include "component/Attributes.h"
-#include "message/Numbers.h"
-#include "message/Output.h"
 
 namespace ORVLib::Gui {
 

@@ -5,9 +5,9 @@
 #include <sstream>
 #include <vector>
 
+#include "base/Log.h"
+#include "base/SitePaths.h"
 #include "common/ByteOrder.h"
-#include "message/Log.h"
-#include "message/SitePaths.h"
 #include "orv/CsvInfoAccess.h"
 
 namespace ORVLib::Gui {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "message/Log.h"
+#include "base/Log.h"
 
 namespace ORVLib::Gui {
 

@@ -5,6 +5,7 @@
 #include <exception>
 #include <iostream>
 
+#include "base/Log.h"
 #include "gui/BackendNumbers.h"
 #include "gui/CGIRequester.h"
 #include "gui/Cookie.h"
@@ -13,7 +14,6 @@
 #include "gui/MetaTag.h"
 #include "gui/TextString.h"
 #include "gui/TimeoutPage.h"
-#include "message/Log.h"
 #include "orv/PException.h"
 
 namespace ORVLib::Gui {

@@ -1,12 +1,12 @@
 #include "gui/CommonDefaultPage.h"
 
+#include "base/Log.h"
+#include "base/SitePaths.h"
 #include "gui/Button.h"
 #include "gui/FormInfo.h"
 #include "gui/HTMLPage.h"
 #include "gui/HiddenField.h"
 #include "gui/TextString.h"
-#include "message/Log.h"
-#include "message/SitePaths.h"
 
 namespace ORVLib::Gui {
 

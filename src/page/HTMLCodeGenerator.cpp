@@ -8,11 +8,11 @@
 #include <cstring>
 #include <iostream>
 
+#include "base/Log.h"
+#include "base/Output.h"
 #include "common/FileDescriptor.h"
 #include "gui/HTMLPage.h"
 #include "gui/MessageMgr.h"
-#include "message/Log.h"
-#include "message/Output.h"
 
 namespace ORVLib::Gui {
 

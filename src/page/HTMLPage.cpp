@@ -1,7 +1,7 @@
 #include "gui/HTMLPage.h"
 
+#include "base/SitePaths.h"
 #include "gui/TextString.h"
-#include "message/SitePaths.h"
 
 namespace ORVLib::Gui {
 

@@ -1,6 +1,6 @@
 #include "gui/MetaTag.h"
 
-#include "message/Output.h"
+#include "base/Output.h"
 
 namespace ORVLib::Gui {
 

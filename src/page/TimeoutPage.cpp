@@ -1,13 +1,18 @@
 #include "gui/TimeoutPage.h"
 
+#include "base/SitePaths.h"
 #include "gui/TextString.h"
-#include "message/Log.h"
-#include "message/SitePaths.h"
 
 namespace ORVLib::Gui {
 
+namespace {
+
+constexpr int PAGE_ID = 5890;
+
+}  // namespace
+
 TimeoutPage::TimeoutPage(MessageMgr& messages)
-    : CommonDefaultPage(messages, Log::TIMEOUT_PAGE, nullptr, SitePaths::SKELETON_LOGIN_WAIT) {
+    : CommonDefaultPage(messages, PAGE_ID, nullptr, SitePaths::SKELETON_LOGIN_WAIT) {
     HTMLMapUtil::insertIntoMap(getMap(), "onload_function", new TextString("onLoadFunction()"));
 }
 

@@ -5,7 +5,7 @@
 #include <cstring>
 #include <iostream>
 
-#include "message/Output.h"
+#include "base/Output.h"
 
 namespace ORVLib::Gui {
 

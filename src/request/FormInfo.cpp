@@ -9,13 +9,13 @@
 #include <stdexcept>
 #include <utility>
 
+#include "base/Log.h"
+#include "base/Numbers.h"
+#include "base/Tokens.h"
 #include "common/ByteOrder.h"
 #include "gui/BackendNumbers.h"
 #include "gui/CGIRequester.h"
 #include "gui/IPAddressField.h"
-#include "message/Log.h"
-#include "message/Numbers.h"
-#include "message/Tokens.h"
 #include "orv/PException.h"
 
 // The request as a whole and URL-encoded bodies; multipart bodies are in FormInfoUpload.cpp.

@@ -6,9 +6,9 @@
 #include <cstdio>
 #include <cstring>
 
+#include "base/Log.h"
 #include "common/FileDescriptor.h"
 #include "gui/FormInfo.h"
-#include "message/Log.h"
 #include "request/UploadGuard.h"
 
 // Multipart bodies: parsed part by part in the one read buffer, a file's bytes passed on from

@@ -1,4 +1,4 @@
-#include "message/Output.h"
+#include "base/Output.h"
 
 #include <charconv>
 #include <iostream>

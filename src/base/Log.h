@@ -14,8 +14,7 @@ enum Module {
     CODE_GENERATOR = 0x801,
     FORM_INFO = 0x802,
     MESSAGE_MGR = 0x803,
-    GUI_UTIL = 0x80a,
-    TIMEOUT_PAGE = 5890
+    GUI_UTIL = 0x80a
 };
 
 enum Level { ERROR_LEVEL = 0, PROTOCOL_LEVEL = 200 };
