@@ -41,7 +41,7 @@ public:
     int getRemaining(const char* operation) const {
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(m_end - Clock::now());
         if (left.count() <= 0) {
-            throw systemError(ERROR_TIME_LIMIT, operation, ETIMEDOUT);
+            throw systemError(ErrorCode::TIME_LIMIT_PASSED, operation, ETIMEDOUT);
         }
         return static_cast<int>(left.count());
     }
@@ -55,7 +55,7 @@ public:
                 return;
             }
             if (ready < 0 && errno != EINTR) {
-                throw systemError(ERROR_BROKEN, operation, errno);
+                throw systemError(ErrorCode::CONNECTION_BROKEN, operation, errno);
             }
         }
     }
@@ -76,8 +76,7 @@ public:
             throw wrongSize("IPCConnection::sendRequest", length, MAX_PAYLOAD_SIZE);
         }
         if (data == nullptr && length > 0) {
-            throw PException(1, 3, 1, 2, ERROR_BROKEN, 20010, "IPCConnection::sendRequest", "data",
-                             0, 0, 0, 0, 0, 0);
+            throw nullPointer("IPCConnection::sendRequest", "data");
         }
         m_stream.queue(frameMessage(type, data, static_cast<std::size_t>(length)));
         while (!m_stream.send()) {
@@ -139,7 +138,7 @@ void limitConnect(int descriptor, int remainingMs) {
     limit.tv_sec = remainingMs / 1000;
     limit.tv_usec = static_cast<suseconds_t>(remainingMs % 1000) * 1000;
     if (::setsockopt(descriptor, SOL_SOCKET, SO_SNDTIMEO, &limit, sizeof limit) != 0) {
-        throw systemError(ERROR_CANNOT_CONNECT, CONNECT, errno);
+        throw systemError(ErrorCode::CANNOT_CONNECT, CONNECT, errno);
     }
 }
 
@@ -151,10 +150,10 @@ void connectTo(int descriptor, const sockaddr_un& address, const Deadline& deadl
             return;
         }
         if (errno == EAGAIN) {
-            throw systemError(ERROR_TIME_LIMIT, CONNECT, ETIMEDOUT);
+            throw systemError(ErrorCode::TIME_LIMIT_PASSED, CONNECT, ETIMEDOUT);
         }
         if (errno != EINTR) {
-            throw systemError(ERROR_CANNOT_CONNECT, CONNECT, errno);
+            throw systemError(ErrorCode::CANNOT_CONNECT, CONNECT, errno);
         }
     }
 }
@@ -165,16 +164,16 @@ void connectTo(int descriptor, const sockaddr_un& address, const Deadline& deadl
 IPCConnection* IPCClient::getNewConnection(int /*clientEndpoint*/, int /*daemonEndpoint*/) {
     sockaddr_un address{};
     if (!makeSocketAddress(getSocketPath(), address)) {
-        throw systemError(ERROR_CANNOT_CONNECT, CONNECT, ENAMETOOLONG);
+        throw systemError(ErrorCode::CANNOT_CONNECT, CONNECT, ENAMETOOLONG);
     }
     FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
     if (!socket.isOpen()) {
-        throw systemError(ERROR_CANNOT_CONNECT, CONNECT, errno);
+        throw systemError(ErrorCode::CANNOT_CONNECT, CONNECT, errno);
     }
     const Deadline deadline(getTimeLimit());
     connectTo(socket.get(), address, deadline);
     if (::fcntl(socket.get(), F_SETFL, O_NONBLOCK) != 0) {
-        throw systemError(ERROR_CANNOT_CONNECT, CONNECT, errno);
+        throw systemError(ErrorCode::CANNOT_CONNECT, CONNECT, errno);
     }
     return std::make_unique<SocketConnection>(std::move(socket), deadline).release();
 }

@@ -1,27 +1,34 @@
 #pragma once
 
-#include "orv/PException.h"
+#include "common/ErrorCode.h"
+#include "common/LogText.h"
+#include "common/MakeException.h"
 
+/// The exceptions of the IPC.
 namespace ORVLib::ORVIpc {
 
-// Error numbers that reach the user.
-constexpr int ERROR_CANNOT_CONNECT = 1025;
-constexpr int ERROR_BROKEN = 1026;
-constexpr int ERROR_TIME_LIMIT = 1029;
+constexpr ExceptionOrigin IPC_ORIGIN{1, 3, 1, 2};
 
 /// A failed system call.
-inline PException systemError(int detail, const char* operation, int errorNumber) {
-    return {1, 3, 1, 2, detail, 20011, operation, errorNumber, 0, 0, 0, 0, 0, 0};
+inline PException systemError(ErrorCode::Number code, const char* operation, int errorNumber) {
+    return makeException(IPC_ORIGIN, code, LogText::SYSTEM_CALL_FAILED, operation, errorNumber);
 }
 
-/// The peer closed the connection where more had to come.
+/// The peer closed the connection before the end of a message.
 inline PException endOfInput(const char* operation) {
-    return {1, 3, 1, 2, ERROR_BROKEN, 20020, operation, 0, 0, 0, 0, 0, 0, 0};
+    return makeException(IPC_ORIGIN, ErrorCode::CONNECTION_BROKEN, LogText::INPUT_ENDED, operation);
 }
 
-/// A length that is not that of a message, or not of one that fits.
+/// A length that no message has, or that is larger than the limit `expected`.
 inline PException wrongSize(const char* operation, int got, int expected) {
-    return {1, 3, 1, 2, ERROR_BROKEN, 20008, operation, got, expected, 0, 0, 0, 0, 0};
+    return makeException(IPC_ORIGIN, ErrorCode::CONNECTION_BROKEN, LogText::SIZE_MISMATCH,
+                         operation, got, expected);
+}
+
+/// A null pointer in place of `what`.
+inline PException nullPointer(const char* operation, const char* what) {
+    return makeException(IPC_ORIGIN, ErrorCode::CONNECTION_BROKEN, LogText::NULL_POINTER, operation,
+                         what);
 }
 
 }  // namespace ORVLib::ORVIpc

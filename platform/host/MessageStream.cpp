@@ -43,7 +43,7 @@ bool MessageStream::send() {
         } else if (errno == EAGAIN) {
             break;
         } else if (errno != EINTR) {
-            throw systemError(ERROR_BROKEN, "MessageStream::send", errno);
+            throw systemError(ErrorCode::CONNECTION_BROKEN, "MessageStream::send", errno);
         }
     }
     m_unsent.erase(0, sent);
@@ -65,7 +65,7 @@ MessageStream::Arrival MessageStream::receive() {
             return Arrival::NOTHING;
         }
         if (errno != EINTR) {
-            throw systemError(ERROR_BROKEN, "MessageStream::receive", errno);
+            throw systemError(ErrorCode::CONNECTION_BROKEN, "MessageStream::receive", errno);
         }
     }
 }

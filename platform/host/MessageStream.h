@@ -22,7 +22,8 @@ struct Message {
 /// Messages over a non-blocking stream socket, for either side. Never waits: the owner polls the
 /// descriptor. Memory grows with what has arrived, not with what was announced.
 ///
-/// Damage and errors of the socket are PExceptions with detail 1026.
+/// Errors of the socket, and bytes that are not a message, are PExceptions with the code
+/// CONNECTION_BROKEN.
 class MessageStream {
 public:
     enum class Arrival { BYTES, NOTHING, END };

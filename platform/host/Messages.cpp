@@ -3,27 +3,29 @@
 #include <cstdio>
 
 #include "OperatorTexts.h"
+#include "common/LogText.h"
 
 namespace {
 
+namespace LogText = ORVLib::LogText;
 using ORVLib::OperatorTexts::Table;
 using ORVLib::OperatorTexts::Text;
 
 constexpr Text LOG_TEXTS[] = {
-    {20001, "%s program started"},
-    {20003, "%s: value is not available"},
-    {20004, "%s: ended by an exception of the board's libraries"},
-    {20008, "%s: wrong message size, got %d bytes, expected %d"},
-    {20009, "%s: unexpected response type 0x%08x"},
-    {20010, "%s: missing pointer, %s"},
-    {20011, "%s failed, errno %d"},
-    {20015, "%s: cannot open or write %s"},
-    {20018, "the request carries no session cookie"},
-    {20019, "%s: cannot serialise %s"},
-    {20020, "%s: input ended before the announced length"},
-    {20030, "%s: %s, detail 0x%x"},
-    {20034, "%s: %d"},
-    {20052, "%s: no usable number, %u"},
+    {LogText::PROGRAM_STARTED, "%s program started"},
+    {LogText::NOT_AVAILABLE, "%s: value is not available"},
+    {LogText::PROGRAM_ABORTED, "%s: ended by an exception of the board's libraries"},
+    {LogText::SIZE_MISMATCH, "%s: wrong message size, got %d bytes, expected %d"},
+    {LogText::WRONG_RESPONSE_TYPE, "%s: unexpected response type 0x%08x"},
+    {LogText::NULL_POINTER, "%s: missing pointer, %s"},
+    {LogText::SYSTEM_CALL_FAILED, "%s failed, errno %d"},
+    {LogText::CANNOT_OPEN, "%s: cannot open or write %s"},
+    {LogText::NO_SESSION_COOKIE, "the request carries no session cookie"},
+    {LogText::SERIALIZATION, "%s: cannot serialise %s"},
+    {LogText::INPUT_ENDED, "%s: input ended before the announced length"},
+    {LogText::EXCEPTION_CAUGHT, "%s: %s, detail 0x%x"},
+    {LogText::BAD_NUMBER, "%s: %d"},
+    {LogText::NO_NUMBER, "%s: no usable number, %u"},
 };
 
 constexpr Table LOG_TABLE = {LOG_TEXTS, sizeof LOG_TEXTS / sizeof *LOG_TEXTS};

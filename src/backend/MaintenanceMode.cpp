@@ -3,13 +3,16 @@
 #include <algorithm>
 #include <cstring>
 
-#include "orv/PException.h"
+#include "common/ErrorCode.h"
+#include "common/LogText.h"
+#include "common/MakeException.h"
 
 namespace ORVLib::ORVUi {
 
 namespace {
 
 constexpr unsigned int RECORD_SIZE = sizeof(ORV_MAINTENANCE_MODE);
+constexpr ExceptionOrigin ORIGIN{1, 80, 19200, 1};
 
 }  // namespace
 
@@ -17,7 +20,8 @@ template <>
 unsigned int PrimitiveTypeWrapper<ORV_MAINTENANCE_MODE>::getSerialized(unsigned char* buffer,
                                                                        unsigned int size) const {
     if (buffer == nullptr || size < RECORD_SIZE) {
-        throw PException(1, 80, 19200, 1, 1537, 20019, "Too short size", 0, 0, 0, 0, 0, 0, 0);
+        throw makeException(ORIGIN, ErrorCode::BUFFER_TOO_SMALL, LogText::SERIALIZATION,
+                            "Too short size");
     }
     std::memcpy(buffer, getValue().bytes, RECORD_SIZE);
     return RECORD_SIZE;

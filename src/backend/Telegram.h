@@ -6,7 +6,7 @@
 #include "common/ByteOrder.h"
 #include "gui/CGIAuthority.h"
 
-/// Where the fields of a telegram's 48 bytes lie.
+/// The fields of a telegram's 48 bytes, by their offsets.
 namespace ORVLib::Gui::Telegram {
 
 constexpr int PROCESS_ID = 0;
@@ -15,6 +15,11 @@ constexpr int SESSION_ID_SIZE = 32;
 constexpr int LANGUAGE = 39;
 constexpr int ROLES = 40;
 constexpr int PARTITIONS = 44;
+
+/// The bytes of a payload that are sent: the low 16 bits of its size.
+inline int payloadLength(unsigned int size) {
+    return static_cast<int>(size & 0xffff);
+}
 
 /// A session ID that fills its field without a NUL ends with the field.
 inline std::string sessionId(const unsigned char* telegram) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/LogText.h"
 #include "orv/Messages.h"
 #include "orv/OrvTrace.h"
 
@@ -19,33 +20,22 @@ enum Module {
 
 enum Level { ERROR_LEVEL = 0, PROTOCOL_LEVEL = 200 };
 
-/// Numbers of lmsg_getmsg().
-enum LogText {
-    PROGRAM_STARTED = 20001,
-    NOT_AVAILABLE = 20003,
-    PROGRAM_ABORTED = 20004,
-    SIZE_MISMATCH = 20008,
-    WRONG_RESPONSE_TYPE = 20009,
-    NULL_POINTER = 20010,
-    SYSTEM_CALL_FAILED = 20011,
-    CANNOT_OPEN = 20015,
-    NO_SESSION_COOKIE = 20018,
-    SERIALIZATION = 20019,
-    INPUT_ENDED = 20020,
-    EXCEPTION_CAUGHT = 20030,
-    BAD_NUMBER = 20034,
-    NO_NUMBER = 20052
-};
-
 inline trace::OrvTrace writer(Module module) {
     return {CATEGORY, SUB_CATEGORY, module};
 }
 
 /// Writes the log text `number`, formatted with its arguments.
 template <typename... Arguments>
-void putText(trace::OrvTrace& trace, Level level, LogText number, Arguments... arguments) {
+void putText(trace::OrvTrace& trace, Level level, LogText::Number number, Arguments... arguments) {
     char buffer[ORV_MESSAGE_SIZE];
     trace.putLog(level, lmsg_getmsg(number, buffer, arguments...));
+}
+
+/// The same for an entry of `module`.
+template <typename... Arguments>
+void putText(Module module, Level level, LogText::Number number, Arguments... arguments) {
+    trace::OrvTrace trace = writer(module);
+    putText(trace, level, number, arguments...);
 }
 
 }  // namespace ORVLib::Gui::Log

@@ -2,6 +2,7 @@
 #include <cstring>
 #include <string_view>
 
+#include "base/Hex.h"
 #include "gui/MessageMgr.h"
 
 // The escaping operations of MessageMgr. Pages pass megabytes through them: each looks at every
@@ -66,11 +67,10 @@ constexpr ReplacementTable htmlTable() {
 }
 
 constexpr ReplacementTable urlTable() {
-    constexpr char DIGITS[] = "0123456789ABCDEF";
     ReplacementTable table = unchangedBytes();
     for (unsigned int byte = 0; byte < table.size(); ++byte) {
         if (isPercentEncoded(static_cast<unsigned char>(byte))) {
-            table[byte] = {{'%', DIGITS[byte >> 4], DIGITS[byte & 0xf]}, 3, true};
+            table[byte] = {{'%', Hex::DIGITS[byte >> 4], Hex::DIGITS[byte & 0xf]}, 3, true};
         }
     }
     table[' '] = {{'+'}, 1, true};

@@ -8,6 +8,7 @@
 #include "base/Log.h"
 #include "base/SitePaths.h"
 #include "common/ByteOrder.h"
+#include "common/ErrorCode.h"
 #include "orv/CsvInfoAccess.h"
 
 namespace ORVLib::Gui {
@@ -15,8 +16,6 @@ namespace ORVLib::Gui {
 namespace {
 
 constexpr unsigned int WORD_SIZE = 4;
-constexpr int REMAPPED_CODE = 0x700;
-constexpr int REMAPPED_FAMILY = 0xd00;
 
 const char* cataloguePath(int language) {
     return language == 0 ? SitePaths::CATALOGUE_JAPANESE : SitePaths::CATALOGUE_ENGLISH;
@@ -90,9 +89,8 @@ std::string codeSuffix(int code) {
 MessageMgr::MessageMgr(int language)
     : m_language(language), m_stream(std::make_unique<CatalogueFile>(cataloguePath(language))) {
     if (!m_stream->good() || !readOffsets(sizeOf(*m_stream))) {
-        trace::OrvTrace trace = Log::writer(Log::MESSAGE_MGR);
-        Log::putText(trace, Log::ERROR_LEVEL, Log::CANNOT_OPEN, "MessageMgr::MessageMgr(int)",
-                     cataloguePath(language));
+        Log::putText(Log::MESSAGE_MGR, Log::ERROR_LEVEL, LogText::CANNOT_OPEN,
+                     "MessageMgr::MessageMgr(int)", cataloguePath(language));
     }
 }
 
@@ -135,7 +133,7 @@ std::string MessageMgr::getMessage(int msgId, int code, ...) {
 }
 
 int MessageMgr::shownCode(int code, unsigned char expCode) {
-    return code == REMAPPED_CODE ? REMAPPED_FAMILY | expCode : code;
+    return ErrorCode::shown(code, expCode);
 }
 
 bool MessageMgr::getCsvExMsgId(ORVUi::CsvInfoAccess& csv, unsigned int key, unsigned int& msgId) {
@@ -151,9 +149,8 @@ bool MessageMgr::getCsvExMsgId(ORVUi::CsvInfoAccess& csv, unsigned int key, unsi
     unsigned int number = 0;
     fields >> recordKey >> separator >> number;
     if (number == 0) {
-        trace::OrvTrace trace = Log::writer(Log::MESSAGE_MGR);
-        Log::putText(trace, Log::ERROR_LEVEL, Log::NO_NUMBER, "MessageMgr::getCsvExMsgId() tmpId",
-                     number);
+        Log::putText(Log::MESSAGE_MGR, Log::ERROR_LEVEL, LogText::NO_NUMBER,
+                     "MessageMgr::getCsvExMsgId() tmpId", number);
         return false;
     }
     msgId = number;

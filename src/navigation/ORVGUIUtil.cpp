@@ -130,8 +130,8 @@ std::string ORVGUIUtil::getCGIPath(int functionId) {
     if (entry != end) {
         return entry->path;
     }
-    trace::OrvTrace trace = Log::writer(Log::GUI_UTIL);
-    Log::putText(trace, Log::PROTOCOL_LEVEL, Log::BAD_NUMBER, "Illegal function ID", functionId);
+    Log::putText(Log::GUI_UTIL, Log::PROTOCOL_LEVEL, LogText::BAD_NUMBER, "Illegal function ID",
+                 functionId);
     return "";
 }
 

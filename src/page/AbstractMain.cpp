@@ -6,6 +6,7 @@
 #include <iostream>
 
 #include "base/Log.h"
+#include "common/ErrorCode.h"
 #include "gui/BackendNumbers.h"
 #include "gui/CGIRequester.h"
 #include "gui/Cookie.h"
@@ -27,40 +28,46 @@ constexpr char ERROR_TITLE[] = "Error";
 constexpr char STYLE_SHEET[] = "/default.css";
 constexpr char FRAME_ID[] = "M-ERROR-0-00";
 
-constexpr int INTERNAL_ERROR = 1027;
-constexpr int EXCEPTION_CODE = 0x700;
-constexpr int EXCEPTION_FAMILY = 0xd00;
+/// Operator messages of the error page.
+enum Message {
+    REQUEST_FAILED = 11,
+    BOARD_UNAVAILABLE = 13,
+    BOARD_TOO_SLOW = 14,
+    COMMUNICATION_FAILED = 20,
+    PAGE_FAILED = 24,
+    REQUEST_REFUSED = 78,
+    BOARD_FAILED = 79,
+    BOARD_BUSY = 105
+};
 
-// Families of codes, by their second byte.
-constexpr int FAMILY_MASK = 0xff00;
-constexpr int BACKEND_FAMILY = 0x100;
-constexpr int SYSTEM_FAMILY = 0x400;
-constexpr int OPERATION_IN_PROGRESS = 502;
+Message systemMessage(int code) {
+    switch (code) {
+        case ErrorCode::CANNOT_CONNECT:
+        case ErrorCode::CONNECTION_BROKEN:
+            return BOARD_UNAVAILABLE;
+        case ErrorCode::INTERNAL_ERROR:
+            return PAGE_FAILED;
+        case ErrorCode::WRONG_SIZE:
+            return REQUEST_FAILED;
+        case ErrorCode::TIME_LIMIT_PASSED:
+            return BOARD_TOO_SLOW;
+        default:
+            return COMMUNICATION_FAILED;
+    }
+}
 
 /// The operator message that explains an error code.
-int messageFor(int code) {
-    switch (code & FAMILY_MASK) {
-        case SYSTEM_FAMILY:
-            switch (code) {
-                case 1025:
-                case 1026:
-                    return 13;
-                case INTERNAL_ERROR:
-                    return 24;
-                case 1028:
-                    return 11;
-                case 1029:
-                    return 14;
-                default:
-                    return 20;
-            }
-        case BACKEND_FAMILY:
-            return code == OPERATION_IN_PROGRESS ? 105 : 11;
-        case EXCEPTION_CODE:
-        case EXCEPTION_FAMILY:
-            return 79;
+Message messageFor(int code) {
+    switch (code & ErrorCode::FAMILY_MASK) {
+        case ErrorCode::SYSTEM_FAMILY:
+            return systemMessage(code);
+        case ErrorCode::OPERATION_FAMILY:
+            return code == ErrorCode::OPERATION_IN_PROGRESS ? BOARD_BUSY : REQUEST_FAILED;
+        case ErrorCode::BOARD_FAMILY:
+        case ErrorCode::ACTION_FAMILY:
+            return BOARD_FAILED;
         default:
-            return 78;
+            return REQUEST_REFUSED;
     }
 }
 
@@ -70,7 +77,14 @@ void put(HTMLPage& page, const std::string& marker, Arguments&&... arguments) {
                                std::make_unique<Component>(std::forward<Arguments>(arguments)...));
 }
 
-/// An entry takes memory, which may be what lacks.
+/// Fills the markers that error and time-out pages share.
+void fillHead(HTMLPage& page, const std::string& title) {
+    put<TextString>(page, "title", title);
+    put<TextString>(page, "css", STYLE_SHEET);
+    put<MetaTag>(page, "meta_frameid", "FRAME-ID", FRAME_ID);
+}
+
+/// Writing the entry may throw too, for lack of memory.
 void logLastFailure(trace::OrvTrace& trace) noexcept {
     try {
         trace.putLog(Log::ERROR_LEVEL, "Aborted: the error page failed");
@@ -90,22 +104,22 @@ AbstractMain::~AbstractMain() {
 }
 
 int AbstractMain::exec() {
-    // A browser that went away and a full log are failed writes, not the end of the process: what
-    // the request left behind has to be cleared up.
+    // A browser that closed the connection and a full log are failed writes. They must not end the
+    // process before it has deleted the uploaded file.
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
     try {
         return runPage();
     } catch (...) {
-        // Nothing is left to show when even the error page fails.
+        // The error page itself failed, so there is nothing left to show.
         logLastFailure(m_trace);
         return -1;
     }
 }
 
 int AbstractMain::runPage() {
-    int messageNumber = 0;
-    Log::putText(m_trace, Log::PROTOCOL_LEVEL, Log::PROGRAM_STARTED, "CGI");
+    int code = 0;  // of the last errorExit(), which is reached after the others if they return
+    Log::putText(m_trace, Log::PROTOCOL_LEVEL, LogText::PROGRAM_STARTED, "CGI");
     try {
         if (m_formInfo != nullptr && m_formInfo->isReadSkip()) {
             m_formInfo->readSkipData();
@@ -114,20 +128,20 @@ int AbstractMain::runPage() {
         checkOutput();
         return status;
     } catch (const PException& e) {
-        Log::putText(m_trace, Log::ERROR_LEVEL, Log::PROGRAM_ABORTED, "main");
+        Log::putText(m_trace, Log::ERROR_LEVEL, LogText::PROGRAM_ABORTED, "main");
         errorExit(ERROR_TITLE, static_cast<int>(e.getExceptionDetail()), e.getActionCode());
     } catch (const std::exception& e) {
         m_trace.putLog(Log::ERROR_LEVEL, std::string("Aborted:") + e.what());
-        messageNumber = INTERNAL_ERROR;
+        code = ErrorCode::INTERNAL_ERROR;
     } catch (...) {
         m_trace.putLog(Log::ERROR_LEVEL, "Aborted: Unknown exception");
-        messageNumber = INTERNAL_ERROR;
+        code = ErrorCode::INTERNAL_ERROR;
     }
-    errorExit(ERROR_TITLE, messageNumber);
+    errorExit(ERROR_TITLE, code);
     return -1;
 }
 
-/// Says in the trace log when the page did not reach the web server whole.
+/// Sends the rest of the page. Writes a trace entry when the web server did not take all of it.
 void AbstractMain::checkOutput() {
     if (!std::cout.flush()) {
         m_trace.putLog(Log::ERROR_LEVEL, "the page could not be written to its end");
@@ -165,7 +179,7 @@ void AbstractMain::guiCheckSession(bool option) {
         return;
     }
     if (!sessionPresent) {
-        Log::putText(m_trace, Log::ERROR_LEVEL, Log::NO_SESSION_COOKIE);
+        Log::putText(m_trace, Log::ERROR_LEVEL, LogText::NO_SESSION_COOKIE);
     }
     if (!sessionPresent || errorCode == ERROR_SESSION_INVALID) {
         showTimeoutPage();
@@ -173,12 +187,11 @@ void AbstractMain::guiCheckSession(bool option) {
     errorExit(ERROR_TITLE, errorCode);
 }
 
-/// Shows the page whose script leads the whole window to the time-out page, and ends the process.
+/// Prints a page whose script opens the time-out page in the whole window, and ends the process.
 void AbstractMain::showTimeoutPage() {
     MessageMgr messages(m_language);
     HTMLPage page(ERROR_PAGE_LANGUAGE);
-    put<TextString>(page, "title", ERROR_TITLE);
-    put<TextString>(page, "css", STYLE_SHEET);
+    fillHead(page, ERROR_TITLE);
     put<TimeoutPage>(page, HTMLPage::KEY_BODY, messages);
 
     auto leave = std::make_unique<JsFunction>("onLoadFunction()");
@@ -192,7 +205,6 @@ void AbstractMain::showTimeoutPage() {
         cookie->setExpired(true);
         HTMLMapUtil::insertIntoMap(page.getMap(), HTMLPage::KEY_COOKIE, std::move(cookie));
     }
-    put<MetaTag>(page, "meta_frameid", "FRAME-ID", FRAME_ID);
     page.getGenerator().printHTML();
     checkOutput();
     std::exit(0);
@@ -206,7 +218,7 @@ void AbstractMain::errorExit(std::string title, int code) {
 }
 
 void AbstractMain::errorExit(std::string title, int code, unsigned char actionCode) {
-    errorExit(std::move(title), code == EXCEPTION_CODE ? EXCEPTION_FAMILY | actionCode : code);
+    errorExit(std::move(title), ErrorCode::shown(code, actionCode));
 }
 
 void AbstractMain::errorExit(std::string title, std::string message) {
@@ -216,10 +228,8 @@ void AbstractMain::errorExit(std::string title, std::string message) {
 
 void AbstractMain::showErrorPage(HTMLPage& page, const std::string& title,
                                  std::unique_ptr<HTMLComponent> message) {
-    put<TextString>(page, "title", title);
+    fillHead(page, title);
     HTMLMapUtil::insertIntoMap(page.getMap(), "message", std::move(message));
-    put<TextString>(page, "css", STYLE_SHEET);
-    put<MetaTag>(page, "meta_frameid", "FRAME-ID", FRAME_ID);
     page.getGenerator().setSkeletonFileName(HTMLPage::SKELETON_ERR_FILE_NAME);
     page.getGenerator().printHTML();
     checkOutput();

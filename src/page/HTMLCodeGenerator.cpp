@@ -10,6 +10,7 @@
 
 #include "base/Log.h"
 #include "base/Output.h"
+#include "common/ErrorCode.h"
 #include "common/FileDescriptor.h"
 #include "gui/HTMLPage.h"
 #include "gui/MessageMgr.h"
@@ -24,7 +25,6 @@ constexpr char MARKER = '$';
 // The message that stands where a page should be when its skeleton cannot be read.
 constexpr int NO_SKELETON_LANGUAGE = 0;
 constexpr int NO_SKELETON_MESSAGE = 13;
-constexpr int NO_SKELETON_CODE = 1026;
 
 ssize_t readBlock(const FileDescriptor& file, char* block) {
     ssize_t length = 0;
@@ -120,14 +120,14 @@ void HTMLCodeGenerator::printMarker(const std::string& name) const {
 }
 
 void HTMLCodeGenerator::printUnreadable() const {
-    output << MessageMgr(NO_SKELETON_LANGUAGE).getMessage(NO_SKELETON_MESSAGE, NO_SKELETON_CODE);
+    output
+        << MessageMgr(NO_SKELETON_LANGUAGE).getMessage(NO_SKELETON_MESSAGE, ErrorCode::NO_SKELETON);
     logUnreadable();
 }
 
 void HTMLCodeGenerator::logUnreadable() const {
-    trace::OrvTrace trace = Log::writer(Log::CODE_GENERATOR);
-    Log::putText(trace, Log::ERROR_LEVEL, Log::CANNOT_OPEN, "HTMLCodeGenerator::printHTML()",
-                 m_skeletonFileName.c_str());
+    Log::putText(Log::CODE_GENERATOR, Log::ERROR_LEVEL, LogText::CANNOT_OPEN,
+                 "HTMLCodeGenerator::printHTML()", m_skeletonFileName.c_str());
 }
 
 bool HTMLCodeGenerator::isError() const {

@@ -9,14 +9,16 @@
 #include <stdexcept>
 #include <utility>
 
+#include "base/Hex.h"
 #include "base/Log.h"
 #include "base/Numbers.h"
 #include "base/Tokens.h"
 #include "common/ByteOrder.h"
+#include "common/ErrorCode.h"
+#include "common/MakeException.h"
 #include "gui/BackendNumbers.h"
 #include "gui/CGIRequester.h"
 #include "gui/IPAddressField.h"
-#include "orv/PException.h"
 
 // The request as a whole and URL-encoded bodies; multipart bodies are in FormInfoUpload.cpp.
 
@@ -26,39 +28,28 @@ namespace {
 
 constexpr std::ptrdiff_t ESCAPE_LENGTH = 3;
 
-// How a failed read of the body is reported.
-constexpr int READ_ACTION_CODE = 1;
-constexpr int READ_EXCEPTION_DETAIL = 1043;
+constexpr ExceptionOrigin ORIGIN{Log::CATEGORY, Log::SUB_CATEGORY, Log::FORM_INFO, 1};
 
-PException readException(Log::LogText text, const char* operation, int error) {
-    return PException(Log::CATEGORY, Log::SUB_CATEGORY, Log::FORM_INFO, READ_ACTION_CODE,
-                      READ_EXCEPTION_DETAIL, text, operation, error, 0, 0, 0, 0, 0, 0);
+/// The exception for a body that cannot be read.
+PException readException(LogText::Number text, const char* operation, int error) {
+    return makeException(ORIGIN, ErrorCode::BODY_UNREADABLE, text, operation, error);
 }
 
 /// As getenv(), with an entry in the trace log, which names the variable, when it is not set.
 const char* getenvLogged(const char* name, const char* logged) {
     const char* const value = std::getenv(name);
     if (value == nullptr) {
-        trace::OrvTrace trace = Log::writer(Log::FORM_INFO);
-        Log::putText(trace, Log::ERROR_LEVEL, Log::NOT_AVAILABLE, logged);
+        Log::putText(Log::FORM_INFO, Log::ERROR_LEVEL, LogText::NOT_AVAILABLE, logged);
     }
     return value;
-}
-
-int hexDigit(char character) {
-    if (character >= '0' && character <= '9') {
-        return character - '0';
-    }
-    const int lower = character | 0x20;
-    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
 /// The byte that the two characters of an escape stand for. Anything but two hexadecimal digits
 /// gives the low byte of what strtoul() reads in them: signs and blanks count, and a character
 /// that is no digit ends the number.
 char unescaped(char first, char second) {
-    const int high = hexDigit(first);
-    const int low = hexDigit(second);
+    const int high = Hex::valueOf(first);
+    const int low = Hex::valueOf(second);
     if (high >= 0 && low >= 0) {
         return static_cast<char>(high << 4 | low);
     }
@@ -174,8 +165,8 @@ std::string FormInfo::getURLInfo(CGIRequester& requester) {
     if (requester.getInfo(ITEM_HTTPS_PORT, answer, sizeof answer) != 0) {
         httpsPort = Bytes::readSigned32(answer);
     } else {
-        trace::OrvTrace trace = Log::writer(Log::FORM_INFO);
-        Log::putText(trace, Log::ERROR_LEVEL, Log::NOT_AVAILABLE, "FormInfo::getURLInfo()");
+        Log::putText(Log::FORM_INFO, Log::ERROR_LEVEL, LogText::NOT_AVAILABLE,
+                     "FormInfo::getURLInfo()");
     }
     const char* const scheme = Numbers::readInt(m_port.c_str()) == httpsPort ? "https" : "http";
     return std::string(scheme) + "://" + m_host + ":" + m_port;
@@ -218,9 +209,9 @@ unsigned int FormInfo::readToBuffer(const char* from, const char* to, unsigned i
         if (result > 0) {
             received += static_cast<unsigned int>(result);
         } else if (result == 0) {
-            throw readException(Log::INPUT_ENDED, "FormInfo::readToBuffer: 0 byte read", 0);
+            throw readException(LogText::INPUT_ENDED, "FormInfo::readToBuffer: 0 byte read", 0);
         } else if (errno != EINTR) {
-            throw readException(Log::SYSTEM_CALL_FAILED, "read", errno);
+            throw readException(LogText::SYSTEM_CALL_FAILED, "read", errno);
         }
     }
     m_bytesRead += wanted;

@@ -219,9 +219,8 @@ FileDescriptor FormInfo::createTemporaryFile() {
     if (file.isOpen()) {
         m_temporaryFilePath = path;
     } else {
-        trace::OrvTrace trace = Log::writer(Log::FORM_INFO);
-        Log::putText(trace, Log::ERROR_LEVEL, Log::CANNOT_OPEN, "FormInfo::setUploadedFileInfo",
-                     path.c_str());
+        Log::putText(Log::FORM_INFO, Log::ERROR_LEVEL, LogText::CANNOT_OPEN,
+                     "FormInfo::setUploadedFileInfo", path.c_str());
     }
     return file;
 }
@@ -249,8 +248,7 @@ void FormInfo::closeFile(FileDescriptor& file) {
 }
 
 void FormInfo::abandonFile(FileDescriptor& file, const char* operation) {
-    trace::OrvTrace trace = Log::writer(Log::FORM_INFO);
-    Log::putText(trace, Log::ERROR_LEVEL, Log::SYSTEM_CALL_FAILED, operation, errno);
+    Log::putText(Log::FORM_INFO, Log::ERROR_LEVEL, LogText::SYSTEM_CALL_FAILED, operation, errno);
     file.close();
     removeTemporaryFile();
 }
@@ -262,8 +260,8 @@ void FormInfo::removeTemporaryFile() {
     }
     // A page may have moved the file to where it belongs.
     if (std::remove(m_temporaryFilePath.c_str()) != 0 && errno != ENOENT) {
-        trace::OrvTrace trace = Log::writer(Log::FORM_INFO);
-        Log::putText(trace, Log::ERROR_LEVEL, Log::SYSTEM_CALL_FAILED, "remove", errno);
+        Log::putText(Log::FORM_INFO, Log::ERROR_LEVEL, LogText::SYSTEM_CALL_FAILED, "remove",
+                     errno);
     }
     m_temporaryFilePath.clear();
     UploadGuard::release();
