@@ -1,74 +1,101 @@
 #pragma once
 
+#include <stdexcept>
 #include <string>
-#include <vector>
 
 #include "catalogue/Texts.h"
 #include "gui/MessageMgr.h"
 
 namespace Console {
 
-/// IDs of the console's functions: which roles may use one, and where its page lies, hang on them.
-enum Function {
-    FUNCTION_STATUS = 3,
-    FUNCTION_EVENT_SEARCH = 7,
-    FUNCTION_SYSTEM_INFORMATION = 8,
-    FUNCTION_SYSTEM_POWER = 10,
-    FUNCTION_LED = 11,
-    FUNCTION_PARTITION_POWER = 30,
-    FUNCTION_SCHEDULE = 31,
-    FUNCTION_BOOT = 45,
-    FUNCTION_USERS = 60,
-    FUNCTION_ADD_USER = 61,
-    FUNCTION_EDIT_USER = 62,
-    FUNCTION_CHANGE_PASSWORD = 63,
-    FUNCTION_SESSIONS = 64,
-    FUNCTION_CLOCK = 70,
-    FUNCTION_ADDRESSES = 72,
-    FUNCTION_SERVICES = 74,
-    FUNCTION_REFRESH = 75,
-    FUNCTION_TRAPS = 77,
-    FUNCTION_ACCESS_LIST = 88,
-    FUNCTION_ADD_ACCESS = 89,
-    FUNCTION_REMOVE_ACCESS = 90,
-    FUNCTION_MAIL = 92,
-    FUNCTION_PROGRESS = 95,
-    FUNCTION_FIRMWARE = 100,
-    FUNCTION_BACKUP = 104,
-    FUNCTION_MAINTENANCE_MODE = 108,
-    FUNCTION_EVENTS = 153,
-    FUNCTION_EVENT_FILTER = 154
+/// The ID of a function of the console: the library's tables have its page and its rights.
+enum Function : int {};
+
+/// The top menu that lists a function.
+enum TopMenu {
+    NO_MENU = -1,
+    MENU_SYSTEM = 0,
+    MENU_PARTITION = 1,
+    MENU_USERS = 3,
+    MENU_NETWORK = 4,
+    MENU_MAINTENANCE = 5
 };
 
-/// Who may use a function. A page that changes anything always goes by the table of rights.
+/// Who may use a function. A page that changes anything always uses the table of rights.
 enum class Access {
     BY_TABLE,    ///< the roles that the library's table of rights allows
-    ANY_SESSION  ///< whoever is logged in: for pages that only show something
+    ANY_SESSION  ///< every logged-in user: for pages that only show something
 };
 
-/// A function as the menu knows it.
+/// A function of the console. The functions of the menu "Partition" work on one partition.
 struct FunctionEntry {
+    constexpr FunctionEntry(int id, TopMenu menu, Text name, Access users = Access::BY_TABLE)
+        : function{id}, topMenu(menu), title(name), access(users) {}
+
     Function function;
-    int topMenu;  ///< 0 to 5, or NO_MENU
+    TopMenu topMenu;
     Text title;
     Access access;
 };
 
-constexpr int NO_MENU = -1;
+/// All functions, in the order of the menu.
+// clang-format off
+constexpr FunctionEntry FUNCTIONS[] = {
+    {  3, MENU_SYSTEM,      TEXT_STATUS, Access::ANY_SESSION},
+    {  8, MENU_SYSTEM,      TEXT_SYSTEM_INFORMATION},
+    { 10, MENU_SYSTEM,      TEXT_SYSTEM_POWER},
+    { 11, MENU_SYSTEM,      TEXT_LED},
+    {153, MENU_SYSTEM,      TEXT_EVENTS},
+    {154, MENU_SYSTEM,      TEXT_EVENT_FILTER},
+    {  7, MENU_SYSTEM,      TEXT_EVENT_SEARCH},
+    { 30, MENU_PARTITION,   TEXT_PARTITION_POWER},
+    { 31, MENU_PARTITION,   TEXT_SCHEDULE},
+    { 45, MENU_PARTITION,   TEXT_BOOT},
+    { 60, MENU_USERS,       TEXT_USERS},
+    { 61, NO_MENU,          TEXT_ADD_USER},
+    { 62, NO_MENU,          TEXT_EDIT_USER},
+    { 63, MENU_USERS,       TEXT_CHANGE_PASSWORD},
+    { 64, MENU_USERS,       TEXT_SESSIONS, Access::ANY_SESSION},
+    { 70, MENU_NETWORK,     TEXT_CLOCK},
+    { 72, MENU_NETWORK,     TEXT_ADDRESSES},
+    { 74, MENU_NETWORK,     TEXT_SERVICES},
+    { 75, MENU_NETWORK,     TEXT_REFRESH},
+    { 77, MENU_NETWORK,     TEXT_TRAPS},
+    { 88, MENU_NETWORK,     TEXT_ACCESS_LIST},
+    { 89, NO_MENU,          TEXT_ADD_ACCESS},
+    { 90, NO_MENU,          TEXT_REMOVE_ACCESS},
+    { 92, MENU_NETWORK,     TEXT_MAIL},
+    {100, MENU_MAINTENANCE, TEXT_FIRMWARE},
+    { 95, MENU_MAINTENANCE, TEXT_PROGRESS},
+    {104, MENU_MAINTENANCE, TEXT_BACKUP},
+    {108, MENU_MAINTENANCE, TEXT_MAINTENANCE_MODE},
+};
+// clang-format on
 
-/// The frameset, and the field of its address that says which function it shows.
+/// The function with a title. Does not compile as a constant when the table has none.
+constexpr Function functionOf(Text title) {
+    for (const FunctionEntry& entry : FUNCTIONS) {
+        if (entry.title == title) {
+            return entry.function;
+        }
+    }
+    throw std::logic_error("no function has this title");
+}
+
+/// A function's entry. REQUIRES: the function comes from functionOf().
+constexpr const FunctionEntry& entryOf(Function function) {
+    for (const FunctionEntry& entry : FUNCTIONS) {
+        if (entry.function == function) {
+            return entry;
+        }
+    }
+    throw std::logic_error("no such function");
+}
+
+/// The frameset, and the field of its address that names the function it shows.
 constexpr char FRAME_PATH[] = "/common/frame.cgi";
 constexpr char LOGIN_PATH[] = "/common/login.cgi";
 constexpr char FUNCTION_FIELD[] = "fid";
-
-/// All functions, in the order of the menu.
-const std::vector<FunctionEntry>& functionTable();
-
-/// A function's entry. Throws std::logic_error when the table lacks it.
-const FunctionEntry& entryOf(Function function);
-
-/// What a function's page is called.
-Text titleOf(Function function);
 
 /// The name of a top menu, 0 to 5, in the user's language.
 std::string topMenuName(int topMenu, int language, ORVLib::Gui::MessageMgr& messages);

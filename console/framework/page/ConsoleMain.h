@@ -21,7 +21,7 @@ protected:
     /// Makes the page's body. Messages, language and rights are the user's by now.
     virtual std::unique_ptr<ORVLib::Gui::HTMLComponent> makeBody(const PageContext& context) = 0;
 
-    virtual Text getTitle() const { return titleOf(getFunction()); }
+    virtual Text getTitle() const { return entryOf(getFunction()).title; }
 
     /// True for a page that reloads itself: it must not keep its user's session alive.
     virtual bool isSelfRefreshing() const { return false; }

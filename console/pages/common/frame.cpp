@@ -39,12 +39,12 @@ private:
     /// What the request asks for. Whether the user may use it is for that page to say.
     const FunctionEntry& wantedFunction() const {
         const std::string wanted = fieldOf(*m_formInfo, FUNCTION_FIELD);
-        for (const FunctionEntry& entry : functionTable()) {
+        for (const FunctionEntry& entry : FUNCTIONS) {
             if (entry.topMenu != NO_MENU && std::to_string(entry.function) == wanted) {
                 return entry;
             }
         }
-        return functionTable().front();
+        return FUNCTIONS[0];
     }
 
     void lead(OutlineFramePage& page, const FunctionEntry& entry) {

@@ -70,7 +70,7 @@ private:
     Component makeTopMenu(int menu, CGIRequester& requester) {
         auto made = std::make_unique<TopMenu>(topMenuName(menu, m_language, *m_messages),
                                               isWanted("tid", menu));
-        for (const FunctionEntry& entry : functionTable()) {
+        for (const FunctionEntry& entry : FUNCTIONS) {
             if (entry.topMenu == menu && isUsable(entry, requester)) {
                 made->add(makeFunctionLink(entry));
             }

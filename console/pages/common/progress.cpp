@@ -20,6 +20,7 @@ namespace Console {
 
 namespace {
 
+constexpr Function FIRMWARE = functionOf(TEXT_FIRMWARE);
 constexpr char RELOAD_SECONDS[] = "2";
 constexpr char RUNNING[] = "running";
 
@@ -55,7 +56,7 @@ const Vocabulary& states() {
 
 class ProgressMain : public ConsoleMain {
 public:
-    explicit ProgressMain(FormInfo& form) : ConsoleMain(form, FUNCTION_PROGRESS) {}
+    explicit ProgressMain(FormInfo& form) : ConsoleMain(form, functionOf(TEXT_PROGRESS)) {}
 
 protected:
     bool isSelfRefreshing() const override { return true; }
@@ -99,8 +100,8 @@ private:
             facts->add(text(TEXT_PROGRESS), std::make_unique<ProgressBar>(percent));
         }
         content->add(std::move(facts));
-        if (state != RUNNING && mayUse(context.requester, context.authority, FUNCTION_FIRMWARE)) {
-            content->add(makeLink(ORVGUIUtil::getCGIPath(FUNCTION_FIRMWARE), text(TEXT_FIRMWARE)));
+        if (state != RUNNING && mayUse(context.requester, context.authority, FIRMWARE)) {
+            content->add(makeLink(ORVGUIUtil::getCGIPath(FIRMWARE), text(TEXT_FIRMWARE)));
         }
         return content;
     }

@@ -27,7 +27,7 @@ constexpr char UNCHECKED[] = "0";
 
 class MaintenancePage : public SettingsPage {
 public:
-    static constexpr Function FUNCTION = FUNCTION_MAINTENANCE_MODE;
+    static constexpr Function FUNCTION = functionOf(TEXT_MAINTENANCE_MODE);
 
     explicit MaintenancePage(const PageContext& context)
         : SettingsPage(context, FUNCTION, TEXT_MAINTENANCE_MODE_PURPOSE) {

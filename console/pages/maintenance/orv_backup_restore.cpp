@@ -67,7 +67,7 @@ std::string readFile(const std::string& path) {
 
 class BackupPage : public UploadPage {
 public:
-    static constexpr Function FUNCTION = FUNCTION_BACKUP;
+    static constexpr Function FUNCTION = functionOf(TEXT_BACKUP);
 
     explicit BackupPage(const PageContext& context)
         : UploadPage(context, FUNCTION, TEXT_BACKUP_PURPOSE, TEXT_BACKUP_FILE,

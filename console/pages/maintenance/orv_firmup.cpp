@@ -19,6 +19,7 @@ namespace Console {
 
 namespace {
 
+constexpr Function PROGRESS = functionOf(TEXT_PROGRESS);
 constexpr int INSTALLATION_BEGUN = 440;
 constexpr char DIGEST_FIELD[] = "digest";
 
@@ -52,14 +53,14 @@ private:
 
 class FirmwarePage : public UploadPage {
 public:
-    static constexpr Function FUNCTION = FUNCTION_FIRMWARE;
+    static constexpr Function FUNCTION = functionOf(TEXT_FIRMWARE);
 
     explicit FirmwarePage(const PageContext& context)
         : UploadPage(context, FUNCTION, TEXT_FIRMWARE_PURPOSE, TEXT_FIRMWARE_IMAGE,
                      TEXT_CONFIRM_INSTALL) {
         setApplyLabel(TEXT_INSTALL);
         setCompletion(INSTALLATION_BEGUN);
-        setReturnPath(ORVGUIUtil::getCGIPath(FUNCTION_PROGRESS));
+        setReturnPath(ORVGUIUtil::getCGIPath(PROGRESS));
     }
 
 protected:
@@ -196,10 +197,9 @@ protected:
         auto page = std::make_unique<FirmwarePage>(context);
         page->makePage();
         if (page->isCompleted()) {
-            HTMLMapUtil::insertIntoMap(
-                m_page->getMap(), "meta_refresh",
-                std::make_unique<MetaTag>("Refresh", FORWARD_SECONDS,
-                                          ORVGUIUtil::getCGIPath(FUNCTION_PROGRESS)));
+            HTMLMapUtil::insertIntoMap(m_page->getMap(), "meta_refresh",
+                                       std::make_unique<MetaTag>("Refresh", FORWARD_SECONDS,
+                                                                 ORVGUIUtil::getCGIPath(PROGRESS)));
         }
         return page;
     }

@@ -23,17 +23,12 @@ constexpr char ROW[] = "row";
 constexpr int ROW_ADDED = 200;
 constexpr int ROW_REMOVED = 201;
 
-/// What a request is about.
-Function functionOf(const FormInfo& form) {
-    const std::string operation = fieldOf(form, OPERATION);
-    if (operation == ADD) {
-        return FUNCTION_ADD_ACCESS;
-    }
-    return operation == REMOVE ? FUNCTION_REMOVE_ACCESS : FUNCTION_ACCESS_LIST;
-}
+constexpr Function LIST_FUNCTION = functionOf(TEXT_ACCESS_LIST);
+constexpr Function ADD_FUNCTION = functionOf(TEXT_ADD_ACCESS);
+constexpr Function REMOVE_FUNCTION = functionOf(TEXT_REMOVE_ACCESS);
 
 std::string listPath() {
-    return ORVGUIUtil::getCGIPath(FUNCTION_ACCESS_LIST);
+    return ORVGUIUtil::getCGIPath(LIST_FUNCTION);
 }
 
 /// An address and its mask bits; a row's text has a slash between them.
@@ -77,10 +72,8 @@ Component makeList(const PageContext& context) {
 
 class AddPage : public SettingsPage {
 public:
-    static constexpr Function FUNCTION = FUNCTION_ADD_ACCESS;
-
     explicit AddPage(const PageContext& context)
-        : SettingsPage(context, FUNCTION, TEXT_ADD_ACCESS_PURPOSE),
+        : SettingsPage(context, ADD_FUNCTION, TEXT_ADD_ACCESS_PURPOSE),
           m_row(add(TEXT_MASKED_ADDRESS, TEXT_WRONG_MASKED_ADDRESS,
                     std::make_unique<MaskedAddressInput>("address"))) {
         carry(OPERATION, ADD);
@@ -115,10 +108,8 @@ private:
 /// The page asks, and its button removes: there is nothing to enter.
 class RemovePage : public SettingsPage {
 public:
-    static constexpr Function FUNCTION = FUNCTION_REMOVE_ACCESS;
-
     explicit RemovePage(const PageContext& context)
-        : SettingsPage(context, FUNCTION, TEXT_REMOVE_ACCESS_PURPOSE),
+        : SettingsPage(context, REMOVE_FUNCTION, TEXT_REMOVE_ACCESS_PURPOSE),
           m_list(readList(context.requester)),
           m_row(add(TEXT_MASKED_ADDRESS, TEXT_NO_SUCH_ACCESS, std::make_unique<ChosenInput>(ROW))) {
         for (const Row& row : m_list) {
@@ -164,16 +155,22 @@ private:
 
 class AccessListMain : public ConsoleMain {
 public:
-    explicit AccessListMain(FormInfo& form) : ConsoleMain(form, FUNCTION_ACCESS_LIST) {}
+    explicit AccessListMain(FormInfo& form) : ConsoleMain(form, LIST_FUNCTION) {}
 
 protected:
-    Function getFunction() const override { return functionOf(*m_formInfo); }
+    Function getFunction() const override {
+        const std::string operation = fieldOf(*m_formInfo, OPERATION);
+        if (operation == ADD) {
+            return ADD_FUNCTION;
+        }
+        return operation == REMOVE ? REMOVE_FUNCTION : LIST_FUNCTION;
+    }
 
     Component makeBody(const PageContext& context) override {
         switch (getFunction()) {
-            case FUNCTION_ADD_ACCESS:
+            case ADD_FUNCTION:
                 return makePage<AddPage>(context);
-            case FUNCTION_REMOVE_ACCESS:
+            case REMOVE_FUNCTION:
                 return makePage<RemovePage>(context);
             default:
                 return makeList(context);

@@ -17,7 +17,7 @@ constexpr int LONGEST_NAME = 64;
 
 class AddressesPage : public RecordPage {
 public:
-    static constexpr Function FUNCTION = FUNCTION_ADDRESSES;
+    static constexpr Function FUNCTION = functionOf(TEXT_ADDRESSES);
 
     explicit AddressesPage(const PageContext& context)
         : RecordPage(context, FUNCTION, TEXT_ADDRESSES_PURPOSE, ITEM_ADDRESSES),

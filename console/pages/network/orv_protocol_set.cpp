@@ -12,7 +12,7 @@ namespace {
 
 class ServicesPage : public RecordPage {
 public:
-    static constexpr Function FUNCTION = FUNCTION_SERVICES;
+    static constexpr Function FUNCTION = functionOf(TEXT_SERVICES);
 
     explicit ServicesPage(const PageContext& context)
         : RecordPage(context, FUNCTION, TEXT_SERVICES_PURPOSE, ITEM_SERVICES) {

@@ -11,7 +11,7 @@ namespace {
 
 class RefreshPage : public SettingsPage {
 public:
-    static constexpr Function FUNCTION = FUNCTION_REFRESH;
+    static constexpr Function FUNCTION = functionOf(TEXT_REFRESH);
 
     explicit RefreshPage(const PageContext& context)
         : SettingsPage(context, FUNCTION, TEXT_REFRESH_PURPOSE),

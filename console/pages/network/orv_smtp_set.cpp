@@ -34,7 +34,7 @@ bool isMailAddress(const std::string& text) {
 
 class MailPage : public RecordPage {
 public:
-    static constexpr Function FUNCTION = FUNCTION_MAIL;
+    static constexpr Function FUNCTION = functionOf(TEXT_MAIL);
 
     explicit MailPage(const PageContext& context)
         : RecordPage(context, FUNCTION, TEXT_MAIL_PURPOSE, ITEM_MAIL),

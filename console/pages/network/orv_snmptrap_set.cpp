@@ -17,7 +17,7 @@ constexpr int LONGEST_COMMUNITY = 32;
 
 class TrapsPage : public RecordPage {
 public:
-    static constexpr Function FUNCTION = FUNCTION_TRAPS;
+    static constexpr Function FUNCTION = functionOf(TEXT_TRAPS);
 
     explicit TrapsPage(const PageContext& context)
         : RecordPage(context, FUNCTION, TEXT_TRAPS_PURPOSE, ITEM_TRAPS) {

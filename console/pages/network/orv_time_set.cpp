@@ -21,7 +21,7 @@ constexpr const char* ZONES[] = {
 
 class ClockPage : public RecordPage {
 public:
-    static constexpr Function FUNCTION = FUNCTION_CLOCK;
+    static constexpr Function FUNCTION = functionOf(TEXT_CLOCK);
 
     explicit ClockPage(const PageContext& context)
         : RecordPage(context, FUNCTION, TEXT_CLOCK_PURPOSE, ITEM_CLOCK),

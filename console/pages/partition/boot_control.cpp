@@ -15,7 +15,7 @@ constexpr char NO_DEVICE[] = "none";
 
 class BootPage : public RecordPage {
 public:
-    static constexpr Function FUNCTION = FUNCTION_BOOT;
+    static constexpr Function FUNCTION = functionOf(TEXT_BOOT);
 
     explicit BootPage(const PageContext& context)
         : RecordPage(context, FUNCTION, TEXT_BOOT_PURPOSE,

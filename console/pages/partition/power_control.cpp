@@ -11,7 +11,7 @@ namespace {
 
 class PartitionPowerPage : public PowerPage {
 public:
-    static constexpr Function FUNCTION = FUNCTION_PARTITION_POWER;
+    static constexpr Function FUNCTION = functionOf(TEXT_PARTITION_POWER);
 
     explicit PartitionPowerPage(const PageContext& context)
         : PowerPage(context, FUNCTION, TEXT_PARTITION_POWER_PURPOSE) {}

@@ -11,7 +11,7 @@ namespace {
 
 class SchedulePage : public RecordPage {
 public:
-    static constexpr Function FUNCTION = FUNCTION_SCHEDULE;
+    static constexpr Function FUNCTION = functionOf(TEXT_SCHEDULE);
 
     explicit SchedulePage(const PageContext& context)
         : RecordPage(context, FUNCTION, TEXT_SCHEDULE_PURPOSE,

@@ -10,7 +10,7 @@ namespace {
 
 class LedPage : public RecordPage {
 public:
-    static constexpr Function FUNCTION = FUNCTION_LED;
+    static constexpr Function FUNCTION = functionOf(TEXT_LED);
 
     explicit LedPage(const PageContext& context)
         : RecordPage(context, FUNCTION, TEXT_LED_PURPOSE, ITEM_LED) {

@@ -16,13 +16,13 @@ namespace {
 
 class EventsMain : public ConsoleMain {
 public:
-    explicit EventsMain(FormInfo& form) : ConsoleMain(form, FUNCTION_EVENTS) {}
+    explicit EventsMain(FormInfo& form) : ConsoleMain(form, functionOf(TEXT_EVENTS)) {}
 
 protected:
     std::unique_ptr<HTMLComponent> makeBody(const PageContext& context) override {
         EventQuery query = readFilter(context);
         query.before = readBefore(context.form);
-        auto events = makeEventList(context, query, ORVGUIUtil::getCGIPath(FUNCTION_EVENTS), {});
+        auto events = makeEventList(context, query, ORVGUIUtil::getCGIPath(getFunction()), {});
         events->putSentence("note", describe(query));
         auto body = std::make_unique<SkeletonPart>("skeleton_list.txt");
         body->putText("title", text(TEXT_EVENTS));

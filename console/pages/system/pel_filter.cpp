@@ -11,7 +11,7 @@ namespace {
 
 class EventFilterPage : public RecordPage {
 public:
-    static constexpr Function FUNCTION = FUNCTION_EVENT_FILTER;
+    static constexpr Function FUNCTION = functionOf(TEXT_EVENT_FILTER);
 
     explicit EventFilterPage(const PageContext& context)
         : RecordPage(context, FUNCTION, TEXT_EVENT_FILTER_PURPOSE, ITEM_OWN_EVENT_FILTER) {

@@ -10,7 +10,7 @@ namespace {
 
 class SystemPowerPage : public PowerPage {
 public:
-    static constexpr Function FUNCTION = FUNCTION_SYSTEM_POWER;
+    static constexpr Function FUNCTION = functionOf(TEXT_SYSTEM_POWER);
 
     explicit SystemPowerPage(const PageContext& context)
         : PowerPage(context, FUNCTION, TEXT_SYSTEM_POWER_PURPOSE) {}

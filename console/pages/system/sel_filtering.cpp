@@ -70,7 +70,7 @@ private:
 
 class SearchMain : public ConsoleMain {
 public:
-    explicit SearchMain(FormInfo& form) : ConsoleMain(form, FUNCTION_EVENT_SEARCH) {}
+    explicit SearchMain(FormInfo& form) : ConsoleMain(form, functionOf(TEXT_EVENT_SEARCH)) {}
 
 protected:
     std::unique_ptr<HTMLComponent> makeBody(const PageContext& context) override {

@@ -10,7 +10,7 @@ namespace {
 
 class InformationPage : public RecordPage {
 public:
-    static constexpr Function FUNCTION = FUNCTION_SYSTEM_INFORMATION;
+    static constexpr Function FUNCTION = functionOf(TEXT_SYSTEM_INFORMATION);
 
     explicit InformationPage(const PageContext& context)
         : RecordPage(context, FUNCTION, TEXT_SYSTEM_INFORMATION_PURPOSE, ITEM_SYSTEM_NAMES) {

@@ -49,7 +49,8 @@ class StatusMain : public ConsoleMain {
 public:
     // The table of rights has nobody for this function. The page changes nothing, and everybody
     // who is logged in may know the state.
-    explicit StatusMain(FormInfo& form) : ConsoleMain(form, FUNCTION_STATUS, Access::ANY_SESSION) {}
+    explicit StatusMain(FormInfo& form)
+        : ConsoleMain(form, functionOf(TEXT_STATUS), Access::ANY_SESSION) {}
 
 protected:
     bool isSelfRefreshing() const override { return true; }

@@ -12,6 +12,9 @@ namespace Console {
 
 namespace {
 
+constexpr Function ADD = functionOf(TEXT_ADD_USER);
+constexpr Function EDIT = functionOf(TEXT_EDIT_USER);
+
 constexpr int USER_ADDED = 360;
 constexpr int USER_CHANGED = 361;
 constexpr int USER_REMOVED = 362;
@@ -126,8 +129,8 @@ void UserSettingsPage::sendInputs(unsigned int item) {
 }
 
 AddUserPage::AddUserPage(const PageContext& context)
-    : UserSettingsPage(context, FUNCTION_ADD_USER, TEXT_ADD_USER_PURPOSE, ACTION_ADD,
-                       makeNameInput(), TEXT_PASSWORD) {
+    : UserSettingsPage(context, ADD, TEXT_ADD_USER_PURPOSE, ACTION_ADD, makeNameInput(),
+                       TEXT_PASSWORD) {
     setCompletion(USER_ADDED);
     setApplyLabel(TEXT_ADD);
 }
@@ -151,7 +154,7 @@ void AddUserPage::apply() {
 }
 
 EditUserPage::EditUserPage(const PageContext& context, const User& user)
-    : UserSettingsPage(context, FUNCTION_EDIT_USER, TEXT_EDIT_USER_PURPOSE, ACTION_EDIT,
+    : UserSettingsPage(context, EDIT, TEXT_EDIT_USER_PURPOSE, ACTION_EDIT,
                        std::make_unique<ShownInput>(user.name), TEXT_NEW_PASSWORD),
       m_user(user) {
     carry(NAME_FIELD, user.name);
@@ -170,8 +173,7 @@ void EditUserPage::apply() {
 }
 
 RemoveUserPage::RemoveUserPage(const PageContext& context, const User& user)
-    : UserPage(context, FUNCTION_EDIT_USER, TEXT_REMOVE_USER_PURPOSE, ACTION_REMOVE),
-      m_name(user.name) {
+    : UserPage(context, EDIT, TEXT_REMOVE_USER_PURPOSE, ACTION_REMOVE), m_name(user.name) {
     addShown(TEXT_USER_NAME, user.name);
     addShown(TEXT_ROLE, translate(context.messages, roles(), user.role));
     addShown(TEXT_USER_PARTITIONS, listPartitions(user.partitions));

@@ -25,7 +25,7 @@ std::string changeOf(const std::string& present, const std::string& wanted) {
 
 class PasswordPage : public SettingsPage {
 public:
-    static constexpr Function FUNCTION = FUNCTION_CHANGE_PASSWORD;
+    static constexpr Function FUNCTION = functionOf(TEXT_CHANGE_PASSWORD);
 
     explicit PasswordPage(const PageContext& context)
         : SettingsPage(context, FUNCTION, TEXT_CHANGE_PASSWORD_PURPOSE),

@@ -18,30 +18,33 @@ namespace Console {
 
 namespace {
 
-Function functionOf(const std::string& action) {
-    if (action == ACTION_ADD) {
-        return FUNCTION_ADD_USER;
-    }
-    return action == ACTION_EDIT || action == ACTION_REMOVE ? FUNCTION_EDIT_USER : FUNCTION_USERS;
-}
+constexpr Function LIST = functionOf(TEXT_USERS);
+constexpr Function ADD = functionOf(TEXT_ADD_USER);
+constexpr Function EDIT = functionOf(TEXT_EDIT_USER);
 
 class UsersMain : public ConsoleMain {
 public:
-    explicit UsersMain(FormInfo& form) : ConsoleMain(form, FUNCTION_USERS) {}
+    explicit UsersMain(FormInfo& form) : ConsoleMain(form, LIST) {}
 
 protected:
-    Function getFunction() const override { return functionOf(getAction()); }
+    Function getFunction() const override {
+        const std::string action = getAction();
+        if (action == ACTION_ADD) {
+            return ADD;
+        }
+        return action == ACTION_EDIT || action == ACTION_REMOVE ? EDIT : LIST;
+    }
 
     Text getTitle() const override {
         return getAction() == ACTION_REMOVE ? TEXT_REMOVE_USER : ConsoleMain::getTitle();
     }
 
     std::unique_ptr<HTMLComponent> makeBody(const PageContext& context) override {
-        if (getFunction() == FUNCTION_ADD_USER) {
+        if (getFunction() == ADD) {
             return makePage<AddUserPage>(context);
         }
         const std::vector<User> users = readUsers(context.requester);
-        if (getFunction() == FUNCTION_USERS) {
+        if (getFunction() == LIST) {
             return makeList(users, "");
         }
         const std::string name = fieldOf(context.form, NAME_FIELD);
@@ -99,7 +102,7 @@ private:
     }
 
     static std::string pathOf(const std::string& action, const std::string& user) {
-        return addressWith(ORVGUIUtil::getCGIPath(FUNCTION_USERS),
+        return addressWith(ORVGUIUtil::getCGIPath(LIST),
                            {{ACTION_FIELD, action}, {NAME_FIELD, user}});
     }
 

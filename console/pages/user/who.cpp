@@ -20,7 +20,7 @@ class SessionsMain : public ConsoleMain {
 public:
     // The table of rights has nobody for this function: everybody may know who else is there.
     explicit SessionsMain(FormInfo& form)
-        : ConsoleMain(form, FUNCTION_SESSIONS, Access::ANY_SESSION) {}
+        : ConsoleMain(form, functionOf(TEXT_SESSIONS), Access::ANY_SESSION) {}
 
 protected:
     std::unique_ptr<HTMLComponent> makeBody(const PageContext& context) override {
