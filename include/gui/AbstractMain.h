@@ -13,77 +13,94 @@ namespace ORVLib::Gui {
 
 class FormInfo;
 
-/// The main object of every page program.
+/// The main object of a page program.
 ///
-/// A program derives from it, does its page's work in execMain() and calls exec(), which runs that
-/// work so that every exception ends in an error page. Inside execMain() a page usually calls
-/// getCookie() and guiCheckSession() before it builds anything.
+/// Derive from it, print the page in execMain(), and return exec() from main(). exec() turns every
+/// exception of execMain() into an error page. A page for logged-in users calls getCookie() and
+/// guiCheckSession() before it builds anything:
+///
+/// @code
+/// class StatusMain : public AbstractMain {
+/// public:
+///     explicit StatusMain(FormInfo& request) : AbstractMain(&request, 7) {}
+///     int execMain() override {
+///         getCookie();
+///         guiCheckSession(false);  // returns only with a valid session
+///         HTMLPage(m_language).getGenerator().printHTML();
+///         return 0;
+///     }
+/// };
+/// @endcode
 class ORVGUI_EXPORT AbstractMain {
 public:
     virtual ~AbstractMain();
     AbstractMain(const AbstractMain&) = delete;
     AbstractMain& operator=(const AbstractMain&) = delete;
 
-    /// Shows the error page for a message or error number, which it prints escaped, and ends the
-    /// process with status -1. A program may override it; one that returns leads exec() to -1, and
-    /// lets guiCheckSession() return, so that the page must look at the session itself.
+    /// Shows the error page with the operator message for the error number `code` and ends the
+    /// process with status -1. The message is printed escaped, `title` as text.
+    ///
+    /// A program may override this operation. If an override returns, exec() returns -1 and
+    /// guiCheckSession() returns normally: the page must then check the session itself.
     virtual void errorExit(std::string title, int code);
 
 protected:
-    /// The page's work. What it returns is the program's exit status.
+    /// Prints the page. Returns the program's exit status.
     virtual int execMain() = 0;
 
 public:
-    /// Runs the page: reads a large body that the request left waiting, then execMain(). Returns
-    /// what that returned, or -1 after an exception; never throws. From here on the process ignores
-    /// SIGPIPE: a browser that went away is a trace entry.
+    /// Runs the page: reads a large body that FormInfo left unread, then calls execMain(). Returns
+    /// the result of execMain(), or -1 after an exception. Never throws. From here on the process
+    /// ignores SIGPIPE and SIGXFSZ: when the browser closes the connection, the page writes a
+    /// trace entry.
     int exec();
 
-    /// As errorExit() with a number, for an exception: the code 0x700 is shown as 0xd00 with the
+    /// As errorExit() with a number, for an exception. The code 0x700 is shown as 0xd00 with the
     /// action code in its low byte.
     void errorExit(std::string title, int code, unsigned char actionCode);
 
-    /// Shows the error page with a ready message and ends the process with status -1.
-    /// `message` is HTML and printed as it is: nothing that a person typed may be in it unescaped.
+    /// Shows the error page with a message of the page's own and ends the process with status -1.
+    /// `message` is printed as HTML. REQUIRES: user input in it is escaped.
     void errorExit(std::string title, std::string message);
 
 protected:
-    /// `formInfo` is the request; it is not owned and must outlive this object. Null is a program
-    /// that reads no request. `module` names the program in the trace log.
+    /// `formInfo` is the request; null for a program that reads none. It is not owned and must
+    /// outlive this object. `module` is the program's number in the trace log.
     AbstractMain(FormInfo* formInfo, int module);
 
-    /// Takes the session ID from the request's cookie. Without a usable cookie nothing changes.
+    /// Takes the session ID from the request's cookie. Without a session cookie nothing changes.
     void getCookie();
 
-    /// Asks the daemon whether the session is valid; on success language, refresh interval and
-    /// authority are filled. Returns 1 or 0. `errorCode` is written when the daemon refuses.
-    /// Without a session ID there is no exchange, and `*hasSession`, if not null, becomes false.
-    /// `option` is passed on to the daemon.
+    /// Asks the daemon whether the session is valid. Returns 1 and fills language, refresh
+    /// interval and authority when it is, otherwise returns 0. `errorCode` is set when the exchange
+    /// fails. Without a session ID nothing is sent, and `*hasSession` becomes false unless
+    /// `hasSession` is null. `option` is passed to the daemon, which decides its meaning: orvboardd
+    /// does not extend the session when it is true, for pages that reload themselves.
     int guiCheckLogin(int& errorCode, bool* hasSession, bool option);
 
-    /// Returns only with a valid session. Without one, or when it has expired, shows the time-out
-    /// page, deletes the cookie and ends the process with status 0; on any other refusal calls
-    /// errorExit().
+    /// Returns only with a valid session (but see errorExit()). Without a session, or when it has
+    /// expired, shows the time-out page, deletes the cookie and ends the process with status 0. Any
+    /// other failure calls errorExit(). `option` is that of guiCheckLogin().
     void guiCheckSession(bool option);
 
-    /// Lets the page reload itself at the interval of the user; 0 adds nothing.
+    /// Makes the page reload itself at the user's refresh interval. Adds nothing when that is 0.
     void setAutoRefresh(HTMLPage& page);
 
-    /// The program's writer of the trace log, and its request.
+    /// The program's writer of the trace log, and its request, which may be null.
     trace::OrvTrace m_trace;
     FormInfo* m_formInfo;
 
-    /// Objects of the derived program that live until the end; either may be null. The messages
-    /// go first.
+    /// The derived program's texts and page. Either may be null. The destructor deletes the texts
+    /// before the page.
     std::unique_ptr<MessageMgr> m_messages;
     std::unique_ptr<HTMLPage> m_page;
 
-    /// What the session check filled: valid after it, English and no rights before.
+    /// The user's language and rights, set by the session check. Before it: English, no rights.
     int m_language = 1;
     CGIAuthority m_authority;
 
-    /// The session's ID, when the request brought one, and the seconds after which setAutoRefresh()
-    /// reloads a page.
+    /// The session ID of the request's cookie, whether there was one, and the user's refresh
+    /// interval in seconds.
     std::string m_sessionId;
     bool m_hasSessionId = false;
     unsigned int m_refreshInterval = 0;

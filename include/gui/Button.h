@@ -7,11 +7,17 @@ namespace ORVLib::Gui {
 
 /// A push button that runs a script.
 ///
-/// Nothing is escaped: name and label are the page's own texts, and the script brings its own
-/// quotes, for example `"check(this.form)"` with the double quotes.
+/// Nothing is escaped: name and caption must be the page's own texts. The script is printed as it
+/// is, so it has to include its quotes:
+///
+/// @code
+/// Button button("check", "Check");
+/// button.setOnClick("\"check(this.form)\"");
+/// button.printHTML();
+/// @endcode
 class ORVGUI_EXPORT Button : public FormComponent, public HTMLComponent {
 public:
-    /// What follows `name` can be set later, too.
+    /// `value` is the caption. All arguments can be changed later.
     explicit Button(const std::string& name, const std::string& value = "",
                     const std::string& form = "", int attribute = 0,
                     const std::string& onClick = "", bool disabled = false)
@@ -23,15 +29,15 @@ public:
     void printHTML() const override;
     bool isError() const override;
 
-    /// A number for the page's own use: it is not printed.
+    /// A number for the page's own use. It is not printed.
     int getAttribute() const { return m_attribute; }
     void setAttribute(int attribute) { m_attribute = attribute; }
 
-    /// The script that a click runs, with its quotes.
+    /// The script that a click runs, with its quotes; empty for none.
     const std::string& getOnClick() const { return m_onClick; }
     void setOnClick(const std::string& onClick) { m_onClick = onClick; }
 
-    /// A disabled button is shown, and runs nothing.
+    /// A disabled button is visible but cannot be clicked.
     bool isDisabled() const { return m_disabled; }
     void setDisabled(bool disabled) { m_disabled = disabled; }
 

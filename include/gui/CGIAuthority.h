@@ -4,14 +4,21 @@
 
 namespace ORVLib::Gui {
 
-/// A user's rights as they travel in a telegram.
+/// A user's rights, as a telegram carries them.
 struct CGI_AUTHORITY {
     unsigned int roles;       // the top four bits, see CGIAuthority; the others are zero
-    unsigned int partitions;  // the partitions the user administers
+    unsigned int partitions;  // bit n: the user administers partition n
 };
 
-/// What a user may be: system administrator, technical staff, guest, operator, administrator of
-/// partitions, any of them together.
+/// A user's roles: system administrator, technical staff, guest, operator and administrator of
+/// partitions, in any combination.
+///
+/// @code
+/// CGIAuthority authority;
+/// authority.setPartitionAdmin(3);
+/// const bool allowed = authority.isSystemAdmin() || authority.isPartitionAdmin(3);
+/// std::cout << allowed;
+/// @endcode
 class ORVGUI_EXPORT CGIAuthority {
 public:
     /// Bits of CGI_AUTHORITY::roles.
@@ -26,26 +33,27 @@ public:
     CGIAuthority& operator=(const CGIAuthority&) = default;
     virtual ~CGIAuthority();
 
-    /// All rights at once, as they come from the daemon.
+    /// Replaces all roles and partitions, or copies them to `authority`.
     void setAuthority(const CGI_AUTHORITY& authority) { m_authority = authority; }
     void getAuthority(CGI_AUTHORITY& authority) const { authority = m_authority; }
 
-    /// The roles. A user may have several.
+    /// Whether the user has a role. A user may have several.
     bool isSystemAdmin() const { return (m_authority.roles & SYSTEM_ADMIN) != 0; }
     bool isTechnicalStaff() const { return (m_authority.roles & TECHNICAL_STAFF) != 0; }
     bool isGuest() const { return (m_authority.roles & GUEST) != 0; }
     bool isOperator() const { return (m_authority.roles & OPERATOR) != 0; }
 
-    /// Whether there is a partition that the user administers.
+    /// Whether the user administers at least one partition.
     bool isSomePartitionAdmin() const { return m_authority.partitions != 0; }
 
-    /// False for a number that no partition of the board has.
+    /// Whether the user administers `partition`. False for a number that the board does not have.
     bool isPartitionAdmin(int partition) const;
 
-    /// Ignores a number that no partition of the board has.
+    /// Makes the user an administrator of `partition`. Ignores a number that the board does not
+    /// have.
     void setPartitionAdmin(int partition);
 
-    /// Adds system administrator and technical staff.
+    /// Adds the roles system administrator and technical staff.
     void setConfigAuthority();
 
     /// Adds every role and every partition of the board.

@@ -19,93 +19,108 @@ class OrvTrace;
 
 namespace ORVLib::Gui {
 
-/// The client of the board's back-end daemon. Every operation is one exchange over a connection of
+/// The client of the board's back-end daemon. Every operation is one exchange on a connection of
 /// its own.
 ///
-/// Operations return 1 on success. On failure they return 0, leave what they would have filled
-/// untouched, write a trace entry and keep the error for getErrorDetail() and getActionCode().
+/// Operations return 1 on success. On failure they return 0, leave their output arguments
+/// unchanged, write a trace entry and store the error for getErrorDetail() and getActionCode().
+/// They do not throw for a failed exchange.
+///
+/// @code
+/// constexpr unsigned int ITEM_OWN_REFRESH_INTERVAL = 0x02010027;
+/// CGIRequester requester("the session ID from the cookie");
+/// const ORVUi::PrimitiveTypeWrapper<long> seconds(60);
+/// if (requester.setInfo(ITEM_OWN_REFRESH_INTERVAL + ITEM_WRITE, seconds) == 0) {
+///     std::cout << "failed with error " << requester.getErrorDetail();
+/// }
+/// @endcode
 class ORVGUI_EXPORT CGIRequester {
 public:
-    /// Characters of a session ID that count.
+    /// Characters of a session ID that are sent.
     static constexpr int SESSION_ID_LENGTH = 31;
 
+    /// A requester without a session.
     CGIRequester();
 
-    /// See setSessionId().
+    /// A requester for a session, as setSessionId().
     explicit CGIRequester(const char* sessionId);
     ~CGIRequester();
     CGIRequester(const CGIRequester&) = delete;
     CGIRequester& operator=(const CGIRequester&) = delete;
 
-    /// The session every later request belongs to; cut after SESSION_ID_LENGTH characters. Null and
-    /// an empty text mean none.
+    /// The session of every later request, cut after SESSION_ID_LENGTH characters. Null and an
+    /// empty text mean none.
     void setSessionId(const char* sessionId);
     std::string getSessionId() const;
 
     /// The language of the session's user, or the board's own without a session.
     unsigned int getLanguage(int& language);
 
-    /// Opens a session. `user` and `password` count up to 32 bytes, `client`, which says where the
-    /// user comes from, up to 128. `sessionId` is what a cookie then carries; the requester's own
-    /// session stays as it was.
+    /// Opens a session and stores its ID, for the cookie, in `sessionId` and the user's language in
+    /// `language`. `user` and `password` are cut after 32 bytes, `client`, the address that the
+    /// user logs in from, after 128. The requester's own session does not change.
     unsigned int login(const std::string& user, const std::string& password,
                        const std::string& client, int& language, std::string& sessionId);
 
     /// Ends the session.
     unsigned int logout();
 
-    /// Asks whether the session is valid. `refreshInterval` is in seconds, 0 for none; `authority`
-    /// may be null. `option` is passed on to the daemon.
+    /// Asks whether the session is valid, and stores the user's language, refresh interval (in
+    /// seconds, 0 for none) and rights. `authority` may be null. `option` is passed to the daemon:
+    /// see AbstractMain::guiCheckLogin().
     unsigned int checkSession(int& language, unsigned int& refreshInterval, CGIAuthority* authority,
                               bool option);
 
-    /// The session's user. REQUIRES: `out` is null or holds all that the daemon sends.
+    /// Reads language, rights and raw data of the session's user.
+    /// REQUIRES: `out` is null or has space for everything that the daemon sends.
     unsigned int getUserInfo(int& language, CGIAuthority& authority, void* out);
 
-    /// Reads the information item `id` as raw bytes; numbers in them are big-endian.
-    /// REQUIRES: `out` is null or holds all that the daemon sends. Prefer the forms below.
+    /// Reads the item `id` as raw bytes; numbers in them are big-endian. Prefer the forms below.
+    /// REQUIRES: `out` is null or has space for everything that the daemon sends.
     int getInfo(unsigned int id, void* out);
 
-    /// Reads an item of exactly `size` bytes; an answer of another size is a failure.
-    /// Null leaves the answer unread.
+    /// Reads an item of exactly `size` bytes. An answer of another size is a failure.
+    /// If `out` is null, the answer's content is not read.
     int getInfo(unsigned int id, void* out, unsigned int size);
 
-    /// Reads an item into `out`. What came is not looked at: 1 says that there was an answer, not
-    /// that `out` could make sense of it.
+    /// Reads an item into `out`. Returns 1 even when out.setSerialized() refuses the answer: check
+    /// the content of `out`.
     int getInfo(unsigned int id, SerializableObject& out);
 
-    /// Sends `in` along and reads the answer into `out`. What `in` serialises to is cut to the low
-    /// 16 bits of its size, as with every operation that sends data.
+    /// Sends `in` and reads the answer into `out`, for items that are queried with content. The
+    /// size that is sent is the low 16 bits of the serialised size, as in every operation that
+    /// sends data.
     int getInfo(unsigned int id, const SerializableObject& in, SerializableObject& out);
     int getInfo(unsigned int id, SerializableObject& in, SerializableObject& out) {
         return getInfo(id, static_cast<const SerializableObject&>(in), out);
     }
 
-    /// As getInfo() with `in` and `out`, for operations that do something.
+    /// The same exchange as getInfo() with `in` and `out`. Use it where the daemon carries out an
+    /// operation.
     int callTransaction(unsigned int id, const SerializableObject& in, SerializableObject& out);
     int callTransaction(unsigned int id, SerializableObject& in, SerializableObject& out) {
         return callTransaction(id, static_cast<const SerializableObject&>(in), out);
     }
 
-    /// Writes the item `id`.
+    /// Writes an item. `id` is the item's ID plus ITEM_WRITE.
     unsigned int setInfo(unsigned int id, const SerializableObject& in);
     unsigned int setInfo(unsigned int id, SerializableObject& in) {
         return setInfo(id, static_cast<const SerializableObject&>(in));
     }
 
-    /// Writes the item `id` from the first `length`, cut to its low 16 bits, bytes at `data`. Null
-    /// is a failure unless that length is 0.
+    /// As above, with the `length` bytes at `data`; only the low 16 bits of `length` count. Null
+    /// is a failure unless they are 0.
     unsigned int setInfo(unsigned int id, unsigned int length, const void* data);
 
-    /// The exception detail of the last operation, 0 when it succeeded, and when the daemon's
-    /// exception could not be read.
+    /// The exception detail of the last operation. 0 when it succeeded, or when it failed with an
+    /// exception of the daemon that could not be read.
     unsigned int getErrorDetail() const { return m_errorDetail; }
 
     /// The action code of the last operation, 0 when it succeeded.
     unsigned char getActionCode() const { return m_actionCode; }
 
-    /// Writes bytes to the trace log in hexadecimal, for programs that look for a fault.
-    /// Null writes nothing.
+    /// Writes bytes to the trace log in hexadecimal, at the level of protocol traces, for
+    /// debugging. Null writes nothing.
     void debugTrace(const unsigned char* data, int length);
 
 private:

@@ -8,15 +8,22 @@
 
 namespace ORVLib::Gui {
 
-/// A group of check boxes, each with a name and value of its own; those of the group are not
-/// printed. Without boxes nothing is printed.
+/// A group of check boxes. Each box has a name and value of its own; the name and value of the
+/// group are not printed. A group without boxes prints nothing.
 ///
-/// Nothing is escaped: names, values, labels and IDs are the page's own texts.
+/// Nothing is escaped: names, values, labels and IDs must be the page's own texts.
+///
+/// @code
+/// CheckBox days("days");
+/// days.add("monday", "1", "Monday", "", true);
+/// days.add("tuesday", "1", "Tuesday");
+/// days.printHTML();
+/// @endcode
 class ORVGUI_EXPORT CheckBox : public FormComponent, public HTMLComponent {
 public:
     /// One box of the group.
     struct CheckBoxData {
-        /// As the arguments of add().
+        /// The arguments of add().
         std::string name;
         std::string value;
         std::string id;
@@ -25,7 +32,7 @@ public:
         bool disabled;
     };
 
-    /// `displayMode` is a DisplayMode, not owned; null is editable.
+    /// `displayMode` points to a DisplayMode, which is not owned; null is editable.
     explicit CheckBox(const std::string& name, const std::string& value = "",
                       const std::string& form = "", const std::string& onClick = "",
                       bool quoteScript = false, const int* displayMode = nullptr,
@@ -38,7 +45,7 @@ public:
     CheckBox(const CheckBox&) = delete;
     CheckBox& operator=(const CheckBox&) = delete;
 
-    /// Appends a box. An empty ID prints none.
+    /// Appends a box. With an empty `id` no ID attribute is printed.
     void add(const std::string& name, const std::string& value, const std::string& label,
              const std::string& id = "", bool checked = false, bool disabled = false);
 
@@ -46,7 +53,7 @@ public:
     const std::string& getOnClick() const { return m_onClick; }
     void setOnClick(const std::string& onClick) { m_onClick = onClick; }
 
-    /// Print the script between double quotes; without, it brings its own.
+    /// Whether the script is printed between double quotes. If not, it must include its quotes.
     bool isQuoteScript() const { return m_quoteScript; }
     void setQuoteScript(bool quoteScript) { m_quoteScript = quoteScript; }
 
@@ -54,7 +61,7 @@ public:
     const int* getDisplayMode() const { return m_displayMode; }
     void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
 
-    /// Disables all boxes.
+    /// Disables all boxes, in every display mode.
     bool isDisabled() const { return m_disabled; }
     void setDisabled(bool disabled) { m_disabled = disabled; }
 

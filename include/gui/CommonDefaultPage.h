@@ -11,21 +11,32 @@
 
 namespace ORVLib::Gui {
 
-/// The base of a configuration page: a part of a page, for the "body" marker, with a skeleton and
-/// components of its own.
+/// The body of a configuration page, with a skeleton and components of its own. It is a component,
+/// usually at the marker "body" of an HTMLPage.
 ///
-/// A configuration takes several requests of the same program. Each form carries a page state as a
-/// hidden field, and the state of a request, together with its method, decides what makePage()
-/// does. A program fills the page in makeDispPage() and carries the configuration out in
-/// makeConfigPage().
+/// A configuration takes several requests to the same program: form, confirmation, completion. Each
+/// form carries the page state in a hidden field. makePage() calls makeConfigPage() for a POST in
+/// STATE_CONFIGURE and makeDispPage() for every other request.
+///
+/// @code
+/// class NamePage : public CommonDefaultPage {
+/// public:
+///     NamePage(MessageMgr& messages, const int* state)
+///         : CommonDefaultPage(messages, 7, state, "/usr/local/www/skel/skeleton_name.txt") {}
+///     void makeDispPage() override {
+///         HTMLMapUtil::insertIntoMap(getMap(), "input", new TextField("name"));
+///     }
+///     void makeConfigPage() override { setComplPageItemToMap("Name", "\"history.back()\"", 1); }
+/// };
+/// @endcode
 class ORVGUI_EXPORT CommonDefaultPage : public HTMLComponent {
 public:
-    /// In a POST, this state means: carry out what was submitted. Everything else is displayed.
+    /// Page states. A POST in STATE_CONFIGURE applies the submitted configuration.
     static constexpr int STATE_CONFIGURE = 2;
     static constexpr int STATE_CONFIRM = 3;
     static constexpr int STATE_COMPLETE = 4;
 
-    /// What getNextPageState() answers when a page leads nowhere.
+    /// Result of getNextPageState() for a state without a successor.
     static constexpr int NO_NEXT_STATE = -1;
 
     ~CommonDefaultPage() override;
@@ -35,55 +46,56 @@ public:
     void printHTML() const override;
     bool isError() const override;
 
-    /// Builds the form.
+    /// Builds the form. Does nothing unless overridden.
     virtual void makeDispPage();
 
-    /// Carries out the submitted configuration. Only a POST comes here; whether its user may do
-    /// this and its values are valid is the page's to check.
+    /// Applies the submitted configuration. Called for a POST only. The override must check the
+    /// user's right and the values. Does nothing unless overridden.
     virtual void makeConfigPage();
 
-    /// The state after `state`: 2 leads to 3; 3 leads to 4, or stays when the form is shown again;
-    /// 0 stays. Every other state leads to NO_NEXT_STATE.
+    /// The state after `state`: 3 after 2; 4 after 3, or 3 again with `redisplay`; 0 after 0;
+    /// NO_NEXT_STATE after any other.
     int getNextPageState(int state, bool redisplay);
 
-    /// Calls makeConfigPage() or makeDispPage(). Reads the request through FormInfo::myInstance,
-    /// and makes that when there is none yet.
+    /// Calls makeConfigPage() or makeDispPage(), by the request's method and the page state. Takes
+    /// the request from FormInfo::myInstance, and creates that when it is null.
     void makePage();
 
-    /// Puts the hidden field that carries the state after `*state` into the page. A state that
-    /// leads to 0 or nowhere adds none, and so does null.
+    /// Adds the hidden field that carries the state after `*state`. Adds none for null or when
+    /// that state is 0 or NO_NEXT_STATE.
     void addNextPageItem(int* state, bool redisplay) { addNextState(state, redisplay); }
 
-    /// As above. A template, so that nullptr is not ambiguous.
+    /// As above, for a constant state. A template, so that nullptr is not ambiguous.
     template <typename State, typename = std::enable_if_t<std::is_same_v<State, const int>>>
     void addNextPageItem(State* state, bool redisplay) {
         addNextState(state, redisplay);
     }
 
-    /// Turns the page into the completion page: a title, the operator message `messageId` and an
-    /// OK button that runs the script `onClick`, which brings its own quotes.
+    /// Turns the page into the completion page: a title, the operator message `messageId`, and an
+    /// OK button that runs the script `onClick`, which includes its quotes.
     void setComplPageItemToMap(const std::string& title, const std::string& onClick, int messageId);
 
-    /// The page's name in the trace log.
+    /// The page's number in the trace log.
     int getPageId() const { return m_pageId; }
 
 protected:
-    /// `messages` and `pageState`, which may be null, are not owned and must outlive the page.
-    /// `pageId` names the page in the trace log.
+    /// `messages` and `pageState` are not owned and must outlive the page. `pageState` may be null,
+    /// which counts as state 0. `pageId` is the page's number in the trace log. `skeletonFileName`
+    /// is a whole path.
     CommonDefaultPage(MessageMgr& messages, int pageId, const int* pageState,
                       const std::string& skeletonFileName);
 
-    /// What the page is made with: its texts, its components by marker, the generator that prints
-    /// them, its writer of the trace log.
+    /// The page's texts, its components by marker, the generator that prints them, and its writer
+    /// of the trace log.
     MessageMgr& getMessages() const { return *m_messages; }
     ComponentMap& getMap() { return m_map; }
     HTMLCodeGenerator& getGenerator() { return *m_generator; }
     trace::OrvTrace& getTrace() { return m_trace; }
 
-    /// 0 when the page has none.
+    /// The current page state; 0 when the page has none.
     int getPageState() const { return m_pageState != nullptr ? *m_pageState : 0; }
 
-    /// What isError() answers.
+    /// Sets the result of isError().
     void setError(bool error) { m_error = error; }
 
     /// A flag and a text for the derived page's own use.

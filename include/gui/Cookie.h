@@ -6,23 +6,36 @@
 
 namespace ORVLib::Gui {
 
-/// The session cookie: read from the request when it is made, printed as a "Set-Cookie" header
-/// line at the skeleton's "cookie" marker.
+/// The session cookie. The constructor reads it from the request; printHTML() prints a "Set-Cookie"
+/// header line, at the skeleton's marker "cookie".
+///
+/// @code
+/// const Cookie received;
+/// if (!received.isError()) {
+///     CGIRequester requester(received.getSessionId().c_str());
+///     requester.logout();
+/// }
+/// HTMLPage page(1);
+/// auto* const expired = new Cookie;
+/// expired->setExpired(true);
+/// HTMLMapUtil::insertIntoMap(page.getMap(), HTMLPage::KEY_COOKIE, expired);
+/// @endcode
 class ORVGUI_EXPORT Cookie : public HTMLComponent {
 public:
-    /// Takes what the request's cookie header holds after "sid=", to its end. The header must
-    /// begin with exactly that: the board sets no other cookie.
+    /// Reads the request's cookie header (HTTP_COOKIE). If it begins with "sid=", everything after
+    /// that is the session ID; "sid=" after another cookie is not found. So a console must set no
+    /// other cookie for the paths of its pages.
     Cookie();
 
-    /// Prints the header line that sets the cookie for the browser's session, or with isExpired()
-    /// the one that deletes it, and flushes. A session ID is printed up to its first line end or
-    /// NUL: nothing in it can begin another header.
+    /// Prints and flushes the header line that sets a cookie for the browser's session, or, with
+    /// isExpired(), the line that deletes it. The session ID is printed up to its first line end or
+    /// NUL, so that it cannot inject another header.
     void printHTML() const override;
 
     /// True when the request carried no session cookie.
     bool isError() const override;
 
-    /// What the request brought, until another ID is set.
+    /// The session ID of the request, or the one that was set since.
     const std::string& getSessionId() const { return m_sessionId; }
     void setSessionId(const std::string& sessionId) { m_sessionId = sessionId; }
 

@@ -8,16 +8,19 @@ namespace ORVLib::Gui {
 /// A date in three text boxes, named with the field's name followed by 0 (year), 1 (month) and 2
 /// (day).
 ///
-/// The texts are checked and printed as they are. Check what came from a person first and escape it
-/// afterwards; an escaped text would be checked as another one:
+/// The texts are checked and printed as they are, not escaped. So check user input first and escape
+/// it afterwards; isError() keeps the result:
 ///
-///     DateField field("date", "", "", year, month, day);
-///     field.checkDate();  // from now on isError() keeps the answer
-///     for (std::string* text : {&year, &month, &day}) MessageMgr::convertHTML(*text);
-///     field.setYear(year), field.setMonth(month), field.setDay(day);
+/// @code
+/// std::string year = "2030", month = "12", day = "<b>31";
+/// DateField field("date", "", "", year, month, day);
+/// field.checkDate();
+/// for (std::string* text : {&year, &month, &day}) MessageMgr::convertHTML(*text);
+/// field.setYear(year), field.setMonth(month), field.setDay(day);
+/// @endcode
 class ORVGUI_EXPORT DateField : public FormComponent, public HTMLComponent {
 public:
-    /// `displayMode` is a DisplayMode, not owned; null is editable.
+    /// `displayMode` points to a DisplayMode, which is not owned; null is editable.
     explicit DateField(const std::string& name, const std::string& value = "",
                        const std::string& form = "", const std::string& year = "",
                        const std::string& month = "", const std::string& day = "",
@@ -28,12 +31,12 @@ public:
           m_day(day),
           m_displayMode(displayMode) {}
 
-    /// Marks the field invalid unless the texts are a date from 2000 on. Each text counts as the
-    /// number it starts with, 0 when it starts with none; what follows the number is ignored.
+    /// Marks the field invalid unless the texts are a date from 2000 on. Only the number at the
+    /// start of each text counts, 0 if there is none; trailing characters are ignored.
     void checkDate();
 
-    /// Calls `function`(`arguments`) when a box gets the focus. Nothing is escaped; use single
-    /// quotes in it.
+    /// Calls the script `function`(`arguments`) when a box gets the focus. Nothing is escaped, and
+    /// the attribute is in double quotes: use single quotes in the arguments.
     void setOnFocusFunction(std::string function, std::string arguments);
 
     /// The texts of the boxes.
@@ -50,10 +53,10 @@ public:
 
     void printHTML() const override;
 
-    /// What checkDate() found or setError() said.
+    /// Whether checkDate() or setError() marked the field invalid.
     bool isError() const override;
 
-    /// Marks the field invalid. False changes nothing: an error stays.
+    /// Marks the field invalid. False does not clear an error.
     void setError(bool error = true) { m_error = m_error || error; }
 
 private:

@@ -1,4 +1,4 @@
 #pragma once
 
-/// Marks what programs may use of the library; everything else stays hidden in it.
+/// Marks the classes and functions that the library exports. All others are hidden in it.
 #define ORVGUI_EXPORT __attribute__((visibility("default")))

@@ -5,24 +5,33 @@
 
 namespace ORVLib::Gui {
 
-/// Chooses a file to upload: a read-only text box with the chosen path and a button with a caption
-/// of the page's own, in place of the browser's file input, which is hidden and uploads the file
-/// under "browse_" and the field's name.
+/// A file chooser with a caption in the page's language: a read-only text box for the path and a
+/// button. The browser's own file input is hidden; it uploads the file in the field "browse_" plus
+/// the field's name.
 ///
-/// The button's script finds both inputs by their names, so the field must stand in a form, and
-/// its name must be an identifier that a button does not use itself ("value" or "name" would not
-/// do). It opens the file dialog and copies the path. Current browsers do not wait for the dialog,
-/// so that the copy comes one click late: the page adds a listener for "change" that copies the
-/// hidden input's value into the text box.
+/// The button's script finds both inputs by name. So the component must be in a form, and its name
+/// must be an identifier that is not a property of a button (not "value" or "name"). The script
+/// opens the file dialog and copies the path. Current browsers do not wait for the dialog, so the
+/// path appears one click late: the page should add a listener for "change" that copies the hidden
+/// input's value into the text box.
 ///
-/// Nothing is escaped: the value may come from a browser, escape it before
-/// (MessageMgr::convertHTML()).
+/// Nothing is escaped. The value may come from a browser: escape it with
+/// MessageMgr::convertHTML().
+///
+/// @code
+/// const FormInfo request;
+/// std::string path;
+/// request.getFormData("image", path);
+/// MessageMgr::convertHTML(path);
+/// const FileField field("image", path, "", "Choose file");
+/// field.printHTML();
+/// @endcode
 class ORVGUI_EXPORT FileField : public FormComponent, public HTMLComponent {
 public:
     /// Width of the text box in characters.
     static constexpr int DEFAULT_SIZE = 20;
 
-    /// `displayMode` is a DisplayMode, not owned; null is editable.
+    /// `displayMode` points to a DisplayMode, which is not owned; null is editable.
     explicit FileField(const std::string& name, const std::string& value = "",
                        const std::string& form = "", const std::string& buttonLabel = "",
                        int size = DEFAULT_SIZE, const int* displayMode = nullptr)
@@ -43,7 +52,7 @@ public:
     const int* getDisplayMode() const { return m_displayMode; }
     void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
 
-    /// Read-only it prints the path as text; under CONFIRM_MODE also a hidden input with it.
+    /// The read-only form is the path as text, in CONFIRM_MODE with a hidden input that carries it.
     void printHTML() const override;
     bool isError() const override;
 

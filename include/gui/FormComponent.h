@@ -6,24 +6,23 @@
 
 namespace ORVLib::Gui {
 
-/// What every form input has: a name, under which its value comes back with the next request, and
-/// a value.
+/// The common part of all form inputs: the name of the form field, and a value.
 class ORVGUI_EXPORT FormComponent {
 public:
-    /// The name of the form field.
+    /// The name of the form field, by which FormInfo finds it in the next request.
     const std::string& getName() const { return m_name; }
     void setName(const std::string& name) { m_name = name; }
 
-    /// What the input shows first, or sends when it is chosen.
+    /// The value that the input shows first, or sends when it is chosen; of buttons the caption.
     const std::string& getValue() const { return m_value; }
     void setValue(const std::string& value) { m_value = value; }
 
-    /// Name of the form that the input stands in. For the page's own use: it is not printed.
+    /// Name of the form that contains the input. For the page's own use. It is not printed.
     const std::string& getForm() const { return m_form; }
     void setForm(const std::string& form) { m_form = form; }
 
 protected:
-    /// The part of a component; there is no input of this class alone.
+    /// Only derived classes are constructed.
     FormComponent(const std::string& name, const std::string& value, const std::string& form)
         : m_name(name), m_value(value), m_form(form) {}
     FormComponent(const FormComponent&) = default;

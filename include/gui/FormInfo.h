@@ -15,42 +15,53 @@ namespace ORVLib::Gui {
 
 class CGIRequester;
 
-/// The request a page answers: its fields, and the file that came with it.
+/// The CGI request: its fields and its uploaded file.
 ///
-/// The constructor reads all of it from the CGI environment and standard input. A body above
-/// LARGEST_BODY_AT_START bytes is left for readSkipData(), so that a page can look at the request
-/// before it takes a large upload.
+/// The constructor reads the CGI environment and standard input. A body of more than
+/// LARGEST_BODY_AT_START bytes stays unread until readSkipData(), so that a page can check the
+/// request before it accepts a large upload. AbstractMain::exec() calls readSkipData().
 ///
-/// URL-encoded fields end at the second "=" ("a=b=c" holds "b"), and the body at its first NUL
-/// byte. Of multipart fields the first line is kept, as it came. Of several fields with one name,
-/// and of several files, the last one counts.
+/// The fields are user input: validate them, and escape them before they are printed.
 ///
-/// An uploaded file is stored in a temporary file, readable by its owner alone, that is deleted
-/// with this object, and when the process ends: by exit(), or by a signal of its web server, of a
-/// limit or of a fault. Only SIGKILL leaves it. Move or copy what is to stay.
+/// @code
+/// FormInfo request;
+/// std::string name = "world";
+/// request.getFormData("name", name);  // unchanged when the field is missing
+/// TextString(name).printHTML();       // escapes
+/// if (!request.getTemporaryFilePath().empty()) {
+///     std::rename(request.getTemporaryFilePath().c_str(), "/var/tmp/kept");
+/// }
+/// @endcode
+///
+/// A URL-encoded field ends at its second "=": "a=b=c" is "b" in the field "a". A URL-encoded body
+/// ends at its first NUL byte. Of a multipart field only the first line is kept. When several
+/// fields have the same name, or several files are sent, the last one counts.
+///
+/// The upload is stored in a temporary file (mode 0600) that is deleted with this object and at
+/// process exit, also when a signal ends the process, except SIGKILL. Move or copy it to keep it.
 class ORVGUI_EXPORT FormInfo {
 public:
     /// Values by field name.
     using FieldMap = std::map<std::string, std::string>;
 
-    /// Bytes of body up to which the constructor reads it.
+    /// Largest body, in bytes, that the constructor reads (2 MiB).
     static constexpr int LARGEST_BODY_AT_START = 0x200000;
 
-    /// Bytes of an uploaded file that are kept (90 MiB and 512); what follows is dropped.
+    /// Bytes of an uploaded file that are kept (90 MiB and 512 bytes). The rest is read and
+    /// discarded.
     static constexpr unsigned int LARGEST_UPLOAD = 0x5A00200;
 
-    /// What the reader looks for in a multipart request.
+    /// The texts by which a multipart request and its parts are recognised.
     static constexpr std::string_view checkStringForm = "Content-Disposition: form-data; name=\"";
     static constexpr std::string_view checkStringFile = "filename=\"";
     static constexpr std::string_view checkStringType = "multipart/form-data; boundary=";
 
-    /// The process's own request. A program may put its FormInfo here so that the request is read
-    /// once; it is not owned.
+    /// The request of this process, for CommonDefaultPage. A program that has a FormInfo stores its
+    /// address here, because standard input can be read only once. Not owned.
     static FormInfo* myInstance;
 
     /// Reads the request. Throws PException when standard input fails or ends before the announced
-    /// length, and std::out_of_range when a name or value ends inside a "%" escape: such a request
-    /// is refused as a whole.
+    /// length. Throws std::out_of_range when a name or value ends inside a "%" escape.
     FormInfo();
     virtual ~FormInfo();
     FormInfo(const FormInfo&) = delete;
@@ -58,49 +69,48 @@ public:
 
     bool isPostMethod() const;
 
-    /// Puts the field's value into `value`. Returns false, with `value` untouched, when there is
-    /// no such field.
+    /// Copies a field to `value`. Returns false and leaves `value` unchanged when there is no such
+    /// field.
     bool getFormData(const std::string& name, std::string& value) const;
 
-    /// Reads the four fields `name`0 to `name`3 as decimal numbers into the four bytes at
-    /// `address`, each cut to its low 8 bits. Returns false at the first that is missing, and for
-    /// null.
+    /// Reads the fields `name`0 to `name`3 as decimal numbers into the four bytes at `address`.
+    /// Only the low 8 bits of each number are kept, and text counts as 0: use IPAddressField to
+    /// validate user input. Returns false when a field is missing (the bytes before it are
+    /// written) and for null.
     bool getFormIPAddr(const std::string& name, unsigned char* address) const;
 
-    /// Every field as name=value in the order of the names, joined with "&", decoded as the
-    /// fields are.
+    /// All decoded fields as name=value, in the order of the names, joined with "&".
     std::string getQueryString();
 
-    /// The URL the page was asked under, up to its path: scheme, host as the browser named it, and
-    /// port, which is always there. The scheme is "https" when the daemon says that the port
-    /// serves it, and "http" when the daemon cannot be asked. The host may hold any bytes: escape
-    /// it like a field.
+    /// The start of the page's URL, without a path: scheme, host as the browser sent it, and port,
+    /// which is always included. The scheme is "https" when the port is the daemon's HTTPS port,
+    /// otherwise "http", also when the daemon does not answer. The host is user input.
     std::string getURLInfo(CGIRequester& requester);
 
     /// All fields, in the byte order of their names.
     const FieldMap& getFields() const { return m_fields; }
 
-    /// True while a large body waits for readSkipData().
+    /// True when a large body has not been read yet.
     bool isReadSkip() { return m_readSkip; }
 
-    /// Reads the body that the constructor left. Throws as the constructor does.
+    /// Reads the body that the constructor did not read. Throws the same exceptions.
     void readSkipData();
 
-    /// The name of the uploaded file as the browser sent it, without folders; it may hold any
+    /// The file name that the browser sent, without folders. It is user input and may contain any
     /// bytes. Empty when no file was chosen.
     const std::string& getUploadedFileName() const { return m_uploadedFileName; }
 
-    /// Where the uploaded file lies. Empty when none came, and when it could not be written.
+    /// Path of the temporary file. Empty when no file was sent or it could not be written.
     const std::string& getTemporaryFilePath() const { return m_temporaryFilePath; }
 
-    /// Bytes in the temporary file.
+    /// Size of the temporary file in bytes.
     unsigned int getWrittenSize() const { return m_bytesWritten; }
 
-    /// Gives the read buffer back and removes the temporary file. May be called again.
+    /// Frees the read buffer and deletes the temporary file. May be called more than once.
     void terminate();
 
 private:
-    // What is looked at in one piece. The buffer has room for as much that waits to be written.
+    // Bytes that are searched at a time. The buffer has space for as many that wait to be written.
     static constexpr unsigned int READ_BUFFER_SIZE = 0x10000;
 
     void setURLInfo();

@@ -6,10 +6,10 @@
 
 namespace ORVLib::Gui {
 
-/// One frame of a frameset. Nothing is escaped: encode the URL before (MessageMgr::encodeURL()).
+/// One frame of a frameset. Nothing is escaped: encode the URL with MessageMgr::encodeURL().
 class ORVGUI_EXPORT Frame : public HTMLComponent {
 public:
-    /// `src` is the URL of what the frame shows.
+    /// `src` is the URL of the frame's first page. All arguments can be changed later.
     explicit Frame(const std::string& name, const std::string& src = "", bool scrolling = false,
                    bool border = false, bool resize = false)
         : m_name(name), m_src(src), m_scrolling(scrolling), m_border(border), m_resize(resize) {}
@@ -17,15 +17,15 @@ public:
     void printHTML() const override;
     bool isError() const override;
 
-    /// The name by which links target the frame.
+    /// The name of the frame, for the targets of links.
     const std::string& getName() const { return m_name; }
     void setName(const std::string& name) { m_name = name; }
 
-    /// The URL of what the frame shows first.
+    /// The URL of the frame's first page.
     const std::string& getSrc() const { return m_src; }
     void setSrc(const std::string& src) { m_src = src; }
 
-    /// Whether there may be scroll bars.
+    /// Whether the frame may have scroll bars.
     bool isScrolling() const { return m_scrolling; }
     void setScrolling(bool scrolling) { m_scrolling = scrolling; }
 

@@ -6,31 +6,39 @@
 
 namespace ORVLib::Gui {
 
-/// Writes a page: copies a skeleton file to standard output and lets the component of each marker
-/// print itself in the marker's place.
+/// Prints a page: copies a skeleton file to standard output and replaces each marker by its
+/// component.
 ///
-/// A marker is a name between two "$"; it may hold any byte but "$". Two "$" in a row print one.
-/// A marker without a component prints nothing. A marker that the end of the file leaves open
-/// counts as closed.
+/// A marker is a name between two "$" and may contain any byte but "$". "$$" prints a "$". A marker
+/// without a component prints nothing. The end of the file closes an open marker.
+///
+/// @code
+/// ComponentMap map;
+/// HTMLMapUtil::insertIntoMap(map, "body", new TextString("Hello"));
+/// HTMLCodeGenerator generator(&map);
+/// generator.setSkeletonFileName("/usr/local/www/skel/skeleton_top.txt");
+/// generator.printHTML();
+/// HTMLMapUtil::clearMap(map);
+/// @endcode
 class ORVGUI_EXPORT HTMLCodeGenerator {
 public:
-    /// Copies HTMLPage::SKELETON_FILE_NAME unless another file is set. `map` is not owned and
-    /// must outlive the generator. Null is a map without components.
+    /// The skeleton is HTMLPage::SKELETON_FILE_NAME until another one is set. `map` is not owned
+    /// and must outlive the generator. Null counts as an empty map.
     explicit HTMLCodeGenerator(ComponentMap* map);
     virtual ~HTMLCodeGenerator();
     HTMLCodeGenerator(const HTMLCodeGenerator&) = delete;
     HTMLCodeGenerator& operator=(const HTMLCodeGenerator&) = delete;
 
-    /// The skeleton file with its whole path.
+    /// The whole path of the skeleton file.
     const std::string& getSkeletonFileName() const { return m_skeletonFileName; }
     void setSkeletonFileName(const std::string& fileName) { m_skeletonFileName = fileName; }
 
-    /// Writes the page. A skeleton that cannot be read gives an operator message in its place and
-    /// a trace entry. A null component prints nothing.
+    /// Prints the page. If the skeleton cannot be read, an operator message is printed instead and
+    /// a trace entry is written. A null component prints nothing.
     void printHTML() const;
 
-    /// True when one component of the map, in the order of their names, says that it is invalid.
-    /// A null component is not.
+    /// True when at least one component of the map is invalid. Asks them in the order of their
+    /// markers, up to the first that is. A null component is valid.
     bool isError() const;
 
 private:

@@ -4,18 +4,29 @@
 
 namespace ORVLib::Gui {
 
-/// Anything that prints its own HTML into a page.
+/// A piece of a page that prints itself as HTML: the base of all components.
 ///
-/// Pages create components on the heap and hand them to a map by marker name; the map's owner
-/// deletes them.
+/// A page creates components with new and puts them into a map under the names of markers
+/// (HTMLMapUtil::insertIntoMap()). The owner of the map deletes them. A page may define components
+/// of its own:
+///
+/// @code
+/// class Rule : public HTMLComponent {
+/// public:
+///     void printHTML() const override { std::cout << "<hr>"; }
+///     bool isError() const override { return false; }
+/// };
+/// HTMLPage page(1);
+/// HTMLMapUtil::insertIntoMap(page.getMap(), "rule", new Rule);
+/// @endcode
 class ORVGUI_EXPORT HTMLComponent {
 public:
     virtual ~HTMLComponent();
 
-    /// Writes the component's HTML to std::cout. Changes nothing: printing twice prints the same.
+    /// Prints the component to std::cout. Printing again prints the same.
     virtual void printHTML() const = 0;
 
-    /// True when the component's current value is not valid.
+    /// True when the component's current value is invalid.
     virtual bool isError() const = 0;
 
 protected:

@@ -8,20 +8,28 @@
 
 namespace ORVLib::Gui {
 
-/// Components by the name of the skeleton marker they stand for. Whoever holds a map owns the
-/// components in it.
+/// Components by the name of their marker. The owner of a map owns the components in it.
 using ComponentMap = std::map<std::string, HTMLComponent*>;
 
-/// The one way to put components into a map and to empty it.
+/// Puts components into a map and deletes them. Use it instead of the map's own operations, which
+/// do not delete a component that is replaced or removed.
+///
+/// @code
+/// ComponentMap map;
+/// HTMLMapUtil::insertIntoMap(map, "name", new TextField("name"));
+/// HTMLMapUtil::insertIntoMap(map, "save", std::make_unique<SubmitButton>("save", "Save"));
+/// HTMLMapUtil::clearMap(map);
+/// @endcode
 class ORVGUI_EXPORT HTMLMapUtil {
 public:
     HTMLMapUtil() = delete;
 
-    /// Hands `component`, made with new, to the map. A component that was stored under `key` is
-    /// deleted and the result is false. Null prints nothing at the marker.
+    /// Puts `component`, which was created with new, into the map; the map's owner owns it from now
+    /// on. Returns true for a new key. When `key` has a component already, that is deleted, the
+    /// new one takes its place, and the result is false. Null prints nothing at the marker.
     static bool insertIntoMap(ComponentMap& map, const std::string& key, HTMLComponent* component);
 
-    /// As above, for a component that is owned already.
+    /// As above, for a component held by a std::unique_ptr.
     static bool insertIntoMap(ComponentMap& map, const std::string& key,
                               std::unique_ptr<HTMLComponent> component) {
         return insertIntoMap(map, key, component.release());

@@ -8,32 +8,37 @@
 
 namespace ORVLib::Gui {
 
-/// One page: its components by marker name, and the generator that writes it.
+/// A whole page: the components by marker, and the generator that prints them into the skeleton.
+/// The page owns its components. The response's header lines are part of the skeleton.
 ///
-/// Build it once, put components into getMap() with HTMLMapUtil::insertIntoMap(), print it with
-/// getGenerator().printHTML(). The skeleton brings the response's header lines.
+/// @code
+/// HTMLPage page(1);
+/// HTMLMapUtil::insertIntoMap(page.getMap(), "title", new TextString("Fans"));
+/// HTMLMapUtil::insertIntoMap(page.getMap(), HTMLPage::KEY_BODY, new TextString("3 of 3 turn"));
+/// page.getGenerator().printHTML();
+/// @endcode
 class ORVGUI_EXPORT HTMLPage {
 public:
-    /// The skeleton of a page unless another is set, and that of an error page.
+    /// Paths of the default skeleton and of the skeleton of error pages.
     static const char* SKELETON_FILE_NAME;
     static const char* SKELETON_ERR_FILE_NAME;
 
-    /// Name of the form field that carries a configuration page's state.
+    /// Name of the form field that carries the state of a CommonDefaultPage.
     static const std::string FORM_PAGE_STATE;
 
-    /// Names of markers.
+    /// Names of the markers for scripts, for the body and for the session cookie.
     static const std::string KEY_JAVA_SCRIPT;
     static const std::string KEY_BODY;
     static const std::string KEY_COOKIE;
 
-    /// Puts the name of the language's character set under "destination": "EUC-JP" for language 0,
-    /// "iso-8859-1" for any other.
+    /// Creates a page in a language. The name of its character set is put at the marker
+    /// "destination": "EUC-JP" for language 0, "iso-8859-1" for any other.
     explicit HTMLPage(int language);
     virtual ~HTMLPage();
     HTMLPage(const HTMLPage&) = delete;
     HTMLPage& operator=(const HTMLPage&) = delete;
 
-    /// The components by marker, and what prints them into the skeleton.
+    /// The components by marker, and the generator.
     ComponentMap& getMap() { return m_map; }
     HTMLCodeGenerator& getGenerator() { return *m_generator; }
 

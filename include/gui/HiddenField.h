@@ -7,8 +7,8 @@ namespace ORVLib::Gui {
 
 /// A hidden input that carries a value from one page to the next request.
 ///
-/// Only double quotes in the value are escaped when it is printed: an entity such as "&lt;" in
-/// the value comes back as the character it names.
+/// Only double quotes in the value are escaped. An entity in the value, such as "&lt;", therefore
+/// comes back as the character that it names.
 class ORVGUI_EXPORT HiddenField : public FormComponent, public HTMLComponent {
 public:
     /// `form` is not printed.

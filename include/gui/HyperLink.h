@@ -8,21 +8,29 @@
 
 namespace ORVLib::Gui {
 
-/// A link around another component, to a URL in a frame or, in script mode, to a script.
+/// A link around another component. It leads to a URL or, in script mode, runs a script.
 ///
-/// Nothing is escaped: encode the URL before (MessageMgr::encodeURL()). The script is printed
-/// between single quotes and must not hold one.
+/// Nothing is escaped: encode the URL with MessageMgr::encodeURL(). The script is printed in single
+/// quotes and must not contain one.
+///
+/// @code
+/// std::string url = "/partition/boot_control.cgi?partition=3";
+/// MessageMgr::encodeURL(url);
+/// HyperLink link(url, "_top");
+/// link.setContent(std::make_unique<TextString>("Boot control"));
+/// link.printHTML();
+/// @endcode
 class ORVGUI_EXPORT HyperLink : public HTMLComponent {
 public:
-    /// What follows `url` can be set later, too. `content`, made with new, passes to the link; null
-    /// shows nothing.
+    /// All arguments can be changed later. The link owns `content`, which was created with new;
+    /// null shows nothing.
     explicit HyperLink(const std::string& url, const std::string& target = "",
                        const std::string& cssClass = "", const std::string& script = "",
                        bool scriptMode = false, HTMLComponent* content = nullptr)
         : HyperLink(url, target, cssClass, script, scriptMode,
                     std::unique_ptr<HTMLComponent>(content)) {}
 
-    /// As above, for content that is owned already.
+    /// As above, for content held by a std::unique_ptr.
     HyperLink(const std::string& url, const std::string& target, const std::string& cssClass,
               const std::string& script, bool scriptMode, std::unique_ptr<HTMLComponent> content)
         : m_url(url),
@@ -37,28 +45,27 @@ public:
     void printHTML() const override;
     bool isError() const override;
 
-    /// Where the link leads.
+    /// The URL that the link leads to.
     const std::string& getUrl() const { return m_url; }
     void setUrl(const std::string& url) { m_url = url; }
 
-    /// The frame or window that shows it; empty for the link's own.
+    /// The frame or window that shows the URL; empty for the frame of the link.
     const std::string& getTarget() const { return m_target; }
     void setTarget(const std::string& target) { m_target = target; }
 
-    /// A class of the style sheet.
+    /// The link's class in the style sheet; empty for none.
     const std::string& getCssClass() const { return m_cssClass; }
     void setCssClass(const std::string& cssClass) { m_cssClass = cssClass; }
 
-    /// What a click runs in script mode.
+    /// The script that a click runs in script mode.
     const std::string& getScript() const { return m_script; }
     void setScript(const std::string& script) { m_script = script; }
 
-    /// In script mode the link runs its script; URL and target are not printed.
+    /// In script mode a click runs the script, and URL and target are not printed.
     bool isScriptMode() const { return m_scriptMode; }
     void setScriptMode(bool scriptMode) { m_scriptMode = scriptMode; }
 
-    /// What the link shows; null shows nothing. It passes to the link, which deletes what it showed
-    /// before.
+    /// The component inside the link; null for none. The link owns it and deletes the one before.
     HTMLComponent* getContent() const { return m_content.get(); }
     void setContent(HTMLComponent* content) {
         if (content != m_content.get()) {
@@ -66,7 +73,7 @@ public:
         }
     }
 
-    /// As above, for content that is owned already.
+    /// As above, for content held by a std::unique_ptr.
     void setContent(std::unique_ptr<HTMLComponent> content) { m_content = std::move(content); }
 
 private:

@@ -4,16 +4,27 @@
 
 namespace ORVLib::Gui {
 
-/// An IPv4 address with its prefix length: the boxes of an address and a fifth one for the mask
-/// bits, named with the field's name followed by 4.
+/// An IPv4 address with its prefix length: the four boxes of an IPAddressField and a fifth one,
+/// named with the field's name followed by 4, for the number of mask bits.
 ///
-/// Read-only it prints the address as text, or nothing when isShowReadOnlyText() is off; under
-/// CONFIRM_MODE it carries all five values in hidden inputs. The boxes here have no focus function
-/// and no disabled form.
+/// The read-only form is the address as text, or nothing unless isShowReadOnlyText(). In
+/// CONFIRM_MODE it also prints all five values in hidden inputs. The boxes have no focus function
+/// and are never disabled.
+///
+/// @code
+/// const FormInfo request;
+/// IPAddrMaskField field("net");
+/// std::string text;
+/// for (int i = 0; i < IPAddrMaskField::ADDR_BYTE_SIZE; ++i) {
+///     request.getFormData("net" + std::to_string(i), text);
+///     field.setAddress(i, text);
+/// }
+/// request.getFormData("net4", text);
+/// field.setMaskBit(text);
+/// @endcode
 class ORVGUI_EXPORT IPAddrMaskField : public IPAddressField {
 public:
-    /// Measures of the address boxes and of the mask box, in characters, and the masks that are
-    /// valid, in bits.
+    /// Width and longest input of the boxes in characters, and the valid numbers of mask bits.
     static constexpr int IP_SIZE = SIZE;
     static constexpr int IP_MAX_LENGTH = MAX_LENGTH;
     static constexpr int MASK_SIZE = 3;        // width of the mask box in characters
@@ -21,7 +32,7 @@ public:
     static constexpr int MASK_VALUE_MIN = 1;
     static constexpr int MASK_VALUE_MAX = 32;
 
-    /// `displayMode` is a DisplayMode, not owned; null is editable.
+    /// `displayMode` points to a DisplayMode, which is not owned; null is editable.
     explicit IPAddrMaskField(const std::string& name, const std::string& value = "",
                              const std::string& form = "", const int* displayMode = nullptr,
                              bool showReadOnlyText = false)
@@ -29,18 +40,19 @@ public:
           m_displayMode(displayMode),
           m_showReadOnlyText(showReadOnlyText) {}
 
-    /// `bits` outside 1 to 32 is an error; the number is kept so that the user sees it again.
+    /// Sets the mask. `bits` outside 1 to 32 marks the field invalid; the number is kept so that
+    /// the user sees it again.
     void setMaskBit(const int& bits);
 
-    /// Sets the mask from what a user typed. Anything but digits is an error and is kept for the
-    /// mask box, where only its double quotes need escaping: print the text read-only only after
-    /// isError() said that the field is valid.
+    /// Sets the mask from user input. Anything but digits marks the field invalid and is kept with
+    /// its double quotes escaped, which is safe in the mask box but not in the read-only text:
+    /// print that only when isError() is false.
     void setMaskBit(std::string text);
 
     /// The text in the mask box, as it is printed.
     const std::string& getMaskBit() const { return m_mask; }
 
-    /// Hides IPAddressField's display mode, which plays no part here.
+    /// Hides IPAddressField's display mode, which has no effect here.
     const int* getDisplayMode() const { return m_displayMode; }
     void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
 

@@ -6,39 +6,46 @@
 
 namespace ORVLib::Gui {
 
-/// An image, alone or as a table cell, with the size it is shown in.
+/// An image, alone or as a table cell, with a display size.
 ///
-/// The size is kept as text and read as the board reads numbers: 32 bits, saturating, a negative
-/// one counting as its two's complement. Nothing is escaped.
+/// The size is kept as text. Calculations read it as a number that saturates at 32 bits; a negative
+/// number counts as its two's complement. Nothing is escaped.
+///
+/// @code
+/// Image fan("/images/fan_120x40.gif", "Fan 2");  // 120 by 40 pixels
+/// fan.resizeImageDispSize(64, 64);               // now 64 by 21
+/// fan.printHTML();
+/// @endcode
 class ORVGUI_EXPORT Image : public HTMLComponent {
 public:
-    /// Takes the size from a source named like "fan_120x40.gif": the width stands between the last
-    /// "_" and the last "x", the height between that and the last ".". Without one of the three
-    /// there is no size; where they stand in another order, a text runs to the end of the source.
+    /// Takes the size from a file name such as "fan_120x40.gif": the width is the text between the
+    /// last "_" and the last "x", the height the text from there to the last ".". If one of the
+    /// three is missing, there is no size. In any other order the texts reach to the end of the
+    /// source.
     explicit Image(const std::string& source, const std::string& alt = "", bool cell = false,
                    int border = 0, const std::string& name = "", const std::string& id = "");
 
-    /// Empty texts mean no size.
+    /// The size in pixels. An empty text means that the side has no size and is not printed.
     void setImageDispSize(const std::string& width, const std::string& height);
     void getImageDispSize(std::string& width, std::string& height) const;
 
-    /// Shrinks the size, in proportion, to fit into the box; it never grows. Returns false when
-    /// there is no size. An image of height 0 becomes as wide as the box.
+    /// Reduces the size, in proportion, so that it fits into the box; never enlarges it. Returns
+    /// false when a side has no size. An image of height 0 becomes as wide as the box.
     bool resizeImageDispSize(unsigned int maxWidth, unsigned int maxHeight);
 
-    /// Multiplies the size by `factor`, modulo 2^32, or divides it. Returns false, with the size
-    /// as it was, when there is none, when `factor` is 0 and when a side would become 0.
+    /// Multiplies the size by `factor`, modulo 2^32, or divides it. Returns false and changes
+    /// nothing when a side has no size, when `factor` is 0, or when a side would become 0.
     bool zoomImageDispSize(unsigned int factor, bool divide);
 
-    /// The URL. To set it leaves the size as it is.
+    /// The URL. Setting it does not change the size.
     const std::string& getSource() const { return m_source; }
     void setSource(const std::string& source) { m_source = source; }
 
-    /// The text in place of an image that cannot be shown.
+    /// The text that browsers show when they cannot show the image.
     const std::string& getAlt() const { return m_alt; }
     void setAlt(const std::string& alt) { m_alt = alt; }
 
-    /// Print the image as a table cell.
+    /// Whether the image is printed as a table cell.
     bool isCell() const { return m_cell; }
     void setCell(bool cell) { m_cell = cell; }
 
@@ -46,17 +53,17 @@ public:
     int getBorder() const { return m_border; }
     void setBorder(int border) { m_border = border; }
 
-    /// The name and the ID by which scripts find the image.
+    /// The name and ID of the image, for scripts.
     const std::string& getName() const { return m_name; }
     void setName(const std::string& name) { m_name = name; }
     const std::string& getId() const { return m_id; }
     void setId(const std::string& id) { m_id = id; }
 
-    /// The script that a click runs.
+    /// The script that a click runs; empty for none.
     const std::string& getOnClick() const { return m_onClick; }
     void setOnClick(const std::string& onClick) { m_onClick = onClick; }
 
-    /// Print the script between double quotes; without, it brings its own.
+    /// Whether the script is printed between double quotes. If not, it must include its quotes.
     bool isQuoteScript() const { return m_quoteScript; }
     void setQuoteScript(bool quoteScript) { m_quoteScript = quoteScript; }
 

@@ -6,22 +6,29 @@ namespace ORVLib::Gui {
 
 /// A text input for a host name or a dotted IPv4 address.
 ///
-/// A text of digits, dots and blanks is taken as an address: up to four numbers of 0 to 255, with
-/// runs of dots counting as one ("10.1" is accepted, as resolvers do), no blanks. Anything else is
-/// a host name, which is left to the resolver to judge.
+/// A text of digits, dots and blanks counts as an address. It must have up to four numbers from 0
+/// to 255 and no blanks; several dots in a row count as one. Fewer numbers, such as "10.1", are
+/// accepted because resolvers accept them. Any other text counts as a host name, whose characters
+/// are not checked: the resolver does that. In both, a dot at the start or end is an error.
+///
+/// @code
+/// InetAddressField server("server", "10.1.256");  // isError(): 256 is no byte
+/// server.setValue("mail.example.com");
+/// if (!server.isError()) server.printHTML();
+/// @endcode
 class ORVGUI_EXPORT InetAddressField : public TextField {
 public:
-    /// As TextField's, with the flag of setAllowEmpty().
+    /// The arguments of TextField, then the flag of setAllowEmpty().
     explicit InetAddressField(const std::string& name, const std::string& value = "",
                               const std::string& form = "", int size = DEFAULT_SIZE,
                               int maxLength = DEFAULT_MAX_LENGTH, const int* displayMode = nullptr,
                               bool allowEmpty = false)
         : TextField(name, value, form, size, maxLength, displayMode), m_allowEmpty(allowEmpty) {}
 
-    /// The flags of TextField play no part. A dot in front or at the end is refused in both kinds.
+    /// True for an invalid value. TextField's flags are ignored.
     bool isError() const override;
 
-    /// Hides TextField's flag of that name.
+    /// Accept an empty value. Hides TextField's flag of the same name, which has no effect here.
     bool isAllowEmpty() const { return m_allowEmpty; }
     void setAllowEmpty(bool allowEmpty) { m_allowEmpty = allowEmpty; }
 

@@ -7,26 +7,39 @@ namespace ORVLib::Gui {
 
 class CGIRequester;
 
-/// Decides whether a user may see the page of a function.
+/// Decides whether a user may use a function of the console.
+///
+/// @code
+/// CGIAuthority user;
+/// user.setPartitionAdmin(3);
+/// CGIRequester requester("the session ID from the cookie");
+/// const JudgeAuthority judge(&user, 30, 3);  // the power of partition 3
+/// const int rule = judge.preCheckDisplayMode(requester);
+/// const bool allowed = rule == JudgeAuthority::UNDECIDED ? judge.getDisplayMode() != 0
+///                                                        : rule == JudgeAuthority::ALLOWED;
+/// if (!allowed) std::cout << "You may not do this.";
+/// @endcode
 class ORVGUI_EXPORT JudgeAuthority {
 public:
-    /// The partition number of a page that concerns no particular one.
+    /// The partition number for a function that does not concern a particular partition.
     static constexpr int NO_PARTITION = -1;
 
-    /// What preCheckDisplayMode() says.
+    /// Results of preCheckDisplayMode().
     enum PreCheck { REFUSED = 0, ALLOWED = 1, UNDECIDED = 2 };
 
-    /// `authority` is not owned and must outlive the object. Null is a user without any right.
+    /// `authority` holds the user's rights. It is not owned and must outlive the object; null is a
+    /// user without any right.
     JudgeAuthority(const CGIAuthority* authority, int functionId, int partition = NO_PARTITION)
         : m_authority(authority), m_functionId(functionId), m_partition(partition) {}
 
-    /// Returns 1 when one of the user's roles may use the function, otherwise 0. A function ID
-    /// outside 0 to 159 allows nobody.
+    /// Returns 1 when one of the user's roles may use the function, otherwise 0. Nobody may use a
+    /// function ID outside 0 to 159.
     int getDisplayMode() const;
 
-    /// The rule for technical staff while the board is in maintenance, to be asked first: they use
-    /// the power functions only when the board says so. Returns a PreCheck; UNDECIDED leaves the
-    /// decision to getDisplayMode(). Asks the daemon only when the rule may apply.
+    /// Applies the rule for technical staff while the board is in maintenance: they may use the
+    /// power functions only with the board's permission. Call it before getDisplayMode(). Returns a
+    /// PreCheck; for UNDECIDED, getDisplayMode() decides. Queries the daemon only when the rule may
+    /// apply.
     int preCheckDisplayMode(CGIRequester& requester) const;
 
 private:

@@ -12,52 +12,60 @@ class CsvInfoAccess;
 
 namespace ORVLib::Gui {
 
-/// The texts a page shows in its user's language, and what makes any text safe to show.
+/// The texts of a page in its user's language, and the escaping of texts for HTML and URLs.
 ///
-/// Language 0 reads the Japanese catalogue (EUC-JP), any other language the English one
-/// (ISO-8859-1). One object lives as long as its page.
+/// Language 0 is Japanese in EUC-JP, any other language English in ISO-8859-1. A page needs one
+/// object, for as long as it is printed.
+///
+/// @code
+/// MessageMgr messages(1);
+/// constexpr int TEXT_USER_NAME = 30;
+/// std::string label = messages.getString(TEXT_USER_NAME);
+/// MessageMgr::convertHTML(label);
+/// std::cout << label << messages.getMessage(1106, 0, "admin");  // takes one text
+/// @endcode
 class ORVGUI_EXPORT MessageMgr {
 public:
-    /// Reads the language's catalogue. A catalogue that is missing, or too short for the table it
-    /// announces, is logged; every string is then the fallback text.
+    /// Reads the language's catalogue. If it is missing or damaged, a trace entry is written and
+    /// every string is the fallback text of getString().
     explicit MessageMgr(int language);
     virtual ~MessageMgr();
     MessageMgr(const MessageMgr&) = delete;
     MessageMgr& operator=(const MessageMgr&) = delete;
 
-    /// The catalogue string number `id`, in the language's character set, not escaped.
-    /// A number that the catalogue does not have gives "failed to read string for CGI".
+    /// The catalogue's string number `id`, in the character set of the language, not escaped.
+    /// For a missing string the fallback text "failed to read string for CGI".
     std::string getString(int id);
 
-    /// The operator message `msgId`, formatted with the arguments that follow.
-    /// REQUIRES: they are those that the message asks for, in number and type, and no text is null.
-    /// A positive `code` is shown behind it: 26 as " (00:001a)".
+    /// The operator message `msgId`, formatted with the arguments after `code`, not escaped. A
+    /// positive `code` is appended: 26 as " (00:001a)".
+    /// REQUIRES: number and types of the arguments are those of the message; no text is null.
     std::string getMessage(int msgId, int code, ...);
 
-    /// As getMessage(), except that the code 0x700 is shown as 0xd00 with `expCode` in its low
-    /// byte.
+    /// As getMessage(), for the code of an exception: 0x700 is shown as 0xd00 with `expCode` in
+    /// its low byte.
     template <typename... Arguments>
     std::string getExpMessage(int msgId, int code, unsigned char expCode, Arguments... arguments) {
         return getMessage(msgId, shownCode(code, expCode), arguments...);
     }
 
-    /// Looks up the message number that belongs to `key`, the first column of `csv`; it stands in
-    /// the second. Returns false, with `msgId` untouched, when the table is at fault, has no such
-    /// record or holds no number other than 0 there.
+    /// Looks up a message number in a table: the second column of the record whose first column is
+    /// `key`. Returns false and leaves `msgId` unchanged when the table could not be read, has no
+    /// such record, or has no number or 0 there.
     bool getCsvExMsgId(ORVUi::CsvInfoAccess& csv, unsigned int key, unsigned int& msgId);
 
-    /// Prepares a text for a URL: a blank becomes "+"; "#" and bytes above 0x7f become "%XX".
-    /// Everything else stays, "&", "=", "?", "%" and "+" included, so that whole URLs can be
-    /// passed.
+    /// Encodes a whole URL: a blank becomes "+"; "#" and bytes above 0x7f become "%XX". The
+    /// separators "&", "=", "?", "%" and "+" do not change, so a value that contains them is not
+    /// encoded by this.
     static void encodeURL(std::string& text);
 
-    /// Prepares a text for HTML: & < > and the double quote become entities, every blank a
-    /// non-breaking one so that columns keep their width. The single quote stays: put attribute
-    /// values between double quotes.
+    /// Escapes a text for HTML: & < > and the double quote become entities. Every blank becomes a
+    /// non-breaking space, so that columns keep their width. The single quote does not change: put
+    /// attribute values in double quotes.
     static void convertHTML(std::string& text);
 
-    /// Replaces every occurrence of `from`, left to right and without looking at what was put in.
-    /// An empty `from` leaves the text as it is.
+    /// Replaces every occurrence of `from` by `to`, from left to right. Replacements are not
+    /// searched again. An empty `from` changes nothing.
     static void convertStr(std::string& text, const std::string& from, const std::string& to);
 
 private:

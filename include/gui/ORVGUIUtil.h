@@ -6,14 +6,18 @@
 
 namespace ORVLib::Gui {
 
-/// Where the pages of the functions lie.
+/// The paths of the functions' pages.
+///
+/// @code
+/// HyperLink link(ORVGUIUtil::getCGIPath(11));  // "/system/led_config.cgi"
+/// @endcode
 class ORVGUI_EXPORT ORVGUIUtil {
 public:
     ORVGUIUtil() = default;
     virtual ~ORVGUIUtil();
 
-    /// The server path of a function's page. Several functions may share one. An ID without a page
-    /// is logged and gives an empty path.
+    /// The path of a function's page on the web server. Functions may share a page. For an ID
+    /// without a page the result is empty and a trace entry is written.
     static std::string getCGIPath(int functionId);
 };
 

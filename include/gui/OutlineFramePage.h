@@ -7,30 +7,42 @@
 
 namespace ORVLib::Gui {
 
-/// The frameset: an information strip, the menu and the function frame. Its layout is the
-/// skeleton's, which has the markers "info_frame", "menu_frame", "func_frame" and "message".
+/// The frameset of the console: the information frame, the menu frame and the function frame. The
+/// skeleton defines the layout and has the markers "info_frame", "menu_frame", "func_frame" and
+/// "message".
 ///
-/// Set the three paths, call createPage(), print the page.
+/// @code
+/// MessageMgr messages(1);
+/// OutlineFramePage page(1, messages);
+/// page.setFunctionPath("/system/sys_status.cgi");
+/// page.makeMenuPath(0, 3);
+/// page.makeInfoPath("System", "System status", "");
+/// page.createPage();
+/// page.getGenerator().setSkeletonFileName("/usr/local/www/skel/skeleton_frame.txt");
+/// page.getGenerator().printHTML();
+/// @endcode
 class ORVGUI_EXPORT OutlineFramePage : public HTMLPage {
 public:
     /// `messages` is not owned and must outlive the page.
     OutlineFramePage(int language, MessageMgr& messages);
     ~OutlineFramePage() override;
 
-    /// What the function frame shows first. A URL of the page's own: it is not escaped.
+    /// The URL of the first page in the function frame. It is not escaped.
     void setFunctionPath(const std::string& path) { m_functionPath = path; }
     const std::string& getFunctionPath() const { return m_functionPath; }
 
-    /// Where the menu starts: a top menu, and a function in it.
+    /// Makes the URL of the menu frame. `topMenuId` is the top menu that is open, `menuId` the
+    /// selected function in it.
     void makeMenuPath(int topMenuId, int menuId);
     const std::string& getMenuPath() const { return m_menuPath; }
 
-    /// Where the user is, as up to three menu names; an empty last one is left out. The path is
-    /// encoded as a whole, so the names must not hold "&", "=", "+", "%" or a quote.
+    /// Makes the URL of the information frame, which shows the menu names that lead to the current
+    /// page. An empty `menu2` is left out. The URL is encoded as a whole.
+    /// REQUIRES: the names do not contain "&", "=", "+", "%" or a double quote.
     void makeInfoPath(std::string menu0, std::string menu1, std::string menu2);
     const std::string& getInfoPath() const { return m_infoPath; }
 
-    /// Puts the frames, and the message for browsers that show none, into the page's map.
+    /// Puts the three frames, and the message for browsers without frames, into the page's map.
     void createPage();
 
 private:

@@ -5,15 +5,15 @@
 
 namespace ORVLib::Gui {
 
-/// A password input. The value never gets into the page: the user types it again each time, and
-/// the read-only form shows one "*" for each of its bytes.
+/// A password input. The value is never printed: the input is always empty, and the read-only form
+/// shows one "*" for each byte of the value.
 class ORVGUI_EXPORT PasswordField : public HTMLComponent, public FormComponent {
 public:
-    /// Width and length in characters.
+    /// Width and longest input in characters.
     static constexpr int DEFAULT_SIZE = 20;
     static constexpr int DEFAULT_MAX_LENGTH = 255;
 
-    /// `displayMode` is a DisplayMode, not owned; null is editable.
+    /// `displayMode` points to a DisplayMode, which is not owned; null is editable.
     explicit PasswordField(const std::string& name, const std::string& value = "",
                            const std::string& form = "", int size = DEFAULT_SIZE,
                            int maxLength = DEFAULT_MAX_LENGTH, const int* displayMode = nullptr)
@@ -24,14 +24,14 @@ public:
 
     void printHTML() const override;
 
-    /// Always false: what makes a good password is the page's rule.
+    /// Always false: the page has to check the password by its own rules.
     bool isError() const override;
 
     /// Width in characters.
     int getSize() const { return m_size; }
     void setSize(int size) { m_size = size; }
 
-    /// What the browser lets the user type; it is not checked here.
+    /// Longest input in characters. Only the browser enforces it.
     int getMaxLength() const { return m_maxLength; }
     void setMaxLength(int maxLength) { m_maxLength = maxLength; }
 

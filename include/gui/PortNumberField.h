@@ -4,14 +4,21 @@
 
 namespace ORVLib::Gui {
 
-/// A text input for a TCP or UDP port: decimal digits, no sign and no blanks.
+/// A text input for a TCP or UDP port: decimal digits without sign or blanks. Ports 1 to 1023 and
+/// an empty value are invalid unless they are allowed; port 0 is always invalid.
+///
+/// @code
+/// PortNumberField port("port", "443");
+/// port.setAllowWellKnownPorts(true);
+/// if (!port.isError()) port.printHTML();
+/// @endcode
 class ORVGUI_EXPORT PortNumberField : public TextField {
 public:
-    /// Ends of the ranges that isError() knows.
+    /// The last well-known port, which a page may refuse, and the last port.
     static constexpr int LAST_WELL_KNOWN_PORT = 1023;
     static constexpr int LAST_PORT = 65535;
 
-    /// As TextField's, with the flags and the limit that are set below.
+    /// The arguments of TextField, then those of the setters below.
     explicit PortNumberField(const std::string& name, const std::string& value = "",
                              const std::string& form = "", int size = DEFAULT_SIZE,
                              int maxLength = DEFAULT_MAX_LENGTH, const int* displayMode = nullptr,
@@ -22,14 +29,14 @@ public:
           m_allowEmpty(allowEmpty),
           m_maximumPort(maximumPort) {}
 
-    /// The flags of TextField play no part. Port 0 is always refused.
+    /// True for an invalid value. TextField's flags are ignored.
     bool isError() const override;
 
-    /// Accept the ports 1 to 1023 as well.
+    /// Accept the ports 1 to 1023.
     bool isAllowWellKnownPorts() const { return m_allowWellKnownPorts; }
     void setAllowWellKnownPorts(bool allow) { m_allowWellKnownPorts = allow; }
 
-    /// Hides TextField's flag of that name.
+    /// Accept an empty value. Hides TextField's flag of the same name, which has no effect here.
     bool isAllowEmpty() const { return m_allowEmpty; }
     void setAllowEmpty(bool allowEmpty) { m_allowEmpty = allowEmpty; }
 

@@ -8,14 +8,21 @@
 
 namespace ORVLib::Gui {
 
-/// A group of radio buttons under one name, of which at most one is checked. Without buttons
-/// nothing is printed.
+/// A group of radio buttons with a common name. At most one of them is checked. A group without
+/// buttons prints nothing.
 ///
-/// Nothing is escaped: values, labels and IDs are the page's own texts.
+/// Nothing is escaped: values, labels and IDs must be the page's own texts.
+///
+/// @code
+/// RadioButton led("led");
+/// led.add("on", "On", "led_on", true, false);  // with an ID, so that its label can be clicked
+/// led.add("off", "Off", "led_off", false, false);
+/// led.printHTML();
+/// @endcode
 class ORVGUI_EXPORT RadioButton : public FormComponent, public HTMLComponent {
 public:
-    /// `onClick` is printed between double quotes. `displayMode` is a DisplayMode, not owned; null
-    /// is editable.
+    /// `onClick` is printed between double quotes. `displayMode` points to a DisplayMode, which is
+    /// not owned; null is editable.
     explicit RadioButton(const std::string& name, const std::string& value = "",
                          const std::string& form = "", const std::string& onClick = "",
                          const int* displayMode = nullptr, bool disabled = false)
@@ -27,16 +34,16 @@ public:
     RadioButton(const RadioButton&) = delete;
     RadioButton& operator=(const RadioButton&) = delete;
 
-    /// Appends a button; of several that are `checked`, the last one counts. A click on the label
-    /// of a button with an ID checks it.
+    /// Appends a button. When several are `checked`, the last one is. If `id` is not empty, a click
+    /// on the label also checks the button.
     void add(const std::string& value, const std::string& label, const std::string& id,
              bool checked, bool disabled);
 
-    /// The same without an ID. Four arguments always mean this form: give both flags with an ID,
-    /// or it passes for `checked`.
+    /// As above, without an ID. With an ID, always give both flags: add("on", "On", "led_on", true)
+    /// calls this form, with the ID converted to `checked`.
     void add(const std::string& value, const std::string& label, bool checked, bool disabled);
 
-    /// The script that a click on any button runs.
+    /// The script that a click on any button runs; empty for none.
     const std::string& getOnClick() const { return m_onClick; }
     void setOnClick(const std::string& onClick) { m_onClick = onClick; }
 
@@ -44,7 +51,7 @@ public:
     const int* getDisplayMode() const { return m_displayMode; }
     void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
 
-    /// Disables all buttons.
+    /// Disables all buttons, in every display mode.
     bool isDisabled() const { return m_disabled; }
     void setDisabled(bool disabled) { m_disabled = disabled; }
 

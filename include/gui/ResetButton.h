@@ -5,7 +5,7 @@
 
 namespace ORVLib::Gui {
 
-/// The button that puts a form's inputs back to what the page showed first.
+/// The button that resets the inputs of its form to their first values.
 ///
 /// Nothing is escaped, as in Button.
 class ORVGUI_EXPORT ResetButton : public FormComponent, public HTMLComponent {

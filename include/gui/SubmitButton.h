@@ -5,7 +5,7 @@
 
 namespace ORVLib::Gui {
 
-/// The button that sends its form. It cannot be disabled.
+/// The button that submits its form. It cannot be disabled.
 ///
 /// Nothing is escaped, as in Button.
 class ORVGUI_EXPORT SubmitButton : public FormComponent, public HTMLComponent {
@@ -19,11 +19,11 @@ public:
     void printHTML() const override;
     bool isError() const override;
 
-    /// A number for the page's own use: it is not printed.
+    /// A number for the page's own use. It is not printed.
     int getAttribute() const { return m_attribute; }
     void setAttribute(int attribute) { m_attribute = attribute; }
 
-    /// The script that a click runs before the form is sent, with its quotes.
+    /// The script that a click runs before the form is submitted, with its quotes; empty for none.
     const std::string& getOnClick() const { return m_onClick; }
     void setOnClick(const std::string& onClick) { m_onClick = onClick; }
 

@@ -5,13 +5,25 @@
 
 namespace ORVLib::Gui {
 
-/// A text input of one line that checks the length of its value and, on request, its characters.
+/// A text input of one line. It checks the length of its value and, with setCheckCharacters(), its
+/// characters.
 ///
-/// Double quotes in the value are escaped when it is printed, nothing else is. The read-only form
-/// is a greyed input, which a browser does not submit.
+/// When the value is printed, only its double quotes are escaped. The read-only form is a disabled
+/// input, which browsers do not submit.
+///
+/// @code
+/// const FormInfo request;
+/// std::string value;
+/// request.getFormData("contact", value);
+/// TextField contact("contact", value, "", 30, 64);
+/// contact.setAllowEmpty(true);
+/// if (contact.isError()) std::cout << "At most 64 characters: ";
+/// contact.printHTML();
+/// @endcode
 class ORVGUI_EXPORT TextField : public HTMLComponent, public FormComponent {
 public:
-    /// Bytes that isCheckCharacters() accepts: "!" to "~", and with isAllowBlank() the blank.
+    /// The bytes that are valid with isCheckCharacters(): "!" to "~", with isAllowBlank() also the
+    /// blank.
     static constexpr int START_ASCII_HALF_ALPHANUM = 0x21;
     static constexpr int END_ASCII_HALF_ALPHANUM = 0x7e;
     static constexpr int BLANK_ASCII_HALF_ALPHANUM = 0x20;
@@ -20,7 +32,7 @@ public:
     static constexpr int DEFAULT_SIZE = 20;
     static constexpr int DEFAULT_MAX_LENGTH = 255;
 
-    /// `displayMode` is a DisplayMode, not owned; null is editable.
+    /// `displayMode` points to a DisplayMode, which is not owned; null is editable.
     explicit TextField(const std::string& name, const std::string& value = "",
                        const std::string& form = "", int size = DEFAULT_SIZE,
                        int maxLength = DEFAULT_MAX_LENGTH, const int* displayMode = nullptr,
@@ -37,15 +49,16 @@ public:
 
     void printHTML() const override;
 
-    /// True for a value that is too long, empty without isAllowEmpty(), or holds a byte that
-    /// isCheckCharacters() refuses.
+    /// True for a value that is too long, that is empty without isAllowEmpty(), or that has an
+    /// invalid byte with isCheckCharacters().
     bool isError() const override;
 
     /// Width in characters.
     int getSize() const { return m_size; }
     void setSize(int size) { m_size = size; }
 
-    /// Longest valid value in bytes; below 0 no value is valid, not even an empty one.
+    /// Longest valid value in bytes. With a negative number no value is valid, not even an empty
+    /// one.
     int getMaxLength() const { return m_maxLength; }
     void setMaxLength(int maxLength) { m_maxLength = maxLength; }
 
@@ -53,19 +66,19 @@ public:
     const int* getDisplayMode() const { return m_displayMode; }
     void setDisplayMode(const int* displayMode) { m_displayMode = displayMode; }
 
-    /// For the page's own use.
+    /// A flag for the page's own use. It has no effect here.
     bool getFlag() const { return m_flag; }
     void setFlag(bool flag) { m_flag = flag; }
 
-    /// Accept printable ASCII only; bytes of multi-byte characters are refused.
+    /// Accept printable ASCII only. Bytes of multi-byte characters are then invalid.
     bool isCheckCharacters() const { return m_checkCharacters; }
     void setCheckCharacters(bool checkCharacters) { m_checkCharacters = checkCharacters; }
 
-    /// Accept a value without any character.
+    /// Accept an empty value.
     bool isAllowEmpty() const { return m_allowEmpty; }
     void setAllowEmpty(bool allowEmpty) { m_allowEmpty = allowEmpty; }
 
-    /// With isCheckCharacters(), accept blanks too.
+    /// With isCheckCharacters(), accept blanks.
     bool isAllowBlank() const { return m_allowBlank; }
     void setAllowBlank(bool allowBlank) { m_allowBlank = allowBlank; }
 

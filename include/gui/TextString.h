@@ -6,11 +6,18 @@
 
 namespace ORVLib::Gui {
 
-/// A text on the page, escaped unless it is marked as HTML, in a status colour or plain.
+/// A text on the page, plain or in a status colour. It is escaped unless it is marked as raw HTML.
+///
+/// @code
+/// HTMLPage page(1);
+/// HTMLMapUtil::insertIntoMap(page.getMap(), "state",
+///                            new TextString("Fan 2 < 1000 rpm", false, false,
+///                                           TextString::WARNING_COLOUR));
+/// @endcode
 class ORVGUI_EXPORT TextString : public HTMLComponent {
 public:
-    /// Colours are indices into colorStyle. Every other number, a negative one too, prints the
-    /// text with no element around it.
+    /// Colours, as indices into colorStyle. Any other number prints the text without an element
+    /// around it.
     enum Colour {
         ERROR_COLOUR = 0,
         WARNING_COLOUR = 1,
@@ -21,11 +28,11 @@ public:
         PLAIN = 6
     };
 
-    /// Class names of the style sheet, by colour.
+    /// Class names in the style sheet, by colour.
     static const char colorStyle[6][16];
 
-    /// `raw` says that `text` is HTML already. It is the page's promise that nothing in it came
-    /// from a person unescaped. `flag` is for the page's own use.
+    /// With `raw`, `text` is printed as HTML. REQUIRES: user input in a raw text is escaped.
+    /// `flag` is for the page's own use.
     explicit TextString(const std::string& text, bool flag = false, bool raw = false,
                         int colour = PLAIN)
         : m_text(text), m_flag(flag), m_raw(raw), m_colour(colour) {}
@@ -34,15 +41,15 @@ public:
     void printHTML() const override;
     bool isError() const override;
 
-    /// The text as it was given, not escaped.
+    /// The text, not escaped.
     const std::string& getText() const { return m_text; }
     void setText(const std::string& text) { m_text = text; }
 
-    /// For the page's own use.
+    /// A flag for the page's own use. It has no effect here.
     bool getFlag() const { return m_flag; }
     void setFlag(bool flag) { m_flag = flag; }
 
-    /// Whether the text is HTML already and printed as it is.
+    /// Whether the text is printed as HTML.
     bool isRaw() const { return m_raw; }
     void setRaw(bool raw) { m_raw = raw; }
 

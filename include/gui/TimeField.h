@@ -8,16 +8,19 @@ namespace ORVLib::Gui {
 /// A time of day in three text boxes, named with the field's name followed by 0 (hour), 1 (minute)
 /// and 2 (second).
 ///
-/// The texts are checked and printed as they are. Check what came from a person first and escape it
-/// afterwards; an escaped text would be checked as another one:
+/// The texts are checked and printed as they are, not escaped. So check user input first and escape
+/// it afterwards; isError() keeps the result:
 ///
-///     TimeField field("time", "", "", hour, minute, second);
-///     field.checkTime();  // from now on isError() keeps the answer
-///     for (std::string* text : {&hour, &minute, &second}) MessageMgr::convertHTML(*text);
-///     field.setHour(hour), field.setMinute(minute), field.setSecond(second);
+/// @code
+/// std::string hour = "23", minute = "59", second = "<b>0";
+/// TimeField field("time", "", "", hour, minute, second);
+/// field.checkTime();
+/// for (std::string* text : {&hour, &minute, &second}) MessageMgr::convertHTML(*text);
+/// field.setHour(hour), field.setMinute(minute), field.setSecond(second);
+/// @endcode
 class ORVGUI_EXPORT TimeField : public FormComponent, public HTMLComponent {
 public:
-    /// `displayMode` is a DisplayMode, not owned; null is editable.
+    /// `displayMode` points to a DisplayMode, which is not owned; null is editable.
     explicit TimeField(const std::string& name, const std::string& value = "",
                        const std::string& form = "", const std::string& hour = "",
                        const std::string& minute = "", const std::string& second = "",
@@ -28,8 +31,9 @@ public:
           m_second(second),
           m_displayMode(displayMode) {}
 
-    /// Marks the field invalid unless the texts are a time from 00:00:00 to 23:59:59. Each text
-    /// counts as the number it starts with, 0 when it starts with none, so empty boxes are valid.
+    /// Marks the field invalid unless the texts are a time from 00:00:00 to 23:59:59. Only the
+    /// number at the start of each text counts, 0 if there is none, so empty boxes are valid;
+    /// trailing characters are ignored.
     void checkTime();
 
     /// The texts of the boxes.
@@ -46,10 +50,10 @@ public:
 
     void printHTML() const override;
 
-    /// What checkTime() found or setError() said.
+    /// Whether checkTime() or setError() marked the field invalid.
     bool isError() const override;
 
-    /// Marks the field invalid. False changes nothing: an error stays.
+    /// Marks the field invalid. False does not clear an error.
     void setError(bool error = true) { m_error = m_error || error; }
 
 private:

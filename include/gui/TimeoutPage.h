@@ -4,8 +4,9 @@
 
 namespace ORVLib::Gui {
 
-/// The body of the page that a request without a living session gets: its load handler, which the
-/// page around it defines, leads the whole window to the time-out page.
+/// The body of the page that answers a request without a valid session. Its load handler calls
+/// onLoadFunction(), a script that the page around it must define: AbstractMain::guiCheckSession()
+/// defines one that opens the time-out page in the whole window.
 class ORVGUI_EXPORT TimeoutPage : public CommonDefaultPage {
 public:
     /// `messages` is not owned and must outlive the page.

@@ -2,10 +2,10 @@
 
 namespace ORVLib::ORVUi {
 
-/// Facts about the board.
+/// Properties of the board.
 class CommonUtil {
 public:
-    /// Partitions the server can be divided into, at most 32.
+    /// Number of partitions that the server can be divided into, at most 32.
     static int getMaxPartitionNum();
 };
 

@@ -5,19 +5,25 @@
 
 namespace ORVLib::ORVUi {
 
-/// A table in a CSV file, read once: fields separated by commas, a record a line, fields that
-/// hold a comma, a quote or a line end between double quotes.
+/// A table that is read from a CSV file: one record per line, fields separated by commas. A field
+/// that contains a comma, a double quote or a line end is in double quotes.
+///
+/// @code
+/// const ORVUi::CsvInfoAccess table("/usr/local/www/skel/event_messages.csv");
+/// std::string record;
+/// if (table.searchRecord(0, "101", record)) std::cout << record;
+/// @endcode
 class CsvInfoAccess {
 public:
-    /// Reads the file. Never throws for a missing or damaged one: see isFault().
+    /// Reads the file. Does not throw when it is missing or damaged: check isFault().
     explicit CsvInfoAccess(const std::string& path);
 
-    /// True when the file could not be read or is not CSV; such a table holds no records.
+    /// True when the file could not be read or is not CSV. The table is then empty.
     bool isFault() const { return m_fault; }
 
-    /// Looks for the first record whose field number `column` (from 0) is `key`.
-    /// Found: puts the record's fields, joined with commas, into `record` and returns true.
-    /// Otherwise returns false and leaves `record` untouched.
+    /// Finds the first record whose field number `column` (from 0) equals `key`. Stores its fields,
+    /// joined with commas, in `record` and returns true. Returns false and leaves `record`
+    /// unchanged when there is none.
     bool searchRecord(int column, const std::string& key, std::string& record) const;
 
 private:

@@ -7,21 +7,29 @@
 
 namespace ORVLib {
 
-/// The exception of the board's libraries: what failed, as numbers and the arguments of a
-/// message of the platform catalogue.
+/// The exception of the board's libraries: an error number, an action code, and the number and
+/// arguments of a log text.
 ///
-/// The daemon sends it as the payload of an error response, in its serialised form.
+/// In its serialised form it is the payload of the daemon's error responses.
+///
+/// @code
+/// try {
+///     throw PException(1, 2, 7, 0, 1028, 20003, "readFan()", 0, 0, 0, 0, 0, 0, 0);
+/// } catch (const PException& e) {
+///     std::cout << "error " << e.getExceptionDetail();  // 1028
+/// }
+/// @endcode
 class PException : public SerializableObject {
 public:
     /// One argument of the message: an integer of 32 bits or a text.
     class Argument {
     public:
-        /// Made from what it is to hold.
+        /// An argument with a value. A text is copied.
         Argument(int number = 0) : m_number(number) {}
         Argument(const char* text) : m_isText(true), m_text(text) {}
         Argument(const std::string& text) : m_isText(true), m_text(text) {}
 
-        /// Which of the two it is, and its value; that of the other kind is 0 or empty.
+        /// The type of the argument, and its value. The value of the other type is 0 or empty.
         bool isText() const { return m_isText; }
         int getNumber() const { return m_number; }
         const std::string& getText() const { return m_text; }
@@ -32,21 +40,21 @@ public:
         std::string m_text;
     };
 
-    /// Arguments of a message.
+    /// Number of arguments; unused ones are 0.
     static constexpr int ARGUMENT_COUNT = 8;
 
-    /// An exception without content, to be filled by setSerialized().
+    /// An empty exception, for setSerialized().
     PException() = default;
 
-    /// `category`, `subCategory` and `module` say where it comes from as in OrvTrace.
-    /// `actionCode` counts in its low 8 bits. `exceptionDetail` is the error number that reaches
-    /// the user. `messageNumber` and the arguments name a text of lmsg_getmsg().
+    /// `category`, `subCategory` and `module` identify the thrower, as in OrvTrace. Only the low 8
+    /// bits of `actionCode` count. `exceptionDetail` is the error number that the user sees.
+    /// `messageNumber` and the arguments are those of lmsg_getmsg().
     PException(int category, int subCategory, int module, int actionCode, int exceptionDetail,
                int messageNumber, const Argument& argument1, const Argument& argument2,
                const Argument& argument3, const Argument& argument4, const Argument& argument5,
                const Argument& argument6, const Argument& argument7, const Argument& argument8);
 
-    /// What the constructor was given, or the bytes of another process said.
+    /// The values that the constructor or setSerialized() stored.
     unsigned char getActionCode() const;
     unsigned int getExceptionDetail() const;
     int getMessageNumber() const { return m_messageNumber; }
@@ -57,7 +65,7 @@ public:
     unsigned int getSerialized(unsigned char* buffer, unsigned int size) const override;
     unsigned int getSerializedSize() const override;
 
-    /// Leaves the exception as it was when the bytes are not a serialised exception.
+    /// Returns false and changes nothing when the bytes are not a serialised exception.
     bool setSerialized(const unsigned char* data, unsigned int size) override;
 
 private:

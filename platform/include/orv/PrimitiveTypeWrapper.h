@@ -4,15 +4,21 @@
 
 namespace ORVLib::ORVUi {
 
-/// One value of a plain type as an object that can cross the wire.
+/// A serialisable object that holds one value of a plain type.
 ///
-/// Who wraps a type says how it is serialised, by specialising the three operations for it: they
-/// are declared here and defined for no type in general. The platform does it for `long`.
+/// To wrap a type, specialise getSerialized(), getSerializedSize() and setSerialized() for it: they
+/// are declared here without a general definition. The platform specialises them for `long`.
+///
+/// @code
+/// const ORVUi::PrimitiveTypeWrapper<long> value(258);
+/// unsigned char bytes[4];
+/// value.getSerialized(bytes, sizeof bytes);  // 00 00 01 02
+/// @endcode
 template <class T>
 class PrimitiveTypeWrapper : public SerializableObject {
 public:
     PrimitiveTypeWrapper() = default;
-    /// Holds a copy; without one, a value of zeros.
+    /// Holds a copy of `value`; the default constructor a value of zeros.
     explicit PrimitiveTypeWrapper(const T& value) : m_value(value) {}
 
     /// The wrapped value.
@@ -27,15 +33,15 @@ private:
     T m_value{};
 };
 
-/// A `long` is 32 bits on the wire on every machine. Returns 0 for a buffer that is too small and
-/// for a value that 32 bits do not hold.
+/// A `long` is sent as 32 bits by every machine. Returns 0 for a buffer that is too small and for a
+/// value that does not fit into 32 bits.
 template <>
 unsigned int PrimitiveTypeWrapper<long>::getSerialized(unsigned char* buffer,
                                                        unsigned int size) const;
 template <>
 unsigned int PrimitiveTypeWrapper<long>::getSerializedSize() const;
 
-/// Anything but exactly 4 bytes is refused and leaves the value as it was.
+/// Returns false and leaves the value unchanged unless `size` is 4.
 template <>
 bool PrimitiveTypeWrapper<long>::setSerialized(const unsigned char* data, unsigned int size);
 

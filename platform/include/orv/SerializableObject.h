@@ -2,22 +2,23 @@
 
 namespace ORVLib {
 
-/// What can cross the wire between a page and the back-end daemon.
+/// An object that can be sent between a page and the back-end daemon.
 ///
-/// The serialised form is the same on every machine: numbers in it are big-endian.
+/// The serialised form is the same on every machine: numbers are big-endian. A page derives from
+/// this class for data in a format of its own.
 class SerializableObject {
 public:
     virtual ~SerializableObject() = default;
 
-    /// Writes the serialised form to `buffer`, which holds `size` bytes.
-    /// Returns non-zero on success. Some objects throw PException for a buffer that is too small.
+    /// Writes the serialised form to `buffer`, which has `size` bytes. Returns 0 on failure. Some
+    /// classes throw PException for a buffer that is too small.
     virtual unsigned int getSerialized(unsigned char* buffer, unsigned int size) const = 0;
 
-    /// Bytes that getSerialized() needs.
+    /// The size in bytes that getSerialized() needs.
     virtual unsigned int getSerializedSize() const = 0;
 
-    /// Takes the object's state from `size` bytes at `data`, which may come from anywhere:
-    /// never reads past them. Returns false when they are not a serialised object of this kind.
+    /// Sets the object from the `size` bytes at `data`. They are untrusted input: an implementation
+    /// never reads past them, and returns false when they are not a serialised object of its class.
     virtual bool setSerialized(const unsigned char* data, unsigned int size) = 0;
 };
 
