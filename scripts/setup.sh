@@ -4,8 +4,9 @@
 
 BUILD_PACKAGES="cmake g++ libc-bin libcrypt-dev libsqlite3-dev lighttpd lighttpd-mod-openssl
     lighttpd-modules-lua ninja-build nettle-dev openssl python3 util-linux"
-TEST_PACKAGES="binutils clang-format clang-tidy cppcheck doxygen libgtest-dev mount pkg-config
-    pyflakes3 shellcheck"
+CHECK_PACKAGES="python3-requests"
+TEST_PACKAGES="$CHECK_PACKAGES abigail-tools binutils clang-format clang-tidy cppcheck doxygen
+    libgtest-dev mount pkg-config pyflakes3 shellcheck"
 BOARD_PACKAGES="autoconf automake dpkg-dev g++-powerpc-linux-gnu googletest libtool m4 make
     pkg-config qemu-user-static tcl"
 BROWSER_PACKAGES="chromium chromium-driver fonts-dejavu-core fonts-ipafont-gothic python3-selenium"
