@@ -30,17 +30,17 @@ EMULATED_END = 1 << 32
 DOCUMENT = """\
 # Footprint
 
-Made by `scripts/make_footprint`; a test holds the budgets.
+`scripts/make_footprint` makes this page. A test checks the budgets.
 
 {table}
 
 - **Stripped library**: the file `liborvgui.so.{version}` without symbols and debug information.
-- **Relocations** are what the loader has to fill in before a page begins, **static constructors** the
-  entries of `.init_array`, one of them the compiler's own.
-- **Smallest page**: `scripts/smallest_page.cpp`, one field of the request on a skeleton, without a
-  session. Natively it is the peak of its resident memory, shared libraries included. Under the
-  emulator it is what is resident of the page's own addresses once it is printed; the emulator's memory
-  does not count. There, code that was read to be translated is counted as code that ran.
+- **Relocations** are the addresses that the loader fills in before a page begins, **static constructors**
+  the entries of `.init_array`, one of which is the compiler's own.
+- **Smallest page**: `scripts/smallest_page.cpp`, which prints one field of the request in a skeleton, without
+  a session. On this machine the figure is the peak of its resident memory, including shared libraries. In
+  the emulator it is the resident part of the page's own addresses after printing, without the emulator's
+  memory. Code that the emulator has only read for translation counts there, too.
 """
 
 
