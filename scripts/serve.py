@@ -27,21 +27,21 @@ def parse_arguments():
     parser.add_argument("--tls-port", type=port_number, default=DEFAULT_TLS_PORT,
                         help=f"port of HTTPS on loopback (default {DEFAULT_TLS_PORT})")
     parser.add_argument("--check", action="store_true",
-                        help="use every page, print what came, stop, exit 0 or 1")
+                        help="use every page, print the results, stop, exit with 0 or 1")
     parser.add_argument("--fault", action="append", default=[], metavar="PROCEDURE:KIND",
-                        help="let the board do an operation wrong; see docs/board.md")
+                        help="make an operation of the board misbehave; see docs/board.md")
     parser.add_argument("--parse-only", action="store_true", help=argparse.SUPPRESS)
     parser.add_argument("--build", required=True, help=argparse.SUPPRESS)
     return parser.parse_args()
 
 
 def serve(site):
-    print(f"The console is at {site.url}/ and, with a certificate of its own, at {site.tls_url}/")
-    print("The board's users: admin, operator (Japanese), staff, guest, part;")
-    print("each one's password is the name and -pass, such as admin-pass.")
-    print(f"Look at the board: ORV_IPC_SOCKET={site.socket} {site.build}/tools/boardctl --help")
+    print(f"The console is at {site.url}/ and, with a self-signed certificate, at {site.tls_url}/")
+    print("Users: admin, operator (Japanese), staff, guest, part.")
+    print("Each password is the name and -pass, such as admin-pass.")
+    print(f"Query the board: ORV_IPC_SOCKET={site.socket} {site.build}/tools/boardctl --help")
     print(f"Trace log: {site.trace_log}")
-    print("Ctrl-C stops it.", flush=True)
+    print("Press Ctrl-C to stop.", flush=True)
     ended = site.wait()
     raise SiteError(f"a server ended by itself ({ended}): see the logs in {site.run}")
 

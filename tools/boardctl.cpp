@@ -32,17 +32,18 @@ constexpr char USAGE[] =
     "usage: boardctl COMMAND\n"
     "  login USER          open a session and print its ID; the password comes from the terminal,\n"
     "                      or from the first line of standard input\n"
-    "  check SID           is the session valid (it is not renewed); language, refresh\n"
-    "                      interval and rights\n"
-    "  language            the board's own language\n"
-    "  user SID            the session's user: language and rights\n"
-    "  get SID ID          an information item as hexadecimal bytes; ID as 0x02010073\n"
+    "  check SID           check a session, without extending it: refresh interval, language and\n"
+    "                      rights\n"
+    "  language            print the board's default language\n"
+    "  user SID            print the session's user: language and rights\n"
+    "  get SID ID          print an item as hexadecimal bytes; ID such as 0x02010073\n"
     "  set SID ID BYTES    write an item; BYTES in hexadecimal\n"
-    "  events SID          the newest events: number, time, severity, source, code, user, detail\n"
-    "  users SID           the users: name, role, partitions, language\n"
-    "  sessions SID        who is logged in: user, role, address, log-in time, last use\n"
+    "  events SID          print the newest events: number, time, severity, source, code, user,\n"
+    "                      detail\n"
+    "  users SID           print the users: name, role, partitions, language\n"
+    "  sessions SID        print the open sessions: user, role, address, log-in time, last use\n"
     "  logout SID          end the session\n"
-    "Exit status: 0 done; 1 the daemon refused or cannot be reached; 2 wrong usage.\n";
+    "Exit status: 0 success; 1 the daemon refused or cannot be reached; 2 wrong usage.\n";
 
 class UsageError {};
 

@@ -67,18 +67,18 @@ const char* const Options::HELP_TEXT =
     "\n"
     "The back-end daemon of a simulated board.\n"
     "\n"
-    "  --state FILE                 users, settings, sessions and event log; made when missing\n"
-    "  --socket PATH                where pages connect\n"
-    "  --session-timeout SECONDS    how long a session lasts unused (1800)\n"
+    "  --state FILE                 users, settings, sessions and event log; created if missing\n"
+    "  --socket PATH                the socket for pages\n"
+    "  --session-timeout SECONDS    time after which an unused session ends (1800)\n"
     "  --client-timeout MILLISECONDS\n"
-    "                               how long a client may keep the daemon waiting (10000)\n"
+    "                               time that a client may keep the daemon waiting (10000)\n"
     "  --fault PROCEDURE:KIND       make an operation misbehave; may be repeated\n"
     "      PROCEDURE  getLanguage, login, logout, checkSession, getUserInfo,\n"
     "                 an item's ID in hexadecimal, or any\n"
     "      KIND       error, wrong-type, short-header, short-payload, oversized-payload,\n"
     "                 silence, early-close, stall, crash-before, crash-after,\n"
     "                 crash-midway, crash-late\n"
-    "  --help                       print this and end\n";
+    "  --help                       print this text and exit\n";
 
 Options Options::parse(int argc, char** argv) {
     Options options;

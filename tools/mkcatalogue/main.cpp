@@ -38,20 +38,20 @@ constexpr char USAGE[] =
 
 constexpr char HELP[] =
     "\n"
-    "Makes a message catalogue from a text file, or with --dump writes a catalogue's\n"
-    "text form to standard output. SET is the character set of the catalogue's strings,\n"
-    "such as EUC-JP or ISO-8859-1. With --header makes a C++ header with the texts' names,\n"
-    "when both languages have the same texts with the same names and placeholders (%s, %1).\n"
+    "Makes a message catalogue from a text file. With --dump, prints the text form of a\n"
+    "catalogue. SET is the character set of the catalogue's strings, such as EUC-JP or\n"
+    "ISO-8859-1. With --header, makes a C++ header with the names of the texts; fails unless\n"
+    "both languages have the same texts with the same names and placeholders (%s, %1).\n"
     "\n"
-    "The text form is UTF-8, one text a line: its number (0 to 65535, any order, none\n"
-    "missing), blanks, its name if it has one (such as TEXT_NEXT) and blanks, the text.\n"
-    "Blank lines and lines that begin with # are comments.\n"
+    "The text form is UTF-8, with one text per line: its number (0 to 65535, in any order,\n"
+    "without gaps), blanks, optionally its name (such as TEXT_NEXT) and blanks, the text.\n"
+    "Blank lines and lines that begin with # are ignored.\n"
     "In texts:\n"
     "  \\n \\t \\\\   line feed, tab, backslash\n"
-    "  \\xHH       the byte with this hexadecimal value, as it is\n"
-    "  \\x20       a blank where the text begins or ends with one\n"
+    "  \\xHH       the byte with this hexadecimal value, not converted\n"
+    "  \\x20       a blank at the start or end of a text\n"
     "\n"
-    "Exit status: 0 done; 1 an error, the output is as it was before; 2 wrong usage.\n";
+    "Exit status: 0 success; 1 an error, the output is unchanged; 2 wrong usage.\n";
 
 struct Options {
     bool help = false;
