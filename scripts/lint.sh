@@ -8,15 +8,8 @@ sources() {
     find include src platform board bench console tools scripts tests fuzz -name "$1" 2>/dev/null
 }
 
-# Tests that documents name and that there are not.
-missing_tests() {
-    grep -rhoE '\btest_[a-z_0-9]+' docs/*.md | sort -u | while read -r name; do
-        grep -rqw "def $name" tests || echo "docs name a test that is missing: $name"
-    done
-}
-
 status=0
-! missing_tests | grep . || status=1
+/usr/bin/python3 -B scripts/check_documents.py "$build" || status=1
 /usr/bin/python3 -B scripts/check_includes.py || status=1
 find bench docs scripts tests -name "*.py" -print0 | xargs -0 pyflakes3 || status=1
 grep -lE '^#(!/usr/bin/env | shellcheck shell=)bash' run test .ci/run ./*/run scripts/* \
