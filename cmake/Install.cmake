@@ -42,27 +42,9 @@ configure_file(cmake/orvgui.pc.in orvgui.pc @ONLY)
 write_basic_package_version_file(orvguiConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/orvgui)
-install(FILES ${CMAKE_BINARY_DIR}/orvgui.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+install(FILES ${PROJECT_BINARY_DIR}/orvgui.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
         COMPONENT Development)
-install(FILES ${CMAKE_BINARY_DIR}/orvguiConfigVersion.cmake DESTINATION ${package_folder}
+install(FILES ${PROJECT_BINARY_DIR}/orvguiConfigVersion.cmake DESTINATION ${package_folder}
         COMPONENT Development)
 install(EXPORT orvgui FILE orvguiConfig.cmake NAMESPACE orvgui:: DESTINATION ${package_folder}
         COMPONENT Development)
-
-# For the scripts that look at what a build made, with the tools of its own machine.
-file(CONFIGURE OUTPUT build_tools.json CONTENT [[{
-    "cxx": "@CMAKE_CXX_COMPILER@",
-    "nm": "@CMAKE_NM@",
-    "readelf": "@CMAKE_READELF@",
-    "strip": "@CMAKE_STRIP@",
-    "platform": "@platform_libraries@",
-    "emulator": "@CMAKE_CROSSCOMPILING_EMULATOR@",
-    "machine": "@CMAKE_SYSTEM_PROCESSOR@",
-    "compiler": "@CMAKE_CXX_COMPILER_ID@ @CMAKE_CXX_COMPILER_VERSION@",
-    "version": "@PROJECT_VERSION@",
-    "toolchain": "@CMAKE_TOOLCHAIN_FILE@",
-    "site": "@ORVGUI_SITE_ROOT@",
-    "prefix": "@CMAKE_INSTALL_PREFIX@",
-    "libdir": "@CMAKE_INSTALL_LIBDIR@"
-}
-]] @ONLY)

@@ -1,6 +1,6 @@
 # The site a web server serves and the library reads: laid out below the build folder exactly as
 # it lies below / on a board.
-set(ORVGUI_STAGE ${CMAKE_BINARY_DIR}/site)
+set(ORVGUI_STAGE ${PROJECT_BINARY_DIR}/site)
 set(ORVGUI_STAGE_SKELETONS ${ORVGUI_STAGE}/usr/local/www/skel)
 set(ORVGUI_STAGE_PAGES ${ORVGUI_STAGE}/usr/local/www/htdocs)
 set(ORVGUI_STAGE_CATALOGUES ${ORVGUI_STAGE}/etc/orv/trace)

@@ -5,5 +5,5 @@ add_library(gtest_main STATIC ${googletest}/src/gtest-all.cc ${googletest}/src/g
 target_include_directories(gtest_main PRIVATE ${googletest})
 target_include_directories(gtest_main SYSTEM PUBLIC ${googletest}/include)
 target_compile_options(gtest_main PRIVATE -w)
-target_link_libraries(gtest_main PUBLIC Threads::Threads)
+target_link_libraries(gtest_main PRIVATE orvgui_options PUBLIC Threads::Threads)
 add_library(GTest::gtest_main ALIAS gtest_main)
