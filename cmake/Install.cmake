@@ -1,4 +1,4 @@
-# What `cmake --install` lays down, in components:
+# The components of `cmake --install`:
 #
 #   Runtime      the libraries
 #   Development  headers, link names, orvgui.pc, the CMake package, mkcatalogue
@@ -12,7 +12,7 @@ if(NOT CMAKE_INSTALL_PREFIX STREQUAL "/usr")
     set(CMAKE_INSTALL_RPATH ${CMAKE_INSTALL_FULL_LIBDIR})
 endif()
 
-# Pages installed from a build with its own site would be laid over those it serves.
+# A build with a site of its own would install its pages over the site.
 if(ORVGUI_SITE_ROOT STREQUAL ORVGUI_STAGE)
     install(CODE [[
         if("$ENV{DESTDIR}" STREQUAL "")
@@ -21,13 +21,15 @@ if(ORVGUI_SITE_ROOT STREQUAL ORVGUI_STAGE)
         endif()]] ALL_COMPONENTS)
 endif()
 
+# Installs a library, and gives it the name here that it has in the installed package.
 function(orvgui_install_library target)
+    add_library(orvgui::${target} ALIAS ${target})
     install(TARGETS ${target} EXPORT orvgui
         LIBRARY COMPONENT Runtime NAMELINK_COMPONENT Development)
 endfunction()
 
-# The platform's part of a page's link line: the host's own library, or what the board build names,
-# each a path, an option of the linker or a bare library name.
+# The platform's part of a page's link line: the host's library, or the libraries that a board build
+# names. Each of those is a path, a linker option or a bare library name.
 set(platform_flags)
 set(platform_libraries orvplatform)
 if(ORVGUI_PLATFORM_INCLUDE)

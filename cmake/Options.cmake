@@ -3,6 +3,9 @@
 add_library(orvgui_options INTERFACE)
 target_compile_features(orvgui_options INTERFACE cxx_std_17)
 
+# platform/common is for every target of the project, and not installed.
+target_include_directories(orvgui_options INTERFACE ${PROJECT_SOURCE_DIR}/platform)
+
 # File sizes and times have 64 bits on a 32-bit board too.
 target_compile_definitions(orvgui_options INTERFACE _FILE_OFFSET_BITS=64 _TIME_BITS=64)
 
@@ -31,6 +34,9 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+if(PROJECT_IS_TOP_LEVEL)
+    set(CMAKE_EXPORT_COMPILE_COMMANDS ON)  # read by lint and tests
+endif()
 
 # Refuses a target of `folder` or of a folder below it that is built without orvgui_options.
 function(orvgui_require_options folder)

@@ -1,18 +1,19 @@
-# The site a web server serves and the library reads: laid out below the build folder exactly as
-# it lies below / on a board.
+# The site, with the files that a web server serves and the library reads, is made in the build folder.
+# Paths below it are the same as those below / on a board.
 set(ORVGUI_STAGE ${PROJECT_BINARY_DIR}/site)
 set(ORVGUI_STAGE_SKELETONS ${ORVGUI_STAGE}/usr/local/www/skel)
 set(ORVGUI_STAGE_PAGES ${ORVGUI_STAGE}/usr/local/www/htdocs)
 set(ORVGUI_STAGE_CATALOGUES ${ORVGUI_STAGE}/etc/orv/trace)
 
-# Where it is installed: where the library looks for it, whatever the prefix is.
+# It is installed where the library looks for it, whatever the prefix is.
 set(ORVGUI_PAGES ${ORVGUI_SITE_ROOT}/usr/local/www/htdocs)
 set(ORVGUI_CATALOGUES ${ORVGUI_SITE_ROOT}/etc/orv/trace)
 
-# Where the back-end daemon's socket lies.
+# The folder of the back-end daemon's socket.
 file(MAKE_DIRECTORY ${ORVGUI_STAGE}/var/run)
 
-# Lays FILES of the source tree into FOLDER of the site whenever they change, and installs them.
+# Copies files of the source tree to a folder of the site whenever they change, and installs them:
+# orvgui_stage(TARGET FOLDER FILE…).
 function(orvgui_stage target folder)
     set(staged)
     foreach(file IN LISTS ARGN)

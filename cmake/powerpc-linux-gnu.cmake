@@ -1,5 +1,5 @@
-# The board: 32-bit big-endian PowerPC, with Debian's cross compiler. The libraries that Debian does
-# not have for it are those that scripts/board_libraries.sh has built.
+# The board: 32-bit big-endian PowerPC, with Debian's cross compiler. scripts/board_libraries.sh builds
+# the libraries that Debian does not package for it.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR ppc)
 set(CMAKE_C_COMPILER powerpc-linux-gnu-gcc)
@@ -13,5 +13,5 @@ set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 set(CMAKE_CXX_STANDARD_INCLUDE_DIRECTORIES ${board_libraries}/usr/include)
 
-# Programs of the build, such as mkcatalogue, and the tests run here through the emulator.
+# Tests and other programs for the board run on the building machine through the emulator.
 set(CMAKE_CROSSCOMPILING_EMULATOR qemu-ppc-static -L /usr/powerpc-linux-gnu)

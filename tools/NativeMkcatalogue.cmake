@@ -1,5 +1,5 @@
-# mkcatalogue of a cross build is made for the machine that builds: the C library for the board comes
-# without the character sets that it converts to.
+# A cross build makes mkcatalogue for the building machine: the C library for the board comes without
+# the character sets that mkcatalogue converts to.
 find_program(ORVGUI_BUILD_CXX NAMES c++ g++ clang++ REQUIRED)
 list(TRANSFORM mkcatalogue_sources PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/ OUTPUT_VARIABLE sources)
 file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/mkcatalogue/*.h)

@@ -47,12 +47,15 @@ HARDENED = (
     ("the C++ library's assertions", r"__glibcxx_assert_fail", True, "library"),
 )
 
+# A project with a target of its own whose name is also one here.
 CMAKE_PROJECT = """\
 cmake_minimum_required(VERSION 3.22)
 project(outside LANGUAGES CXX)
-find_package(orvgui 1.0 REQUIRED)
+add_custom_target(docs)
+{}
 add_executable(page page.cpp)
 target_link_libraries(page PRIVATE orvgui::orvgui)
+install(TARGETS page)
 """
 
 SKELETON = b"Content-Type: text/html; charset=$destination$\r\n\r\n<p>Hello, $body$!</p>\n$none$"
@@ -130,16 +133,24 @@ class Install(unittest.TestCase):
         for name in ("page", "hello"):
             run(BUILD.settings["cxx"], "-std=c++17", self.outside / (name + ".cpp"),
                 "-o", self.outside / name, *flags.stdout.decode().split())
-        self.ask(self.outside / "page")
-        self.assertEqual(self.start(self.outside / "hello").stdout,
+        self.ask(self.outside / "page", f"{self.stage}{LIBDIR}")
+        self.assertEqual(self.start(f"{self.stage}{LIBDIR}", self.outside / "hello").stdout,
                          b"Content-Type: text/plain\n\nHello\n")
 
-    def test_page_by_find_package(self):
-        (self.outside / "CMakeLists.txt").write_text(CMAKE_PROJECT)
-        built = self.work / "built"
-        build(self.outside, built, "all", f"-Dorvgui_DIR={self.stage}{LIBDIR}/cmake/orvgui",
-              f"-DCMAKE_CXX_COMPILER={BUILD.settings['cxx']}")
-        self.ask(built / "page")
+    def test_page_by_cmake(self):
+        root = self.work / "root"
+        for command, option, libraries in (
+                ("find_package(orvgui 1.0 REQUIRED)",
+                 f"-Dorvgui_DIR={self.stage}{LIBDIR}/cmake/orvgui", f"{self.stage}{LIBDIR}"),
+                (f"add_subdirectory({TREE} orvgui)", "-DCMAKE_CXX_STANDARD=20", root / "lib")):
+            with self.subTest(command):
+                (self.outside / "CMakeLists.txt").write_text(CMAKE_PROJECT.format(command))
+                built = self.work / command.partition("(")[0]
+                build(self.outside, built, "all", option, f"-DCMAKE_INSTALL_PREFIX={root}",
+                      f"-DCMAKE_CXX_COMPILER={BUILD.settings['cxx']}")
+                self.assertNotIn("BUILD_TESTING", (built / "CMakeCache.txt").read_text())
+                run("cmake", "--install", built)
+                self.ask(root / "bin/page", libraries)
 
     def test_library_is_built_on_a_platform_that_is_given(self):
         product = self.work / "product"
@@ -150,15 +161,16 @@ class Install(unittest.TestCase):
         self.assertFalse((product / "board").exists())
         self.assertIn(platform, (product / "orvgui.pc").read_text())
 
-    def ask(self, page):
-        """Runs a page as the web server does, from where its libraries are staged."""
-        answer = self.start(page, self.outside / "skeleton.txt")
+    def ask(self, page, libraries):
+        """Runs a page as the web server does, with the libraries in a folder."""
+        answer = self.start(libraries, page, self.outside / "skeleton.txt")
         self.assertEqual(answer.stdout, PAGE)
         self.assertIn(b"printed", answer.stderr)
 
-    def start(self, *page):
+    @staticmethod
+    def start(libraries, *page):
         return run(*BUILD.command(*page), REQUEST_METHOD="GET", QUERY_STRING="who=%3Cyou%3E+%26+me",
-                   LD_LIBRARY_PATH=f"{self.stage}{LIBDIR}")
+                   LD_LIBRARY_PATH=str(libraries))
 
 
 if __name__ == "__main__":
