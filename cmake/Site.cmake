@@ -1,5 +1,5 @@
-# The site, with the files that a web server serves and the library reads, is made in the build folder.
-# Paths below it are the same as those below / on a board.
+# The site, with the files that a web server serves and the library reads, is made in the build
+# folder. Paths below it are the same as those below / on a board.
 set(ORVGUI_STAGE ${PROJECT_BINARY_DIR}/site)
 set(ORVGUI_STAGE_SKELETONS ${ORVGUI_STAGE}/usr/local/www/skel)
 set(ORVGUI_STAGE_PAGES ${ORVGUI_STAGE}/usr/local/www/htdocs)

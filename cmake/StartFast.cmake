@@ -1,5 +1,5 @@
-# Links a shared library so that pages start fast: a page starts anew for each request. The gain of each
-# option is in docs/performance.md.
+# Links a shared library so that pages start fast: a page starts anew for each request. The gain of
+# each option is in docs/performance.md.
 function(orvgui_start_fast target)
     if(ORVGUI_SANITIZE)
         return()  # the sanitizers intercept calls between libraries

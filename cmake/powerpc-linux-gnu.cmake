@@ -1,5 +1,5 @@
-# The board: 32-bit big-endian PowerPC, with Debian's cross compiler. scripts/board_libraries.sh builds
-# the libraries that Debian does not package for it.
+# The board: 32-bit big-endian PowerPC, with Debian's cross compiler. scripts/board_libraries.sh
+# builds the libraries that Debian does not package for it.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR ppc)
 set(CMAKE_C_COMPILER powerpc-linux-gnu-gcc)
