@@ -5,11 +5,11 @@
 #include <sys/statvfs.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdint>
 #include <system_error>
 
+#include "common/WriteAll.h"
 #include "item/ItemValidators.h"
 #include "wire/Telegram.h"
 
@@ -37,17 +37,6 @@ std::optional<std::string> readVersion(const std::string& header) {
 int openNew(const std::string& path) {
     return ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
                   S_IRUSR | S_IWUSR);
-}
-
-bool writeAll(int file, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(file, bytes.data(), bytes.size());
-        if (written == 0 || (written < 0 && errno != EINTR)) {
-            return false;
-        }
-        bytes.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
-    }
-    return true;
 }
 
 // Sessions, settings and events are written to the same disk, and come first.

@@ -22,11 +22,13 @@
 #include "Names.h"
 #include "TextForm.h"
 #include "common/FileDescriptor.h"
+#include "common/WriteAll.h"
 
 namespace {
 
 using namespace ORVLib::Catalogue;
 using ORVLib::FileDescriptor;
+using ORVLib::writeAll;
 
 constexpr int EXIT_USAGE = 2;
 
@@ -121,18 +123,6 @@ std::string readFile(const std::string& path, std::size_t limit) {
             throw Failure(path + ": larger than " + std::to_string(limit >> 20) + " MiB");
         }
     }
-}
-
-// Returns false with errno set.
-bool writeAll(int descriptor, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno != EINTR) {
-            return false;
-        }
-        bytes.remove_prefix(written > 0 ? static_cast<std::size_t>(written) : 0);
-    }
-    return true;
 }
 
 mode_t newFileMode() {

@@ -4,12 +4,12 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <csignal>
 #include <functional>
 #include <string>
 #include <string_view>
 
+#include "common/WriteAll.h"
 #include "framework/backend/Environment.h"
 #include "orv/OrvTrace.h"
 
@@ -47,23 +47,12 @@ constexpr std::string_view OVER_TIME_PAGE =
 
 volatile std::sig_atomic_t isPageBegun = 0;
 
-void writeAll(int descriptor, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t written = write(descriptor, text.data(), text.size());
-        if (written > 0) {
-            text.remove_prefix(static_cast<std::size_t>(written));
-        } else if (written == 0 || errno != EINTR) {
-            return;
-        }
-    }
-}
-
 // Calls only what a signal handler may. SIGTERM, and not SIGXCPU, ends the process: the library
 // then removes the uploaded file, and no core file is left.
 extern "C" void endOverTime(int /*signal*/) {
-    writeAll(STDERR_FILENO, OVER_TIME_LINE);
+    ORVLib::writeAll(STDERR_FILENO, OVER_TIME_LINE);
     if (isPageBegun == 0) {
-        writeAll(STDOUT_FILENO, OVER_TIME_PAGE);
+        ORVLib::writeAll(STDOUT_FILENO, OVER_TIME_PAGE);
     }
     std::raise(SIGTERM);
 }
