@@ -52,7 +52,7 @@ std::string makeRequest(Fuzz::Input& input, const std::vector<std::string>& sess
     telegram.sessionId = sessions[form % sessions.size()];
     const std::uint32_t type = FAMILY ^ input.number(form == 254 ? 4 : 2);
     std::string bytes = frame(type, telegram.format());
-    if (!Requests::hasPayload(type)) {
+    if (!Request(type, telegram).hasPayload()) {
         return bytes;
     }
     std::string payload = input.take(input.number(2));
@@ -65,7 +65,7 @@ std::string makeRequest(Fuzz::Input& input, const std::vector<std::string>& sess
 
 /// Passwords are right when the input says so.
 Reply carryOut(Requests& requests, const Request& request, bool matches) try {
-    if (!Requests::isPasswordChecked(request.type)) {
+    if (!request.hasPassword()) {
         return requests.handle(request);
     }
     const Requests::PasswordCheck check = requests.beginPasswordCheck(request);

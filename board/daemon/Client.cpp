@@ -108,7 +108,7 @@ bool Client::takeRequest() {
     if (!m_hasTelegram) {
         return false;
     }
-    if (!Requests::hasPayload(m_request.type)) {
+    if (!m_request.hasPayload()) {
         return true;
     }
     if (!m_stream.hasMessage()) {
@@ -124,8 +124,7 @@ void Client::takeTelegram() {
         throw boardError(ERROR_BAD_REQUEST, "wrong telegram size",
                          static_cast<std::uint32_t>(message.payload.size()));
     }
-    m_request.type = static_cast<std::uint32_t>(message.type);
-    m_request.telegram = Telegram::parse(message.payload);
+    m_request = {static_cast<std::uint32_t>(message.type), Telegram::parse(message.payload)};
     m_hasTelegram = true;
     enter(Phase::RECEIVING);  // the payload's time begins
 }

@@ -7,7 +7,7 @@
 
 #include "MessageStream.h"
 #include "daemon/Reply.h"
-#include "daemon/Requests.h"
+#include "daemon/Request.h"
 
 namespace ORVLib::Board {
 

@@ -183,7 +183,7 @@ void Daemon::execute(Client& client) {
     } else if (fault == FaultKind::ERROR) {
         client.answer(Reply::error(boardError(ERROR_BOARD_FAILURE, "a fault was asked for",
                                               request.type, ACTION_INJECTED)));
-    } else if (Requests::isPasswordChecked(request.type)) {
+    } else if (request.hasPassword()) {
         awaitPasswordCheck(client);
     } else {
         client.answer(m_requests.handle(request), fault);

@@ -86,16 +86,6 @@ Requests::Requests(const Parts& parts)
       m_items(parts),
       m_nobodysHash(hashPassword(formatHex(randomBytes(MAX_PASSWORD_LENGTH / 2)))) {}
 
-bool Requests::hasPayload(std::uint32_t type) {
-    switch (type) {
-        case PROCEDURE_LOGIN:
-        case PROCEDURE_CHECK_SESSION:
-            return true;
-        default:
-            return (type & FAMILY_MASK) == FAMILY && (type & ACCESS_MASK) != ACCESS_READ;
-    }
-}
-
 Reply Requests::handle(const Request& request) {
     return answered([&] { return dispatch(request); });
 }
@@ -113,11 +103,6 @@ Reply Requests::dispatch(const Request& request) {
         default:
             return accessItem(request);
     }
-}
-
-bool Requests::isPasswordChecked(std::uint32_t type) {
-    return type == PROCEDURE_LOGIN ||
-           ((type & ACCESS_MASK) == ACCESS_WRITE && Items::holdsPassword(type & ~ACCESS_MASK));
 }
 
 Requests::PasswordCheck Requests::beginPasswordCheck(const Request& request) {
@@ -167,12 +152,12 @@ void Requests::noteDevice(PasswordCheck& login, const std::string& digest) {
 
 Requests::PasswordCheck Requests::beginItemWrite(const Request& request) {
     const Caller caller = requireCaller(request);
-    m_items.checkWrite(request.type & ~ACCESS_MASK, request.payload, caller);
+    m_items.checkWrite(request.item, request.payload, caller);
     PasswordCheck change;
     change.account = caller.user.name;
     change.source = "user " + caller.user.name;
     change.isKnown = true;
-    if (request.type != (ITEM_OWN_PASSWORD | ACCESS_WRITE)) {
+    if (request.item.id != ITEM_OWN_PASSWORD) {
         change.newPassword = Users::getPassword(request.payload);
         return change;
     }
@@ -202,7 +187,7 @@ Reply Requests::openSession(const Request& request, const PasswordCheck& login, 
 
 Reply Requests::getLanguage(const Request& request) {
     Telegram telegram = answerTo(request);
-    const std::string language = m_items.read(ITEM_DEFAULT_LANGUAGE, nullptr);
+    const std::string language = m_items.read(request.item, nullptr);
     telegram.language = static_cast<unsigned char>(readNumber(language, 0));
     return Reply::make(request.type, telegram);
 }
@@ -232,21 +217,20 @@ Reply Requests::getUserInfo(const Request& request) {
 }
 
 Reply Requests::accessItem(const Request& request) {
-    const std::uint32_t access = request.type & ACCESS_MASK;
-    const std::uint32_t id = request.type & ~ACCESS_MASK;
-    if ((id & FAMILY_MASK) != FAMILY || access == ACCESS_MASK) {
+    if (!request.isItemAccess()) {
         throw boardError(ERROR_NO_SUCH_ITEM, "unknown procedure", request.type);
     }
-    if (access == ACCESS_READ && Items::isPublic(id)) {
+    if (request.access == ACCESS_READ && request.item.isPublic()) {
         return readPublicItem(request);
     }
     Caller caller = requireCaller(request);
     std::optional<std::string> payload;
-    if (access == ACCESS_WRITE) {
-        m_items.write(id, request.payload, caller);
+    if (request.access == ACCESS_WRITE) {
+        m_items.write(request.item, request.payload, caller);
+    } else if (request.access == ACCESS_EXCHANGE) {
+        payload = m_items.exchange(request.item, request.payload, caller);
     } else {
-        payload = access == ACCESS_READ ? m_items.read(id, &caller)
-                                        : m_items.exchange(id, request.payload, caller);
+        payload = m_items.read(request.item, &caller);
     }
     Reply reply = Reply::make(request.type, answerFor(caller.user, request));
     reply.payload = std::move(payload);
@@ -260,13 +244,13 @@ Reply Requests::writeWithPassword(const Request& request, const PasswordCheck& c
         m_state.logEvent({EventCode::PASSWORD_CHANGE_REFUSED, caller.user.name, ""});
         throw boardError(ERROR_LOGIN_REFUSED, "wrong password");
     }
-    m_items.write(request.type & ~ACCESS_MASK, request.payload, caller, newHash);
+    m_items.write(request.item, request.payload, caller, newHash);
     return Reply::make(request.type, answerFor(caller.user, request));
 }
 
 Reply Requests::readPublicItem(const Request& request) {
     Reply reply = Reply::make(request.type, answerTo(request));
-    reply.payload = m_items.read(request.type, nullptr);
+    reply.payload = m_items.read(request.item, nullptr);
     return reply;
 }
 

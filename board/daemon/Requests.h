@@ -1,28 +1,20 @@
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 
 #include "daemon/Reply.h"
+#include "daemon/Request.h"
 #include "item/Items.h"
 #include "state/BoardState.h"
 #include "state/Sessions.h"
-#include "wire/Telegram.h"
 
 namespace ORVLib::Board {
 
-/// A request as it arrived: the telegram and, for procedures that have one, the payload.
-struct Request {
-    std::uint32_t type = 0;
-    Telegram telegram;
-    std::string payload;
-};
-
-/// Carries requests out.
+/// Executes requests.
 ///
-/// Requests with a password take two steps, because checking one is slow: beginPasswordCheck() says
-/// what is to be checked, endPasswordCheck() takes the verdict.
+/// A request with a password takes two steps, because checking a password is slow:
+/// beginPasswordCheck() returns the check to make, endPasswordCheck() takes its result.
 class Requests {
 public:
     struct PasswordCheck {
@@ -40,13 +32,7 @@ public:
     /// The parts must outlive this.
     explicit Requests(const Parts& parts);
 
-    /// True when a payload follows the telegram of such a request.
-    static bool hasPayload(std::uint32_t type);
-
-    /// True for a login and for the writing of an item with a password.
-    static bool isPasswordChecked(std::uint32_t type);
-
-    /// Carries out any other request. What goes wrong is in the reply.
+    /// Executes a request without a password. Errors are in the reply.
     Reply handle(const Request& request);
 
     /// Throws PException for a request that is refused before its password is looked at, and when

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "item/BoardClock.h"
-#include "item/ItemValidators.h"
+#include "item/Item.h"
 #include "protocol/Digest.h"
 #include "wire/Protocol.h"
 
@@ -15,36 +15,24 @@ namespace {
 const std::string HEAD = "orv-settings 1";
 const std::string DIGEST_HEAD = "sha256 ";
 
-struct Setting {
-    std::uint32_t id;
-    std::uint32_t count;
-    bool (*isValid)(const std::string& content);
-};
-
 // In the order of the file.
-constexpr Setting SETTINGS[] = {
-    {ITEM_SYSTEM_NAMES, 1, isSystemNames},
-    {ITEM_LED, 1, isLed},
-    {ITEM_CLOCK, 1, BoardClock::isSettings},
-    {ITEM_ADDRESSES, 1, isAddresses},
-    {ITEM_SERVICES, 1, isServices},
-    {ITEM_TRAPS, 1, isTraps},
-    {ITEM_ACCESS_LIST, 1, isAccessList},
-    {ITEM_MAIL, 1, isMail},
-    {ITEM_PARTITION_SCHEDULE, PARTITION_COUNT, isSchedule},
-    {ITEM_PARTITION_BOOT, PARTITION_COUNT, isBoot},
+constexpr std::uint32_t SETTINGS[] = {
+    ITEM_SYSTEM_NAMES, ITEM_LED,         ITEM_CLOCK, ITEM_ADDRESSES,          ITEM_SERVICES,
+    ITEM_TRAPS,        ITEM_ACCESS_LIST, ITEM_MAIL,  ITEM_PARTITION_SCHEDULE, ITEM_PARTITION_BOOT,
 };
 
 template <class Use>
 void forEachSetting(const Use& use) {
-    for (const Setting& setting : SETTINGS) {
-        for (std::uint32_t id = setting.id; id < setting.id + setting.count; ++id) {
-            use(id, setting);
+    for (const std::uint32_t setting : SETTINGS) {
+        const Item& rules = *findItem(setting).rules;
+        const std::uint32_t count = rules.scope == Scope::PARTITION ? PARTITION_COUNT : 1;
+        for (std::uint32_t id = setting; id < setting + count; ++id) {
+            use(id, id == ITEM_CLOCK ? BoardClock::isSettings : rules.isValid);
         }
     }
 }
 
-/// Takes a file apart, line by line.
+/// Reads a file line by line.
 class Reader {
 public:
     explicit Reader(std::string_view text) : m_text(text) {}
@@ -91,14 +79,13 @@ std::string headOf(std::uint32_t id) {
     return head;
 }
 
-std::string readSetting(BoardState& state, std::uint32_t id, const Setting& setting) {
-    return id == ITEM_CLOCK ? BoardClock::readSettings(state)
-                            : readValid(state, id, setting.isValid);
+std::string readSetting(BoardState& state, std::uint32_t id, Validator isValid) {
+    return id == ITEM_CLOCK ? BoardClock::readSettings(state) : readValid(state, id, isValid);
 }
 
-std::string takeSetting(Reader& reader, std::uint32_t id, const Setting& setting) {
+std::string takeSetting(Reader& reader, std::uint32_t id, Validator isValid) {
     const auto content = parseHex(reader.take(headOf(id)));
-    if (!content || !setting.isValid(*content)) {
+    if (!content || !isValid(*content)) {
         reader.fail();
     }
     return *content;
@@ -108,8 +95,8 @@ StoredItems parse(std::string_view text) {
     Reader reader(text);
     reader.takeLine(HEAD);
     StoredItems contents;
-    forEachSetting([&](std::uint32_t id, const Setting& setting) {
-        contents[id] = takeSetting(reader, id, setting);
+    forEachSetting([&](std::uint32_t id, Validator isValid) {
+        contents[id] = takeSetting(reader, id, isValid);
     });
     reader.takeLine(DIGEST_HEAD + digestOf(text.substr(0, reader.getOffset())));
     reader.takeEnd();
@@ -120,8 +107,8 @@ StoredItems parse(std::string_view text) {
 
 std::string read(const Call& call) {
     std::string text = HEAD + '\n';
-    forEachSetting([&](std::uint32_t id, const Setting& setting) {
-        text += headOf(id) + formatHex(readSetting(call.state, id, setting)) + '\n';
+    forEachSetting([&](std::uint32_t id, Validator isValid) {
+        text += headOf(id) + formatHex(readSetting(call.state, id, isValid)) + '\n';
     });
     return text + DIGEST_HEAD + digestOf(text) + '\n';
 }

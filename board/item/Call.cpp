@@ -2,7 +2,7 @@
 
 namespace ORVLib::Board {
 
-std::string readValid(BoardState& state, std::uint32_t id, bool (*isValid)(const std::string&)) {
+std::string readValid(BoardState& state, std::uint32_t id, Validator isValid) {
     const auto content = state.readItem(id);
     if (!content || !isValid(*content)) {
         throw DatabaseError("an item is missing or damaged", SQLITE_CORRUPT);

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "item/Item.h"
 #include "state/BoardState.h"
 #include "state/Sessions.h"
 #include "wire/Protocol.h"
@@ -26,11 +27,12 @@ struct Parts {
     Installation& installation;
 };
 
-/// One use of an item that is more than stored bytes.
+/// One use of an item.
 struct Call : Parts {
     std::uint32_t id;
+    const Item& rules;
     const Caller* caller;             ///< null for a public item
-    const std::string& content;       ///< as the item's rule wants it
+    const std::string& content;       ///< valid; empty when the item is read
     const std::string& passwordHash;  ///< of the new password in the content, if there is one
 
     const User& getUser() const { return caller->user; }
@@ -41,6 +43,6 @@ struct Call : Parts {
 };
 
 /// An item that the board made itself. Throws DatabaseError when it is missing or damaged.
-std::string readValid(BoardState& state, std::uint32_t id, bool (*isValid)(const std::string&));
+std::string readValid(BoardState& state, std::uint32_t id, Validator isValid);
 
 }  // namespace ORVLib::Board

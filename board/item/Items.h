@@ -1,46 +1,37 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 #include "item/Call.h"
-#include "state/BoardState.h"
-#include "state/Sessions.h"
+#include "item/Item.h"
 
 namespace ORVLib::Board {
 
-/// The board's information items: who may read and write which, and what may be in them.
-///
-/// Items the board knows have rules of their own. Any other of the family is read by whoever is
-/// logged in, written by system administrators, and holds any bytes.
+/// Uses the board's items as their rules allow. Refusals are PExceptions.
 class Items {
 public:
     /// The parts must outlive this.
     explicit Items(const Parts& parts) : m_parts(parts) {}
 
-    /// True for what pages need before anybody has logged in.
-    static bool isPublic(std::uint32_t id);
+    /// `caller` is null for a public item.
+    std::string read(const NamedItem& item, const Caller* caller);
 
-    /// True for an item whose content holds a password: it is written with that one's hash.
-    static bool holdsPassword(std::uint32_t id);
+    /// Refuses a write that the caller may not do, and a content that does not fit the item.
+    void checkWrite(const NamedItem& item, const std::string& content, const Caller& caller);
 
-    /// `caller` is null for a public item. Throws PException for what is not there or not allowed.
-    std::string read(std::uint32_t id, const Caller* caller);
-
-    /// Throws PException for what is not allowed or not fit for the item.
-    void checkWrite(std::uint32_t id, const std::string& content, const Caller& caller);
-
-    /// As checkWrite(), and stores the content or does what it asks for. Takes what that made of
-    /// the user into `caller`.
-    void write(std::uint32_t id, const std::string& content, Caller& caller,
+    /// As checkWrite(), and then stores the content or does what it asks for. Updates `caller` with
+    /// what the write changed of the user. `passwordHash` is that of the new password in the
+    /// content, if there is one.
+    void write(const NamedItem& item, const std::string& content, Caller& caller,
                const std::string& passwordHash = "");
 
-    /// Writes and reads what is there then; or asks, where the content is a question.
-    std::string exchange(std::uint32_t id, const std::string& content, Caller& caller);
+    /// Writes the item and returns its new content; for a query, returns the answer to `content`.
+    std::string exchange(const NamedItem& item, const std::string& content, Caller& caller);
 
 private:
-    void store(std::uint32_t id, const std::string& content, const User& user);
-    void requireAmong(unsigned int who, std::uint32_t id, const Caller* caller);
+    void requireGroup(unsigned int groups, const NamedItem& item, const Caller* caller);
+    bool isAmong(unsigned int groups, const NamedItem& item, const Authority& authority);
+    std::string callRead(const NamedItem& item, const Caller* caller, const std::string& content);
 
     Parts m_parts;
 };

@@ -1,6 +1,6 @@
 #include "item/Maintenance.h"
 
-#include "item/Call.h"
+#include "item/Stored.h"
 #include "orv/GeneralPurposePacket.h"
 #include "wire/Protocol.h"
 
@@ -29,6 +29,18 @@ bool isPermitted(const std::string& permission) {
     return power != nullptr && power->getValue() != 0;
 }
 
+std::string describe(const std::string& mode) {
+    std::string partitions;
+    for (std::uint32_t n = 0; n < MARKS - 1; ++n) {
+        partitions += isPartitionIn(mode, n) ? ' ' + std::to_string(n) : "";
+    }
+    std::string text = isSystemIn(mode) ? "system" : "";
+    if (!partitions.empty()) {
+        text += (text.empty() ? "partitions" : ", partitions") + partitions;
+    }
+    return text.empty() ? "off" : text;
+}
+
 }  // namespace
 
 bool isMode(const std::string& content) {
@@ -53,16 +65,8 @@ bool allowsPower(BoardState& state) {
            isPermitted(readValid(state, ITEM_MAINTENANCE_PERMISSION, isPermission));
 }
 
-std::string describe(const std::string& mode) {
-    std::string partitions;
-    for (std::uint32_t n = 0; n < MARKS - 1; ++n) {
-        partitions += isPartitionIn(mode, n) ? ' ' + std::to_string(n) : "";
-    }
-    std::string text = isSystemIn(mode) ? "system" : "";
-    if (!partitions.empty()) {
-        text += (text.empty() ? "partitions" : ", partitions") + partitions;
-    }
-    return text.empty() ? "off" : text;
+void writeMode(const Call& call) {
+    Stored::store(call, EventCode::MAINTENANCE_CHANGED, describe(call.content));
 }
 
 }  // namespace ORVLib::Board::Maintenance

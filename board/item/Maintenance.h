@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "state/BoardState.h"
+#include "item/Call.h"
 
 /// What the maintenance mode means.
 namespace ORVLib::Board::Maintenance {
@@ -20,7 +20,8 @@ bool isPartitionIn(const std::string& mode, std::uint32_t partition);
 /// True while technical staff may use the power: in maintenance, and permitted.
 bool allowsPower(BoardState& state);
 
-/// For the event log: "system", "partitions 0 2", both, or "off".
-std::string describe(const std::string& mode);
+/// ITEM_MAINTENANCE_MODE: the event says what is in maintenance then: "system", "partitions 0 2",
+/// both, or "off".
+void writeMode(const Call& call);
 
 }  // namespace ORVLib::Board::Maintenance

@@ -9,29 +9,28 @@ namespace ORVLib::Board {
 
 namespace {
 
-// Whether the board has the item once, or each partition has it.
-enum Scope { ONE, EACH };
-
 // Records of a fresh board, their texts between bars.
 struct Initial {
     std::uint32_t id;
-    Scope scope;
+    std::uint32_t count;  // IDs in a row
     const char* texts;
 };
 
+constexpr std::uint32_t EACH = PARTITION_COUNT;
+
 constexpr Initial INITIAL[] = {
-    {ITEM_PRODUCT, ONE, "Sample Server|SN20417-0093|1.0.0"},
-    {ITEM_SYSTEM_NAMES, ONE, "server-1|AT-1001|Room 2, rack 4|"},
-    {ITEM_LED, ONE, "off"},
-    {ITEM_CLOCK, ONE, "0|+00:00|manual||"},
-    {ITEM_ADDRESSES, ONE, "board|192.0.2.10|24|192.0.2.1|192.0.2.53|"},
-    {ITEM_SERVICES, ONE, "1|80|1|443|1|22|0|23"},
-    {ITEM_TRAPS, ONE, "0||public|0|||0||"},
-    {ITEM_ACCESS_LIST, ONE, ""},
-    {ITEM_MAIL, ONE, "0||25|||"},
-    {ITEM_PROGRESS, ONE, "idle|0|"},
+    {ITEM_PRODUCT, 1, "Sample Server|SN20417-0093|1.0.0"},
+    {ITEM_SYSTEM_NAMES, 1, "server-1|AT-1001|Room 2, rack 4|"},
+    {ITEM_LED, 1, "off"},
+    {ITEM_CLOCK, 1, "0|+00:00|manual||"},
+    {ITEM_ADDRESSES, 1, "board|192.0.2.10|24|192.0.2.1|192.0.2.53|"},
+    {ITEM_SERVICES, 1, "1|80|1|443|1|22|0|23"},
+    {ITEM_TRAPS, 1, "0||public|0|||0||"},
+    {ITEM_ACCESS_LIST, 1, ""},
+    {ITEM_MAIL, 1, "0||25|||"},
+    {ITEM_PROGRESS, 1, "idle|0|"},
     {ITEM_PARTITION_POWER, EACH, "on"},
-    {ITEM_PARTITION_POWER + PARTITION_COUNT - 1, ONE, "off"},
+    {ITEM_PARTITION_POWER + PARTITION_COUNT - 1, 1, "off"},
     {ITEM_PARTITION_SCHEDULE, EACH, "0|2025-01-01|2037-12-31|1111100|07:00:00|19:00:00"},
     {ITEM_PARTITION_BOOT, EACH, "disk|dvd|network|3|0"},
 };
@@ -57,8 +56,7 @@ StoredItems getSampleItems() {
     items[ITEM_MAINTENANCE_MODE] = std::string(MaintenanceMode::SIZE, '\0');
     items[ITEM_MAINTENANCE_PERMISSION] = noMaintenancePermission();
     for (const Initial& initial : INITIAL) {
-        const std::uint32_t count = initial.scope == EACH ? PARTITION_COUNT : 1;
-        for (std::uint32_t n = 0; n < count; ++n) {
+        for (std::uint32_t n = 0; n < initial.count; ++n) {
             items[initial.id + n] = splitAtBars(initial.texts);
         }
     }
