@@ -1,6 +1,6 @@
 #include "wire/Calendar.h"
 
-#include <cstdio>
+#include <ctime>
 
 #include "common/ParseNumber.h"
 
@@ -12,26 +12,13 @@ constexpr int FIRST_YEAR = 1970;
 constexpr int LAST_YEAR = 2037;
 constexpr int MAX_ZONE_HOURS = 14;
 
-struct Date {
-    int year;
-    int month;
-    int day;
-};
-
-bool isLeap(int year) {
-    return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+std::tm toParts(std::time_t time) {
+    std::tm parts{};
+    ::gmtime_r(&time, &parts);
+    return parts;
 }
 
-int countDays(int year) {
-    return isLeap(year) ? 366 : 365;
-}
-
-int countDays(int year, int month) {
-    constexpr int DAYS[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    return month == 2 && isLeap(year) ? 29 : DAYS[month - 1];
-}
-
-// True when the text has the shape: a digit at every '0', and any other character as it is.
+// True when the text has a digit wherever the shape has '0', and otherwise the shape's characters.
 bool hasShape(const std::string& text, const std::string& shape) {
     if (text.size() != shape.size()) {
         return false;
@@ -68,34 +55,25 @@ std::optional<int> parseDay(const std::string& text) {
     }
     const auto year = readPart(text, 0, 4, FIRST_YEAR, LAST_YEAR);
     const auto month = readPart(text, 5, 2, 1, 12);
-    if (!year || !month) {
+    const auto dayOfMonth = readPart(text, 8, 2, 1, 31);
+    if (!year || !month || !dayOfMonth) {
         return std::nullopt;
     }
-    const auto dayOfMonth = readPart(text, 8, 2, 1, countDays(*year, *month));
-    if (!dayOfMonth) {
+    std::tm parts{};
+    parts.tm_year = *year - 1900;
+    parts.tm_mon = *month - 1;
+    parts.tm_mday = *dayOfMonth;
+    const std::time_t time = ::timegm(&parts);
+    if (parts.tm_mday != *dayOfMonth) {  // the month has fewer days
         return std::nullopt;
     }
-    int day = *dayOfMonth - 1;
-    for (int before = FIRST_YEAR; before < *year; ++before) {
-        day += countDays(before);
-    }
-    for (int before = 1; before < *month; ++before) {
-        day += countDays(*year, before);
-    }
-    return day;
+    return static_cast<int>(time / SECONDS_PER_DAY);
 }
 
 std::string formatDay(std::int64_t day) {
-    Date date{FIRST_YEAR, 1, 1};
-    for (; day >= countDays(date.year); ++date.year) {
-        day -= countDays(date.year);
-    }
-    for (; day >= countDays(date.year, date.month); ++date.month) {
-        day -= countDays(date.year, date.month);
-    }
-    date.day += static_cast<int>(day);
-    char text[48];
-    std::snprintf(text, sizeof text, "%04d-%02d-%02d", date.year, date.month, date.day);
+    const std::tm parts = toParts(static_cast<std::time_t>(day * SECONDS_PER_DAY));
+    char text[sizeof "2037-12-31"];
+    std::strftime(text, sizeof text, "%Y-%m-%d", &parts);
     return text;
 }
 
@@ -109,9 +87,9 @@ std::optional<int> parseTime(const std::string& text) {
 }
 
 std::string formatTime(int second) {
-    char text[48];
-    std::snprintf(text, sizeof text, "%02d:%02d:%02d", second / 3600, second / 60 % 60,
-                  second % 60);
+    const std::tm parts = toParts(second);
+    char text[sizeof "23:59:59"];
+    std::strftime(text, sizeof text, "%H:%M:%S", &parts);
     return text;
 }
 

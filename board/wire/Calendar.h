@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-/// Days, times and zones as texts. All of it in the proleptic Gregorian calendar, without leap
-/// seconds, and with no use of the machine's own zone.
+/// Days, times and zones as texts, in UTC, without leap seconds. The machine's own zone is not
+/// used.
 namespace ORVLib::Board {
 
 constexpr int SECONDS_PER_DAY = 86400;
@@ -15,7 +15,7 @@ constexpr int LAST_DAY = 24836;  ///< 2037-12-31
 /// The number of a day "YYYY-MM-DD", from 0 for 1970-01-01 to LAST_DAY.
 std::optional<int> parseDay(const std::string& text);
 
-/// "YYYY-MM-DD". REQUIRES: 0 <= day.
+/// "YYYY-MM-DD". REQUIRES: 0 <= day <= LAST_DAY.
 std::string formatDay(std::int64_t day);
 
 /// Seconds of the day "HH:MM:SS".
