@@ -1,4 +1,4 @@
-// What anybody on the daemon's socket sends: every answer is one, and the state stays usable.
+// Anything that a client can send: every request gets a well-formed answer, and the state stays usable.
 #include <poll.h>
 
 #include <filesystem>
@@ -42,7 +42,7 @@ std::string frame(std::uint32_t type, const std::string& payload) {
     return ORVIpc::frameMessage(static_cast<int>(type), payload.data(), payload.size());
 }
 
-/// What a client sends: mostly a telegram of a session and what fits to it.
+/// A client's bytes: mostly a telegram of a session and the payload it needs.
 std::string makeRequest(Fuzz::Input& input, const std::vector<std::string>& sessions) {
     const unsigned int form = input.number();
     if (form == 255) {
@@ -64,7 +64,7 @@ std::string makeRequest(Fuzz::Input& input, const std::vector<std::string>& sess
 }
 
 /// Passwords are right when the input says so.
-Reply carryOut(Requests& requests, const Request& request, bool matches) try {
+Reply execute(Requests& requests, const Request& request, bool matches) try {
     if (!request.hasPassword()) {
         return requests.handle(request);
     }
@@ -74,7 +74,7 @@ Reply carryOut(Requests& requests, const Request& request, bool matches) try {
     return Reply::error(refusal);
 }
 
-/// What comes back is a telegram and what fits to it, or an error.
+/// The answer must be a telegram and its payload, or an error.
 void checkAnswer(std::uint32_t type) {
     ORVIpc::MessageStream stream(std::move(Fuzz::peer));
     while (stream.receive() == ORVIpc::MessageStream::Arrival::BYTES) {
@@ -96,7 +96,7 @@ void serve(Fuzz::Input& input, const Parts& parts, const std::vector<std::string
         const std::string request = makeRequest(input, ids);
         Client client(1, Fuzz::connected(request, (flags & 2) == 0), std::chrono::seconds(1));
         if (client.proceed()) {
-            client.answer(carryOut(requests, client.getRequest(), (flags & 1) != 0));
+            client.answer(execute(requests, client.getRequest(), (flags & 1) != 0));
         } else if (client.isOpen() && client.getRequest().type != 0) {
             client.expire();
         }

@@ -11,7 +11,8 @@
 
 namespace ORVLib::Protocol {
 
-/// The SHA-256 digest of bytes that are added piece by piece. Who includes this links nettle.
+/// The SHA-256 digest of bytes that are added piece by piece. Programs that include this link
+/// nettle.
 class Digest {
 public:
     static constexpr std::size_t SIZE = SHA256_DIGEST_SIZE;
@@ -24,7 +25,7 @@ public:
                       reinterpret_cast<const std::uint8_t*>(bytes.data()));
     }
 
-    /// The digest of what was added so far, as bytes and as hexadecimal digits.
+    /// The digest of the bytes added so far, as bytes and as hexadecimal digits.
     std::string get() const {
         sha256_ctx context = m_context;  // reading a digest ends its context
         std::uint8_t digest[SIZE];

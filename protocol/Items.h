@@ -62,8 +62,8 @@ enum Item : std::uint32_t {
 constexpr std::uint32_t FAMILY_MASK = 0xffff0000;
 constexpr std::uint32_t FAMILY = 0x02010000;
 
-/// Two bits of an item's ID say what is done with the item, and with that whether a payload follows
-/// the telegram. An item is written and exchanged under its ID with these bits, and read without.
+/// Two bits of the message type select the access to an item, and with it whether a payload follows
+/// the telegram. To write or exchange an item, add the bits to its ID.
 constexpr std::uint32_t ACCESS_MASK = 0x0000c000;
 constexpr std::uint32_t ACCESS_READ = 0x00000000;
 constexpr std::uint32_t ACCESS_EXCHANGE = 0x00004000;

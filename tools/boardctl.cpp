@@ -47,7 +47,7 @@ constexpr char USAGE[] =
 
 class UsageError {};
 
-/// The terminal as it was before its echo went off, for a signal handler.
+/// The terminal's settings before the echo was turned off, for a signal handler.
 termios shownTerminal;
 
 extern "C" void restoreTerminal(int signal) {
@@ -55,7 +55,7 @@ extern "C" void restoreTerminal(int signal) {
     raise(signal);  // delivered, by now with its default effect, when the handler returns
 }
 
-/// Keeps the terminal from showing what is typed while the object lives.
+/// Turns the terminal's echo off while the object exists.
 class EchoOff {
 public:
     EchoOff() : m_terminal(tcgetattr(STDIN_FILENO, &shownTerminal) == 0) {
@@ -135,7 +135,7 @@ std::string hexBytes(std::string digits) {
     return *bytes;
 }
 
-/// Prints rows of texts, each of which a NUL byte ends, a line a row.
+/// Prints a record that is a list of rows, one line a row.
 void printRows(const Payload& item, std::size_t columns) {
     std::size_t texts = 0;
     for (const char byte : item.getBytes()) {
@@ -167,7 +167,7 @@ void printUser(int language, const CGIAuthority& authority) {
     std::cout << '\n';
 }
 
-/// The commands; each returns whether the daemon did what was asked.
+/// The commands. Each returns true when the daemon executed the request.
 class Command {
 public:
     explicit Command(std::vector<std::string> words) : m_words(std::move(words)) {}
@@ -218,7 +218,7 @@ private:
         int language = 0;
         unsigned int interval = 0;
         CGIAuthority authority;
-        const bool renews = false;  // who only looks keeps nobody logged in
+        const bool renews = false;  // a look at the session must not prolong it
         if (session().checkSession(language, interval, &authority, !renews) == 0) {
             return false;
         }

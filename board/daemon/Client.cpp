@@ -19,7 +19,7 @@ using ORVIpc::MessageStream;
 
 std::string describeExcess(std::uint32_t type) {
     char text[96];
-    std::snprintf(text, sizeof text, "what came behind request 0x%08x was ignored", type);
+    std::snprintf(text, sizeof text, "bytes after request 0x%08x were ignored", type);
     return text;
 }
 

@@ -24,7 +24,7 @@ public:
     int getDescriptor() const { return m_stream.getDescriptor(); }
     const Request& getRequest() const { return m_request; }
 
-    /// True until the connection is of no more use.
+    /// True until the connection is closed.
     bool isOpen() const { return m_phase != Phase::CLOSED; }
     bool isWorkedOn() const { return m_phase == Phase::WORKING; }
 
@@ -36,14 +36,14 @@ public:
     /// What poll() is to wait for.
     short getEvents() const;
 
-    /// Goes on with the present step, as far as it goes without waiting. Returns true when with it
-    /// the request has come in whole: then the client is worked on until answer() or ignore().
+    /// Continues the present step as far as possible without waiting. Returns true when the request
+    /// is complete: the client is then worked on until answer() or ignore().
     bool proceed();
 
     /// Ends a step that took too long. A request whose payload never came is answered.
     void expire();
 
-    /// Sends the reply, damaged as the fault wants it.
+    /// Sends the reply with the damage of the fault.
     void answer(Reply reply, FaultKind fault = FaultKind::NONE);
 
     /// Never answers: the client is kept until it hangs up.

@@ -151,9 +151,9 @@ void Daemon::addClient(FileDescriptor socket) {
     serve(m_clients.back());
 }
 
-// Whoever floods the daemon with connections fills the places of its own: one that does its
-// exchange is gone long before it is the oldest. There are fewer passwords checked at a time than
-// places, so somebody always can go.
+// A client that floods the daemon with connections loses its own: an exchange ends long before its
+// connection is the oldest. Fewer passwords wait than there are places, so that one can always be
+// dropped.
 void Daemon::dropOldest() {
     auto oldest = m_clients.end();
     for (auto at = m_clients.begin(); at != m_clients.end(); ++at) {

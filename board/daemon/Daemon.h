@@ -19,12 +19,12 @@
 
 namespace ORVLib::Board {
 
-/// Serves all clients from one loop that never waits for any of them. Only passwords are checked
-/// beside it; writing a setting holds it up for one flush to the disk.
+/// Serves all clients from one loop that never waits for a client. Passwords are checked on a
+/// thread beside it; writing a setting delays the loop by one flush to the disk.
 class Daemon {
 public:
-    /// Ready to serve once made. Throws std::runtime_error, with a line for the administrator.
-    /// REQUIRES: SIGTERM and SIGINT are blocked.
+    /// Clients can connect once this returns. Throws std::runtime_error, with a line for the
+    /// administrator. REQUIRES: SIGTERM and SIGINT are blocked.
     explicit Daemon(const Options& options);
 
     /// Serves until SIGTERM or SIGINT.

@@ -99,7 +99,7 @@ Options Options::parse(int argc, char** argv) {
     if (options.state.empty() && !options.help) {
         throw std::invalid_argument("--state FILE is missing");
     }
-    if (options.state == ":memory:") {  // SQLite's name for what is gone with the daemon
+    if (options.state == ":memory:") {  // SQLite's name for a database that is not stored
         throw std::invalid_argument("--state takes a file, not ':memory:'");
     }
     if (options.socket.empty()) {

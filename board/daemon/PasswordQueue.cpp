@@ -17,8 +17,8 @@ constexpr std::size_t NAMES = 1024;
 constexpr std::size_t SOURCES_OF_A_NAME = 128;
 constexpr std::size_t ADDRESSES = 1024;
 
-/// After so many known ones a stranger's turn comes: an account holder must not be able to keep
-/// those out who log in from a new place.
+/// After so many known sources a stranger is served: the holder of an account must not be able to
+/// lock out users who log in from a new place.
 constexpr int MOST_KNOWN_IN_A_ROW = 4;
 
 }  // namespace
@@ -90,8 +90,8 @@ void PasswordQueue::forgetFullBudgets(Clock::time_point now) {
     }
 }
 
-/// Behind all turns of the same account. The next turn at the earliest, so that nobody who waits
-/// is overtaken for ever.
+/// The turn after all turns of the same account, and the next turn at the earliest, so that no
+/// attempt is overtaken for ever.
 std::uint64_t PasswordQueue::nextTurn(const std::string& account) const {
     std::uint64_t last = m_turn;
     for (const Waiting& waiting : m_attempts) {
@@ -102,7 +102,7 @@ std::uint64_t PasswordQueue::nextTurn(const std::string& account) const {
     return last + 1;
 }
 
-/// Gives out what the budgets have.
+/// Lets attempts go as far as the budgets allow.
 void PasswordQueue::grant(Clock::time_point now) {
     for (auto next = findNextToGrant(now); next != m_attempts.end(); next = findNextToGrant(now)) {
         budgetOf(*next).take(now);
@@ -135,7 +135,7 @@ PasswordQueue::Attempts::iterator PasswordQueue::firstTwin(Attempts::iterator wa
                               [&](const Waiting& other) { return isTwin(*waiting, other); });
 }
 
-/// Keeps to the places. Returns the ticket of the attempt that loses its own.
+/// Enforces the number of places. Returns the ticket of the attempt that loses its place.
 std::optional<std::uint64_t> PasswordQueue::makeRoom(bool isKnown, Clock::time_point now) {
     const auto all = std::count_if(
         m_attempts.begin(), m_attempts.end(),
@@ -149,8 +149,8 @@ std::optional<std::uint64_t> PasswordQueue::makeRoom(bool isKnown, Clock::time_p
     return ticket;
 }
 
-/// The latest attempt of whoever waits with most, a user or the address of strangers; where each
-/// waits with one, that of the address that has tried most of late.
+/// The newest attempt of the user, or the address of strangers, with most entries. When each has
+/// one, that of the address with most recent attempts.
 PasswordQueue::Attempts::iterator PasswordQueue::findVictim(bool isKnown, Clock::time_point now) {
     const auto holderOf = [isKnown](const Waiting& waiting) {
         return isKnown ? waiting.attempt.account : waiting.attempt.source;
@@ -175,7 +175,7 @@ PasswordQueue::Attempts::iterator PasswordQueue::findVictim(bool isKnown, Clock:
     return victim;
 }
 
-/// Of one that will not be checked.
+/// Removes an attempt that will not be checked.
 void PasswordQueue::drop(Attempts::iterator waiting) {
     if (waiting->mayGo && !waiting->attempt.isFree) {
         budgetOf(*waiting).giveBack();

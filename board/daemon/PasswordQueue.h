@@ -13,24 +13,24 @@
 
 namespace ORVLib::Board {
 
-/// The passwords that wait to be checked, and how many of them may be: guessing is slow, and keeps
-/// nobody out who knows the password.
+/// The queue of passwords to check, with rate limits: guessing is slow, and does not lock out a
+/// user who knows the password.
 ///
 /// An attempt comes from a *known* source, which only the user has (a browser the user logged in
 /// from, a session), or from a stranger, whose source is an address. Each known source has a budget
 /// of its own. All strangers who try one name share one, whether there is such a user or not. A
 /// right password costs nothing of it.
 ///
-/// Of the strangers who wait for a name's budget, the source with the fewest attempts of late is
-/// first, of several the latest one: addresses that go on guessing come after one that has just
-/// begun. Of one source the attempt that came first is first. A few attempts of each source wait; a
-/// further one is refused, so that a flood through an address cannot displace those that wait
-/// there.
+/// Of the strangers who wait for a name's budget, the source with the fewest recent attempts is
+/// served first, of several the newest one: addresses that continue guessing are served after one
+/// that has just begun. The attempts of one source are served in the order they came. A source can
+/// have a few attempts in the queue; a further one is refused, so that a flood through an address
+/// does not displace the attempts of others there.
 class PasswordQueue {
 public:
     using Clock = std::chrono::steady_clock;
 
-    /// How long an attempt waits before it is given up; a page waits for ten seconds in all.
+    /// How long an attempt waits before it expires; a page waits for ten seconds in all.
     static constexpr std::chrono::milliseconds PATIENCE{8500};
 
     struct Attempt {
@@ -44,20 +44,20 @@ public:
     /// `key` decides which names share a budget. REQUIRES: nobody can guess it.
     explicit PasswordQueue(std::string key);
 
-    /// Takes an attempt in. Returns the ticket of the one that had to make way, which may be this
-    /// one.
+    /// Adds an attempt. Returns the ticket of the attempt that lost its place for it, which may be
+    /// this one.
     std::optional<std::uint64_t> add(Attempt attempt, Clock::time_point now);
 
     /// The next attempt that may be checked now, if there is one.
     std::optional<PasswordWorker::Job> take(Clock::time_point now);
 
-    /// Notes what became of the attempt that was taken last.
+    /// Sets the result of the attempt that was taken last.
     void finish(bool isRight);
 
-    /// Forgets an attempt that waits.
+    /// Removes a waiting attempt.
     void cancel(std::uint64_t ticket);
 
-    /// Forgets those that have waited too long, and returns their tickets.
+    /// Removes the attempts that have waited too long, and returns their tickets.
     std::vector<std::uint64_t> expire(Clock::time_point now);
 
     /// When take(), if the worker is idle, or expire() has something to do.

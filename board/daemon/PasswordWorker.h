@@ -11,14 +11,14 @@
 
 namespace ORVLib::Board {
 
-/// Checks and hashes passwords beside the daemon's loop, one at a time: a hash is slow on purpose,
-/// and somebody who tries passwords must not hold up pages.
+/// Checks and hashes passwords on a thread of its own, one at a time: a hash is slow on purpose,
+/// and somebody who tries passwords must not delay pages.
 class PasswordWorker {
 public:
     struct Job {
         std::uint64_t ticket;
         std::string password;
-        std::optional<std::string> hash;  ///< what the password must match, if anything
+        std::optional<std::string> hash;  ///< the password must match it; none: not compared
         std::string newPassword;  ///< to be hashed when the password matches; empty for none
     };
 
@@ -44,7 +44,7 @@ public:
     /// Readable when there is a result.
     int getDescriptor() const { return m_wake.get(); }
 
-    /// The verdict on the job, once it is there; the worker is idle then.
+    /// The result of the job, if it is ready; the worker is idle then.
     std::optional<Result> takeResult();
 
 private:

@@ -6,7 +6,7 @@
 
 namespace ORVLib::Board {
 
-/// How often sources have tried passwords lately. Each count halves within HALF_LIFE.
+/// Counts the recent attempts of sources. Each count halves within HALF_LIFE.
 ///
 /// A source is identified by a digest of its name. The number of sources is bounded: beyond it, the
 /// source with the lowest count is forgotten.
@@ -20,7 +20,7 @@ public:
 
     void note(std::uint64_t source, Clock::time_point now);
 
-    /// The source's attempts, as a whole number; 0 for one not seen for long.
+    /// The source's attempts, rounded; 0 for an unknown source.
     int count(std::uint64_t source, Clock::time_point now) const;
 
     void forget(std::uint64_t source);

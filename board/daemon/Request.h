@@ -22,7 +22,7 @@ struct Request {
     /// True for a log-in and for the writing of an item with a password.
     bool hasPassword() const;
 
-    /// True when an item is read, written or exchanged, as far as the ID tells.
+    /// True when the message type is that of an access to an item, known or not.
     bool isItemAccess() const { return (type & FAMILY_MASK) == FAMILY && access != ACCESS_MASK; }
 
     std::uint32_t type = 0;

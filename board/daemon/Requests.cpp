@@ -25,7 +25,7 @@ std::string readText(const std::string& record, std::size_t offset, std::size_t 
     return text;
 }
 
-// What a client calls itself must not be able to forge a field of the event log.
+// The client's text must not forge a field of the event log.
 std::string printable(std::string text) {
     for (char& character : text) {
         if (character < ' ' || character > '~') {
@@ -61,7 +61,7 @@ PException failure(const std::exception& error) {
     return boardError(ERROR_BOARD_FAILURE, error.what(), 0, ACTION_STATE);
 }
 
-// Runs a step and turns what it throws into an error response.
+// Runs a step; an exception becomes an error response.
 template <class Step>
 Reply answered(const Step& step) {
     try {

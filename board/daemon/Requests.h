@@ -18,14 +18,14 @@ namespace ORVLib::Board {
 class Requests {
 public:
     struct PasswordCheck {
-        std::string user;  ///< whose password is compared; empty when none is
+        std::string user;  ///< of the password; empty when none is compared
         std::string password;
-        std::optional<std::string> hash;  ///< what the password must match, if anything
-        std::string address;              ///< where a login comes from
+        std::optional<std::string> hash;  ///< the password must match it; none: not compared
+        std::string address;              ///< of a log-in's client
         std::string device;       ///< digest of the ID of the device, if it is one of the user's
-        std::string newPassword;  ///< what a password is changed to
-        std::string account;      ///< whom the attempt counts for
-        std::string source;       ///< who tries
+        std::string newPassword;  ///< the password after a change
+        std::string account;      ///< the user whose rate limit applies
+        std::string source;       ///< of the attempt: see PasswordQueue
         bool isKnown = false;     ///< the source is the account's own
     };
 
@@ -35,8 +35,8 @@ public:
     /// Executes a request without a password. Errors are in the reply.
     Reply handle(const Request& request);
 
-    /// Throws PException for a request that is refused before its password is looked at, and when
-    /// the state fails.
+    /// Throws PException for a request that is refused before its password is checked, and when the
+    /// state fails.
     PasswordCheck beginPasswordCheck(const Request& request);
 
     /// `newHash` is that of the new password, if there is one and the password matches.

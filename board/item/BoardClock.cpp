@@ -16,19 +16,19 @@ constexpr Field SOURCE = word("manual|servers");
 const char* const SERVERS = "servers";
 constexpr Field SERVER = orEmpty(ADDRESS);
 
-// What is written; the time counts only when somebody sets it.
+// The content that is written. Date and time count with the source "manual" only.
 enum TimeField { TIME_DATE, TIME_TIME, TIME_ZONE, TIME_SOURCE, TIME_SERVER };
 constexpr Field TIME_FIELDS[] = {text(0, 64), text(0, 64), ZONE, SOURCE, SERVER, SERVER};
 
-// What is stored: seconds that the board is ahead, and the rest as written.
+// The content that is stored: the seconds that the board's clock is ahead, and the rest as written.
 enum StoredField { STORED_OFFSET, STORED_ZONE };
 constexpr Field STORED[] = {number(INT_MIN, INT_MAX), ZONE, SOURCE, SERVER, SERVER};
 
-// What a backup has.
+// The content in a backup.
 enum SettingField { SETTING_ZONE, SETTING_SOURCE, SETTING_SERVER };
 constexpr Field SETTINGS[] = {ZONE, SOURCE, SERVER, SERVER};
 
-// Where the clock stops: behind it are no days that could be written.
+// The clock stops here: later days cannot be written.
 constexpr std::int64_t LAST_SECOND = (std::int64_t{LAST_DAY} + 1) * SECONDS_PER_DAY - 1;
 
 bool isStored(const std::string& content) {
@@ -39,7 +39,7 @@ int parseOffset(const std::string& stored) {
     return *parseNumber(parseTexts(stored)->at(STORED_OFFSET), INT_MIN, INT_MAX);
 }
 
-// Where the time that was set is from the machine's. The event log has no times before 1970.
+// The offset of the time that is set to the machine's. The event log has no times before 1970.
 std::int64_t measureOffset(const Call& call, const Record& fields) {
     if (fields[TIME_SOURCE] == SERVERS) {
         return 0;
@@ -78,7 +78,7 @@ bool isSettings(const std::string& content) {
 
 std::int64_t restoreSettings(const BoardState& state, std::string& content) {
     Record fields = *parseTexts(content);
-    // In its new zone, too, the clock must have reached its beginning, or it would stand.
+    // In the new zone, too, the clock must not be before 1970, or it would not run.
     const std::int64_t lowest = -BoardState::getMachineTime() - *parseZone(fields[SETTING_ZONE]);
     const std::int64_t offset =
         fields[SETTING_SOURCE] == SERVERS ? 0 : std::max(state.getTimeOffset(), lowest);
@@ -89,7 +89,7 @@ std::int64_t restoreSettings(const BoardState& state, std::string& content) {
 
 void start(BoardState& state) {
     const auto stored = state.readItem(ITEM_CLOCK);
-    if (stored && isStored(*stored)) {  // whoever reads a damaged one sees an error
+    if (stored && isStored(*stored)) {  // reading a damaged one fails
         state.setTimeOffset(parseOffset(*stored));
     }
 }

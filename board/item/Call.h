@@ -13,13 +13,13 @@ namespace ORVLib::Board {
 class FirmwareStage;
 class Installation;
 
-/// Who asks.
+/// The user of a request, and the session.
 struct Caller {
     User user;
     std::string sessionId;
 };
 
-/// What the board consists of.
+/// The parts of the board.
 struct Parts {
     BoardState& state;
     Sessions& sessions;
@@ -42,7 +42,7 @@ struct Call : Parts {
     }
 };
 
-/// An item that the board made itself. Throws DatabaseError when it is missing or damaged.
+/// An item that every board has. Throws DatabaseError when it is missing or damaged.
 std::string readValid(BoardState& state, std::uint32_t id, Validator isValid);
 
 }  // namespace ORVLib::Board

@@ -13,7 +13,7 @@ bool isFilter(const std::string& content);
 /// ITEM_EVENTS: the events that the call's content asks for, newest first.
 std::string answer(const Call& call);
 
-/// ITEM_OWN_EVENT_FILTER: what the user last wanted to see of the log.
+/// ITEM_OWN_EVENT_FILTER: the filter that the user chose last.
 std::string readFilter(const Call& call);
 void writeFilter(const Call& call);
 

@@ -44,7 +44,7 @@ std::string requireVersion(const Call& call) {
     return *version;
 }
 
-// The piece that makes the image whole is the one with which it has been received.
+// The image has been received when a piece completes it.
 void noteReceived(const Call& call) {
     const auto version = call.stage.getVersion();
     if (!version) {
@@ -53,7 +53,7 @@ void noteReceived(const Call& call) {
     try {
         call.state.logEvent(call.makeEvent(EventCode::IMAGE_RECEIVED, *version));
     } catch (const DatabaseError&) {
-        call.stage.drop();  // or what was refused would be there
+        call.stage.drop();  // a refused piece must not stay
         throw;
     }
 }

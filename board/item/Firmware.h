@@ -4,10 +4,10 @@
 
 #include "item/Call.h"
 
-/// The way of a firmware image onto the board.
+/// Receives and installs a firmware image.
 namespace ORVLib::Board::Firmware {
 
-/// What is written to ITEM_FIRMWARE_STAGE, ITEM_FIRMWARE_START and ITEM_FIRMWARE_DROP.
+/// Contents of ITEM_FIRMWARE_STAGE, ITEM_FIRMWARE_START and ITEM_FIRMWARE_DROP.
 bool isPiece(const std::string& content);
 bool isDigest(const std::string& content);
 bool isDrop(const std::string& content);
@@ -27,7 +27,7 @@ void drop(const Call& call);
 /// ITEM_PROGRESS.
 std::string readProgress(const Call& call);
 
-/// Drops the image of a session that is over.
+/// Drops the image of a session that has ended.
 void dropOrphan(const Parts& parts);
 
 }  // namespace ORVLib::Board::Firmware

@@ -39,7 +39,7 @@ int openNew(const std::string& path) {
                   S_IRUSR | S_IWUSR);
 }
 
-// Sessions, settings and events are written to the same disk, and come first.
+// Sessions, settings and events need space on the same disk.
 bool leavesReserve(int file, std::size_t added) {
     struct statvfs disk {};
     return ::fstatvfs(file, &disk) == 0 &&

@@ -10,20 +10,20 @@
 
 namespace ORVLib::Board {
 
-/// The file in which a firmware image gathers. It belongs to one session, is readable for the
-/// daemon's user only, and lives no longer than the daemon.
+/// The file that receives a firmware image. It belongs to one session, is readable for the daemon's
+/// user only, and is deleted when the daemon ends.
 class FirmwareStage {
 public:
     static constexpr std::size_t MAX_SIZE = std::size_t{96} * 1024 * 1024;
 
-    /// Removes what a daemon that was killed left at `path`.
+    /// Removes a file at `path` that a killed daemon left.
     explicit FirmwareStage(std::string path);
     ~FirmwareStage() { drop(); }
 
     FirmwareStage(const FirmwareStage&) = delete;
     FirmwareStage& operator=(const FirmwareStage&) = delete;
 
-    /// Starts a new image in place of what there is. Throws std::system_error.
+    /// Begins a new image in place of any other. Throws std::system_error.
     void begin(const std::string& sessionId);
 
     /// Appends to the image. When that fails, or would fill the disk, drops it and throws

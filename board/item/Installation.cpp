@@ -23,7 +23,7 @@ constexpr Field PROGRESS[] = {word("idle|running|done|failed"), number(0, 100),
 
 void Installation::noteInterruption() {
     const auto progress = m_state.readItem(ITEM_PROGRESS);
-    if (progress && isProgress(*progress)) {  // whoever reads a damaged one sees an error
+    if (progress && isProgress(*progress)) {  // reading a damaged one fails
         const Record fields = *parseTexts(*progress);
         if (fields[STATE] == RUNNING) {
             m_state.writeItem(ITEM_PROGRESS, formatRecord({FAILED, "0", fields[VERSION]}),

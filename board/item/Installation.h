@@ -7,8 +7,8 @@
 
 namespace ORVLib::Board {
 
-/// The installation of a firmware. It takes as long as it would on a board, and does nothing but
-/// change the version the product has. A daemon that ends meanwhile has spoilt it.
+/// The installation of a firmware. It takes as long as on a board, and only changes the version of
+/// the product. It fails when the daemon ends before it is finished.
 class Installation {
 public:
     using Clock = std::chrono::steady_clock;
@@ -16,8 +16,8 @@ public:
     /// `state` must outlive this.
     explicit Installation(BoardState& state) : m_state(state) {}
 
-    /// Takes note of an installation that the daemon's run before did not finish. Throws
-    /// DatabaseError, without which its progress is that of a failed one, too.
+    /// Stores that an installation of the daemon's previous run failed. When this throws
+    /// DatabaseError, readProgress() reports the failure all the same.
     void noteInterruption();
 
     bool isRunning() const { return !m_version.empty(); }

@@ -85,8 +85,8 @@ bool isAddresses(const std::string& content) {
     return parseRecord(content, ADDRESSES).has_value();
 }
 
-// Four services: whether each is on, and its port. Without HTTP and HTTPS nobody could log in to
-// turn one on again.
+// Four services: whether each is on, and its port. Without HTTP and HTTPS nobody could log in and
+// enable one again.
 bool isServices(const std::string& content) {
     const auto record = parseRecord(content, SERVICES);
     if (!record) {

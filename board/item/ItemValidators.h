@@ -5,8 +5,8 @@
 
 #include "wire/Fields.h"
 
-/// What the items that are stored as they come may hold: the checks, and the fields that other
-/// parts of the board look at.
+/// Validators of the items that are stored as written, and the fields that other parts of the board
+/// use.
 namespace ORVLib::Board {
 
 /// The fields of ITEM_SERVICES that the HTTPS port is.

@@ -19,9 +19,8 @@ public:
     /// Refuses a write that the caller may not do, and a content that does not fit the item.
     void checkWrite(const NamedItem& item, const std::string& content, const Caller& caller);
 
-    /// As checkWrite(), and then stores the content or does what it asks for. Updates `caller` with
-    /// what the write changed of the user. `passwordHash` is that of the new password in the
-    /// content, if there is one.
+    /// As checkWrite(), then writes the item. Updates `caller` when the write changes the user.
+    /// `passwordHash` is that of the new password in the content, if there is one.
     void write(const NamedItem& item, const std::string& content, Caller& caller,
                const std::string& passwordHash = "");
 

@@ -4,7 +4,7 @@
 
 #include "item/Call.h"
 
-/// What belongs to the user who asks.
+/// The settings of the calling user.
 namespace ORVLib::Board::OwnSettings {
 
 /// ITEM_OWN_LANGUAGE.
@@ -15,8 +15,8 @@ void writeLanguage(const Call& call);
 std::string readInterval(const Call& call);
 void writeInterval(const Call& call);
 
-/// ITEM_OWN_PASSWORD: stores the hash and ends the user's other sessions, for whoever knew the old
-/// password is out.
+/// ITEM_OWN_PASSWORD: stores the hash and ends the user's other sessions, which may be of somebody
+/// who knew the old password.
 void writePassword(const Call& call);
 
 }  // namespace ORVLib::Board::OwnSettings

@@ -17,7 +17,7 @@ const std::string OFF = "off";
 
 struct Operation {
     const char* name;
-    bool from;  ///< carried out on partitions that are on, or off
+    bool from;  ///< the state of the partitions that it changes
     bool to;
     EventCode event;
 };
@@ -38,7 +38,7 @@ struct Part {
     const char* reading;
 };
 
-// What is built into the sample board. The event log ends with what is wrong here.
+// The parts of the sample board. The last events of a fresh board report their faults.
 constexpr Part PARTS[] = {
     {"power-supply", "1", "normal", "415 W"}, {"power-supply", "2", "error", "0 W"},
     {"fan", "1", "normal", "4200 rpm"},       {"fan", "2", "warning", "1900 rpm"},
@@ -54,7 +54,7 @@ bool isState(const std::string& content) {
 const Operation& findOperation(const std::string& content) {
     const std::string name = parseTexts(content)->front();
     const Operation* operation = OPERATIONS;
-    while (operation->name != name) {  // the rule lets no other through
+    while (operation->name != name) {  // the validator lets no other through
         ++operation;
     }
     return *operation;
@@ -88,8 +88,8 @@ const std::string& nameOf(bool power) {
     return power ? ON : OFF;
 }
 
-// Carries the operation out on the partitions from `first` to the one before `end`, all at once.
-// Where the power is damaged it is taken for off, and off is written, or it would stay damaged.
+// Executes the operation on the partitions from `first` to the one before `end` in one change. A
+// damaged power state counts as off, and is repaired.
 void operate(const Call& call, std::uint32_t first, std::uint32_t end) {
     const Operation& operation = findOperation(call.content);
     StoredItems changes;

@@ -52,7 +52,7 @@ std::uint32_t parsePartitions(const std::string& text) {
     return partitions;
 }
 
-// Partitions, of those the board has, are for those, and needed by those, whose role they are.
+// The role "partition" needs partitions, of those the board has; no other role has any.
 bool isUser(const std::optional<Record>& record) {
     if (!record || !isName((*record)[USER_NAME])) {
         return false;
@@ -96,7 +96,7 @@ User requireUser(const Call& call, const std::string& name) {
     return *user;
 }
 
-// Somebody must be left who can manage the users.
+// An administrator must be left.
 void requireAnotherAdministrator(const Call& call, const std::string& name) {
     const std::vector<User> users = call.state.readUsers();
     if (std::none_of(users.begin(), users.end(), [&name](const User& user) {
@@ -176,7 +176,7 @@ void edit(const Call& call) {
 
 void remove(const Call& call) {
     const User user = requireUser(call, parseTexts(call.content)->front());
-    if (user.name == call.getUser().name) {  // the last administrator, too, can only be the caller
+    if (user.name == call.getUser().name) {  // keeps the last administrator, too
         throw boardError(ERROR_LAST_ADMINISTRATOR, "nobody can remove himself", call.id);
     }
     call.sessions.removeUser(user.name, call.makeEvent(EventCode::USER_REMOVED, user.name));

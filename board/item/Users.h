@@ -4,10 +4,10 @@
 
 #include "item/Call.h"
 
-/// The users and who of them is logged in.
+/// The users and their sessions.
 namespace ORVLib::Board::Users {
 
-/// What is written to ITEM_USER_ADD, ITEM_USER_EDIT and ITEM_USER_REMOVE.
+/// Contents of ITEM_USER_ADD, ITEM_USER_EDIT and ITEM_USER_REMOVE.
 bool isNewUser(const std::string& content);
 bool isChangedUser(const std::string& content);
 bool isUserName(const std::string& content);

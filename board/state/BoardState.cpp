@@ -21,7 +21,7 @@ std::chrono::system_clock::time_point toTime(std::int64_t seconds) {
     return std::chrono::system_clock::time_point(std::chrono::seconds(seconds));
 }
 
-// Whoever answers with a text ends it with a NUL, or its line.
+// Answers end a text with a NUL, so it must not contain one.
 std::string readText(const Query& query, int column) {
     std::string text = query.getBytes(column);
     if (!isPrintable(text)) {
@@ -199,7 +199,7 @@ void BoardState::addDevice(const std::string& digest, const std::string& user,
     transaction.commit();
 }
 
-// With a new number, which is the highest: they are in the order of their last use.
+// The row gets a new number, the highest, so that the numbers are in the order of the last use.
 void BoardState::replaceDevice(const std::string& digest, const std::string& user) {
     m_database.query("REPLACE INTO devices (user, digest) VALUES (?, ?)")
         .bind(user)
@@ -283,8 +283,8 @@ void BoardState::insertEvent(const Event& event, std::int64_t time) {
     trimEvents(static_cast<int>(event.code));
 }
 
-// Whoever guesses passwords must not be able to fill the log. False when there is no row of the
-// last minutes to count in.
+// Guessed passwords must not fill the log. False when no row of the last minutes can count the
+// event.
 bool BoardState::countRepetition(const Event& event, std::int64_t time) {
     Query row = m_database.query(
         "SELECT max(number) FROM events"
@@ -345,7 +345,7 @@ std::int64_t BoardState::getMachineTime() {
     return toSeconds(std::chrono::system_clock::now());
 }
 
-// What happened before the clock was set back may lie before its beginning.
+// After the clock was set back, the time of an earlier event may be before 1970.
 std::int64_t BoardState::toBoardTime(StoredSession::Time time) const {
     return std::max<std::int64_t>(toSeconds(time) + m_timeOffset, 0);
 }

@@ -50,7 +50,7 @@ public:
     std::optional<User> findUser(const std::string& name);
     /// All users, in the order of their names.
     std::vector<User> readUsers();
-    /// Adds the user, or replaces what is known of the one with this name.
+    /// Adds the user, or replaces the one with this name.
     void storeUser(const User& user, const Event& event);
     /// As storeUser(), and ends all of the user's sessions but `keptSession`. With another password
     /// all of the user's devices are forgotten but that session's.
@@ -67,10 +67,10 @@ public:
     bool hasDevice(const std::string& digest);
     /// True for a device of this user.
     bool hasDevice(const std::string& digest, const std::string& user);
-    /// Makes a session's device one of its user's; the longest unused one may make way for it.
+    /// Adds the session's device to its user's. The one unused for longest may be removed for it.
     void addDevice(const std::string& digest, const std::string& user, const std::string& session);
 
-    /// Forgets the sessions that `session` takes the room of, too.
+    /// Also removes the sessions in `ended`, which make room for `session`.
     void addSession(const StoredSession& session, const std::vector<std::string>& ended,
                     const Event& event);
     void removeSession(const std::string& id, const Event& event);
@@ -80,14 +80,15 @@ public:
                         const std::vector<TimedEvent>& events);
 
     /// Keeps a bounded number of events of each code. Where there are more, the user who has most
-    /// of them loses the oldest: nobody can push out what others did, or what the hardware did.
+    /// of them loses the oldest, so that no user can push out the events of others or of the
+    /// hardware.
     /// Refused log-ins that repeat are counted in the row of the first.
     void logEvent(const Event& event);
     std::vector<StoredEvent> readEvents(const EventQuery& query);
 
     /// The board's clock: seconds since 1970, UTC, ahead of the machine's clock by the offset.
     std::int64_t getTime() const { return toBoardTime(std::chrono::system_clock::now()); }
-    /// As that clock would have shown it, from 0.
+    /// The time on that clock, at least 0.
     std::int64_t toBoardTime(StoredSession::Time time) const;
     static std::int64_t getMachineTime();
     std::int64_t getTimeOffset() const { return m_timeOffset; }

@@ -53,7 +53,7 @@ void Query::check(int code) const {
     }
 }
 
-// SQLite's words, and the system's for what it could not do.
+// SQLite's text, and the system's for its own error.
 static std::string describe(sqlite3* handle) {
     const int error = sqlite3_system_errno(handle);
     return sqlite3_errmsg(handle) +

@@ -5,7 +5,7 @@
 
 namespace ORVLib::Board {
 
-/// What can happen. The hundreds are the source.
+/// Codes of events. The hundreds are the source.
 enum class EventCode : int {
     LOGGED_IN = 101,
     LOGIN_REFUSED = 102,
@@ -33,12 +33,12 @@ enum class EventCode : int {
     MAINTENANCE_CHANGED = 601
 };
 
-/// Ordered: what is looked for has at least some severity.
+/// In ascending order: a query has a lowest severity.
 enum class Severity : int { INFO, WARNING, ERROR };
 
 Severity getSeverity(EventCode code);
 
-/// The event log's names, as they stand in records.
+/// The names in the event log and in records.
 const char* getName(Severity severity);
 /// REQUIRES: `name` is a severity's name.
 Severity parseSeverity(const std::string& name);
@@ -76,7 +76,7 @@ struct EventQuery {
     Severity severity;    ///< at least
     int source;           ///< hundreds of the codes, 0 for all
     std::int64_t from;    ///< first second
-    std::int64_t until;   ///< the second behind the last one
+    std::int64_t until;   ///< the second after the last one
     std::int64_t before;  ///< only those with smaller numbers
     int count;            ///< at most
 };

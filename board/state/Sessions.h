@@ -11,17 +11,17 @@
 
 namespace ORVLib::Board {
 
-/// Who is logged in.
+/// The sessions of the users who are logged in.
 ///
-/// A session ends when it has not been used for the timeout, and the longest unused one of a user
-/// who has too many makes room for a new one. Last uses are kept in memory and stored now and
-/// then: after a crash a session may seem used that much earlier, and lasts that much less.
+/// A session ends when it has not been used for the timeout. When a user has too many, a new one
+/// replaces the one unused for longest. The time of the last use is kept in memory and stored at an
+/// interval: after a crash a session may end earlier by that interval.
 class Sessions {
 public:
     static constexpr std::chrono::seconds STORE_INTERVAL{60};
 
-    /// Takes up the sessions of the daemon's run before; none when ends of some could not be stored
-    /// in it. `state` must outlive this. The end marker is kept in the file `markerPath`.
+    /// Restores the sessions of the daemon's previous run, or none when that run could not store
+    /// the end of one. `state` must outlive this. The end marker is kept in the file `markerPath`.
     Sessions(BoardState& state, std::chrono::seconds timeout, const std::string& markerPath);
 
     /// Starts a session and returns its ID: 31 random characters.
@@ -29,7 +29,7 @@ public:
     std::string open(const std::string& user, const std::string& address, const std::string& device,
                      const Event& event);
 
-    /// The user of a session, which counts as used when `renew` is set; none when it is over.
+    /// The user of a session, which counts as used when `renew` is set; none when it has ended.
     std::optional<std::string> find(const std::string& id, bool renew);
 
     /// The digest of the session's device; empty without one. REQUIRES: there is such a session.
@@ -37,21 +37,21 @@ public:
     /// Stores the device as one of the user's. REQUIRES: there is such a session.
     void setDevice(const std::string& id, const std::string& digest);
 
-    /// The session is over when this returns, also after a crash: an end that cannot be stored is
-    /// marked, and store() tries again. Throws when not even the marker can be written.
+    /// Ends the session, for good even after a crash: an end that cannot be stored is marked, and
+    /// store() tries again. Throws when the marker cannot be written either.
     void close(const std::string& id, const Event& event);
 
     /// Stores a user with a new password or other rights, and ends all of the user's sessions but
-    /// `keptId`: whoever knew the old password, or had the old rights, is out.
+    /// `keptId`, which may be of somebody with the old password or the old rights.
     void resetUser(const User& user, const std::string& keptId, const Event& event);
 
     /// Removes a user and ends the user's sessions.
     void removeUser(const std::string& name, const Event& event);
 
-    /// The sessions that are not over.
+    /// The sessions that have not ended.
     std::vector<StoredSession> list() const;
 
-    /// Stores what changed since the last time.
+    /// Stores the changes since the last call.
     void store();
 
 private:
@@ -79,8 +79,8 @@ private:
     std::chrono::seconds m_timeout;
     Table m_sessions;
     EndMarker m_marker;
-    std::vector<std::string> m_ended;     ///< and not yet forgotten by the state
-    std::vector<TimedEvent> m_endEvents;  ///< that tell of them
+    std::vector<std::string> m_ended;     ///< but not yet removed from the state
+    std::vector<TimedEvent> m_endEvents;  ///< of these ends
 };
 
 }  // namespace ORVLib::Board

@@ -17,7 +17,7 @@ using namespace Protocol;
 /// Partitions that the board has, from 0.
 constexpr std::uint32_t PARTITION_COUNT = 4;
 
-/// The exception of an error response: what is wrong and the number it is wrong with.
+/// The exception of an error response: its text, and the number that is wrong.
 inline PException boardError(ErrorDetail detail, const char* what, std::uint32_t number = 0,
                              ErrorAction actionCode = ACTION_NONE) {
     const auto argument = static_cast<int>(number);

@@ -18,8 +18,7 @@ struct Telegram {
     unsigned char language = 0;
     Authority authority;
 
-    /// Takes what counts of a request from the bytes of its telegram. REQUIRES: bytes.size() ==
-    /// TelegramLayout::SIZE.
+    /// The fields of a request's telegram. REQUIRES: bytes.size() == TelegramLayout::SIZE.
     static Telegram parse(const std::string& bytes);
 
     std::string format() const;
