@@ -1,4 +1,5 @@
-// Anything that a client can send: every request gets a well-formed answer, and the state stays usable.
+// Anything that a client can send: every request gets a well-formed answer, and the state stays
+// usable.
 #include <poll.h>
 
 #include <filesystem>

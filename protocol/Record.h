@@ -15,7 +15,7 @@ using Record = std::vector<std::string>;
 inline std::string formatRecord(const Record& texts) {
     std::string bytes;
     for (const std::string& text : texts) {
-        bytes += text.c_str();
+        bytes.append(text, 0, text.find('\0'));
         bytes += '\0';
     }
     return bytes.empty() ? std::string(1, '\0') : bytes;
