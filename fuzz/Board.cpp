@@ -7,6 +7,7 @@
 
 #include "Peer.h"
 #include "daemon/Client.h"
+#include "daemon/Requests.h"
 #include "item/BoardClock.h"
 #include "item/Firmware.h"
 #include "item/FirmwareStage.h"
