@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <system_error>
 
-#include "common/WriteAll.h"
+#include "common/FileIo.h"
 #include "item/ItemValidators.h"
 #include "wire/Telegram.h"
 

@@ -21,4 +21,12 @@ const Output& Output::operator<<(int number) const {
     return *this << std::string_view(digits, static_cast<std::size_t>(written.ptr - digits));
 }
 
+void Output::endLine() const {
+    std::cout << std::endl;
+}
+
+bool Output::flush() const {
+    return !std::cout.flush().fail();
+}
+
 }  // namespace ORVLib::Gui

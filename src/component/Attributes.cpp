@@ -1,7 +1,5 @@
 #include "component/Attributes.h"
 
-#include <iostream>
-
 #include "base/Output.h"
 #include "gui/DisplayMode.h"
 #include "gui/MessageMgr.h"
@@ -48,6 +46,21 @@ void printNumberedValue(const std::string& value, const std::string& name, int n
     output << " value=\"" << value << "\" name=\"" << name << number << '"';
 }
 
+void printBoxStart(const NumberedBox& box, const std::string& name) {
+    output << "<input type=\"text\"";
+    printSizes(box.size, box.maxLength);
+    output << box.style;
+    printNumberedValue(box.value, name, box.number);
+}
+
+void printBox(const NumberedBox& box, const std::string& name, const std::string& onFocus,
+              const int* displayMode) {
+    printBoxStart(box, name);
+    output << ' ' << onFocus;
+    printDisabledUnlessEditable(displayMode);
+    output << '>';
+}
+
 void printDisabled() {
     output << " class=\"disabled\" disabled";
 }
@@ -56,10 +69,6 @@ void printDisabledUnlessEditable(const int* displayMode) {
     if (!isEditable(displayMode)) {
         printDisabled();
     }
-}
-
-void printLineEnd() {
-    std::cout << std::endl;
 }
 
 }  // namespace ORVLib::Gui

@@ -7,10 +7,10 @@ namespace ORVLib::Gui {
 /// True for fields that the user may change. `displayMode` may be null.
 bool isEditable(const int* displayMode);
 
-/// True when a read-only field is to carry its values on in hidden inputs.
+/// True when a read-only field carries its values to the next page in hidden inputs.
 bool isCarried(const int* displayMode);
 
-/// A copy of `value` that can stand between double quotes in an attribute.
+/// A copy of `value` for an attribute in double quotes.
 std::string quoteEscaped(std::string value);
 
 /// A complete event attribute that calls a script function, with a blank in front.
@@ -27,14 +27,27 @@ void printEvent(const char* event, const std::string& script, bool quoted = fals
 /// Writes the size and maxlength attributes of a text input.
 void printSizes(int size, int maxLength);
 
+/// One of the text boxes that make up a field. Its name is the field's name followed by its number.
+struct NumberedBox {
+    int size;
+    int maxLength;
+    const std::string& value;
+    int number;
+    const char* style = "";  ///< a complete attribute with a blank in front, or nothing
+};
+
+/// Writes the box without its closing bracket.
+void printBoxStart(const NumberedBox& box, const std::string& name);
+
+/// Writes the box, disabled unless it may be changed. `onFocus` is a complete attribute or empty.
+void printBox(const NumberedBox& box, const std::string& name, const std::string& onFocus,
+              const int* displayMode);
+
 /// Writes value and name of one of the inputs that make up a field.
 void printNumberedValue(const std::string& value, const std::string& name, int number);
 
-/// Writes the attributes that grey an input out and keep it from being used.
+/// Writes the attributes of an input that is shown grey and cannot be changed.
 void printDisabled();
 void printDisabledUnlessEditable(const int* displayMode);
-
-/// Ends the line and sends what is printed so far, so that long lists show as they come.
-void printLineEnd();
 
 }  // namespace ORVLib::Gui

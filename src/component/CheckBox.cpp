@@ -15,7 +15,7 @@ void CheckBox::printHTML() const {
     bool isFirst = true;
     for (const auto& box : m_items) {
         if (!isFirst) {
-            printLineEnd();
+            output.endLine();
         }
         isFirst = false;
         printBox(*box);

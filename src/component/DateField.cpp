@@ -39,23 +39,12 @@ void DateField::setOnFocusFunction(std::string function, std::string arguments) 
 }
 
 void DateField::printHTML() const {
-    struct Box {
-        int size;
-        int maxLength;
-        const std::string& text;
-        const char* end;
-    };
-    const Box boxes[] = {{5, 4, m_year, ">-"}, {3, 2, m_month, ">-"}, {3, 2, m_day, ">"}};
-    int number = 0;
-    for (const Box& box : boxes) {
-        output << "<input type=\"text\"";
-        printSizes(box.size, box.maxLength);
-        printNumberedValue(box.text, getName(), number++);
-        output << ' ' << m_onFocus;
-        printDisabledUnlessEditable(m_displayMode);
-        output << box.end;
-    }
-    printLineEnd();
+    printBox({5, 4, m_year, 0}, getName(), m_onFocus, m_displayMode);
+    output << '-';
+    printBox({3, 2, m_month, 1}, getName(), m_onFocus, m_displayMode);
+    output << '-';
+    printBox({3, 2, m_day, 2}, getName(), m_onFocus, m_displayMode);
+    output.endLine();
 }
 
 bool DateField::isError() const {

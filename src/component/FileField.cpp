@@ -12,7 +12,7 @@ void FileField::printHTML() const {
     }
     output << (getValue().empty() ? "&nbsp;" : getValue());
     if (isCarried(m_displayMode)) {
-        printLineEnd();
+        output.endLine();
         printInputStart("hidden", getName(), getValue());
         output << '>';
     }

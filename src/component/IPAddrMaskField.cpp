@@ -7,6 +7,16 @@
 
 namespace ORVLib::Gui {
 
+namespace {
+
+void printHiddenInput(const std::string& value, const std::string& name, int number) {
+    output << "<input type=\"hidden\"";
+    printNumberedValue(value, name, number);
+    output << '>';
+}
+
+}  // namespace
+
 // Programs that were built when the number was passed by value link this name.
 extern "C" ORVGUI_EXPORT void orvguiSetMaskBit(IPAddrMaskField* field, int bits) __asm__(
     "_ZN6ORVLib3Gui15IPAddrMaskField10setMaskBitEi");
@@ -42,20 +52,16 @@ void IPAddrMaskField::printHTML() const {
 
 void IPAddrMaskField::printBoxes() const {
     for (int i = 0; i < ADDR_BYTE_SIZE; ++i) {
-        output << "<input type=\"text\"";
-        printSizes(IP_SIZE, IP_MAX_LENGTH);
-        printNumberedValue(getAddress(i), getName(), i);
+        printBoxStart({IP_SIZE, IP_MAX_LENGTH, getAddress(i), i}, getName());
         output << '>';
         if (i < ADDR_BYTE_SIZE - 1) {
             output << "&nbsp;.";
-            printLineEnd();
+            output.endLine();
         }
     }
     output << "&nbsp;/";
-    printLineEnd();
-    output << "<input type=\"text\"";
-    printSizes(MASK_SIZE, MASK_MAX_LENGTH);
-    printNumberedValue(m_mask, getName(), ADDR_BYTE_SIZE);
+    output.endLine();
+    printBoxStart({MASK_SIZE, MASK_MAX_LENGTH, m_mask, ADDR_BYTE_SIZE}, getName());
     output << '>';
 }
 
@@ -69,16 +75,12 @@ void IPAddrMaskField::printReadOnlyText() const {
 }
 
 void IPAddrMaskField::printHiddenInputs() const {
-    printLineEnd();
+    output.endLine();
     for (int i = 0; i < ADDR_BYTE_SIZE; ++i) {
-        output << "<input type=\"hidden\"";
-        printNumberedValue(getAddress(i), getName(), i);
-        output << '>';
-        printLineEnd();
+        printHiddenInput(getAddress(i), getName(), i);
+        output.endLine();
     }
-    output << "<input type=\"hidden\"";
-    printNumberedValue(m_mask, getName(), ADDR_BYTE_SIZE);
-    output << '>';
+    printHiddenInput(m_mask, getName(), ADDR_BYTE_SIZE);
 }
 
 bool IPAddrMaskField::isError() const {

@@ -44,13 +44,8 @@ void IPAddressField::setOnFocusFunction(std::string function, std::string argume
 
 void IPAddressField::printHTML() const {
     for (int i = 0; i < ADDR_BYTE_SIZE; ++i) {
-        output << "<input type=\"text\"";
-        printSizes(SIZE, MAX_LENGTH);
-        output << " style=\"width:30px;\"";
-        printNumberedValue(getAddress(i), getName(), i);
-        output << ' ' << m_onFocus;
-        printDisabledUnlessEditable(m_displayMode);
-        output << '>';
+        printBox({SIZE, MAX_LENGTH, getAddress(i), i, " style=\"width:30px;\""}, getName(),
+                 m_onFocus, m_displayMode);
         if (i < ADDR_BYTE_SIZE - 1) {
             output << "&nbsp;.\n";
         }

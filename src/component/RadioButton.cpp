@@ -25,7 +25,7 @@ void RadioButton::printHTML() const {
     auto itemDisabled = m_itemDisabled.begin();
     for (auto item = m_items.begin(); item != m_items.end(); ++item) {
         if (item != m_items.begin()) {
-            printLineEnd();
+            output.endLine();
         }
         printItem(item, *id, m_disabled || *itemDisabled || !isEditable(m_displayMode));
         ++id;

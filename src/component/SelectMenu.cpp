@@ -41,7 +41,7 @@ void SelectMenu::printHTML() const {
     for (const auto& [value, label] : m_options) {
         const char* const selected = index++ == m_selected ? " selected" : "";
         output << "<option value=\"" << value << '"' << selected << '>' << label;
-        printLineEnd();
+        output.endLine();
     }
     output << "</select>";
 }

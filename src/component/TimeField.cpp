@@ -29,14 +29,9 @@ void TimeField::printHTML() const {
     for (const std::string* const text : {&m_hour, &m_minute, &m_second}) {
         if (number > 0) {
             output << ':';
-            printLineEnd();
+            output.endLine();
         }
-        output << "<input type=\"text\"";
-        printSizes(3, 2);
-        printNumberedValue(*text, getName(), number++);
-        output << ' ';
-        printDisabledUnlessEditable(m_displayMode);
-        output << '>';
+        printBox({3, 2, *text, number++}, getName(), "", m_displayMode);
     }
 }
 

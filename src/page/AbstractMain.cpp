@@ -3,9 +3,9 @@
 #include <csignal>
 #include <cstdlib>
 #include <exception>
-#include <iostream>
 
 #include "base/Log.h"
+#include "base/Output.h"
 #include "common/ErrorCode.h"
 #include "gui/BackendNumbers.h"
 #include "gui/CGIRequester.h"
@@ -143,7 +143,7 @@ int AbstractMain::runPage() {
 
 /// Sends the rest of the page. Writes a trace entry when the web server did not take all of it.
 void AbstractMain::checkOutput() {
-    if (!std::cout.flush()) {
+    if (!output.flush()) {
         m_trace.putLog(Log::ERROR_LEVEL, "the page could not be written to its end");
     }
 }

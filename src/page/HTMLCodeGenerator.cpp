@@ -1,17 +1,16 @@
 #include "gui/HTMLCodeGenerator.h"
 
 #include <fcntl.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
-#include <iostream>
+#include <string_view>
 
 #include "base/Log.h"
 #include "base/Output.h"
 #include "common/ErrorCode.h"
 #include "common/FileDescriptor.h"
+#include "common/FileIo.h"
 #include "gui/HTMLPage.h"
 #include "gui/MessageMgr.h"
 
@@ -22,23 +21,15 @@ namespace {
 constexpr std::size_t BLOCK_SIZE = 16384;
 constexpr char MARKER = '$';
 
-// The message that stands where a page should be when its skeleton cannot be read.
+// The message in place of a page whose skeleton cannot be read.
 constexpr int NO_SKELETON_LANGUAGE = 0;
 constexpr int NO_SKELETON_MESSAGE = 13;
 
-ssize_t readBlock(const FileDescriptor& file, char* block) {
-    ssize_t length = 0;
-    do {
-        length = read(file.get(), block, BLOCK_SIZE);
-    } while (length < 0 && errno == EINTR);
-    return length;
-}
-
-/// Finds the markers in a skeleton that arrives in blocks.
+/// Finds the markers in a skeleton that is read in blocks.
 class MarkerScanner {
 public:
-    /// Hands the texts between markers in [block, end) to `onText`, the names of markers that
-    /// close in it to `onMarker`.
+    /// Calls `onText` with the texts between markers in [block, end), and `onMarker` with the names
+    /// of the markers that end in it.
     template <typename OnText, typename OnMarker>
     void scan(const char* block, const char* end, OnText onText, OnMarker onMarker) {
         while (block != end) {
@@ -48,7 +39,7 @@ public:
             if (m_inMarker) {
                 m_name.append(block, stop);
             } else {
-                onText(block, stop - block);
+                onText({block, static_cast<std::size_t>(stop - block)});
             }
             if (found == nullptr) {
                 return;
@@ -62,7 +53,7 @@ public:
         }
     }
 
-    /// Closes the marker that is still open, if any.
+    /// Ends the marker that is still open, if any.
     template <typename OnMarker>
     void finish(OnMarker onMarker) {
         if (m_inMarker) {
@@ -87,17 +78,17 @@ HTMLCodeGenerator::~HTMLCodeGenerator() = default;
 void HTMLCodeGenerator::printHTML() const {
     const FileDescriptor skeleton(open(m_skeletonFileName.c_str(), O_RDONLY | O_CLOEXEC));
     char block[BLOCK_SIZE];
-    ssize_t length = skeleton.isOpen() ? readBlock(skeleton, block) : -1;
+    ssize_t length = skeleton.isOpen() ? readSome(skeleton.get(), block, BLOCK_SIZE) : -1;
     if (length < 0) {
         printUnreadable();
         return;
     }
     MarkerScanner scanner;
-    const auto onText = [](const char* text, std::ptrdiff_t size) { std::cout.write(text, size); };
+    const auto onText = [](std::string_view text) { output << text; };
     const auto onMarker = [this](const std::string& name) { printMarker(name); };
     while (length > 0) {
         scanner.scan(block, block + length, onText, onMarker);
-        length = readBlock(skeleton, block);
+        length = readSome(skeleton.get(), block, BLOCK_SIZE);
     }
     scanner.finish(onMarker);
     if (length < 0) {

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <iostream>
 
 #include "base/Output.h"
 
@@ -35,7 +34,7 @@ void Cookie::printHTML() const {
     if (m_expired) {
         output << "; path=/; expires=Thu,01-Jan-1970 09:00:00 GMT";
     }
-    std::cout << std::endl;
+    output.endLine();
 }
 
 bool Cookie::isError() const {

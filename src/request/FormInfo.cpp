@@ -15,6 +15,7 @@
 #include "base/Tokens.h"
 #include "common/ByteOrder.h"
 #include "common/ErrorCode.h"
+#include "common/FileIo.h"
 #include "common/MakeException.h"
 #include "gui/BackendNumbers.h"
 #include "gui/CGIRequester.h"
@@ -204,15 +205,15 @@ unsigned int FormInfo::readToBuffer(const char* from, const char* to, unsigned i
     const unsigned int wanted = std::min(limit - kept, unread);
     unsigned int received = 0;
     while (received < wanted) {
-        const ssize_t result =
-            read(STDIN_FILENO, m_readBuffer.get() + kept + received, wanted - received);
-        if (result > 0) {
-            received += static_cast<unsigned int>(result);
-        } else if (result == 0) {
-            throw readException(LogText::INPUT_ENDED, "FormInfo::readToBuffer: 0 byte read", 0);
-        } else if (errno != EINTR) {
+        const ssize_t length =
+            readSome(STDIN_FILENO, m_readBuffer.get() + kept + received, wanted - received);
+        if (length < 0) {
             throw readException(LogText::SYSTEM_CALL_FAILED, "read", errno);
         }
+        if (length == 0) {
+            throw readException(LogText::INPUT_ENDED, "FormInfo::readToBuffer: 0 byte read", 0);
+        }
+        received += static_cast<unsigned int>(length);
     }
     m_bytesRead += wanted;
     return kept + wanted;

@@ -1,5 +1,4 @@
 #include <sys/time.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -8,6 +7,7 @@
 
 #include "base/Log.h"
 #include "common/FileDescriptor.h"
+#include "common/FileIo.h"
 #include "gui/FormInfo.h"
 #include "request/UploadGuard.h"
 
@@ -229,15 +229,13 @@ FileDescriptor FormInfo::createTemporaryFile() {
 /// of it is dropped.
 void FormInfo::writeFile(FileDescriptor& file, const char* data, unsigned int length) {
     length = std::min(length, LARGEST_UPLOAD - m_bytesWritten);
-    while (file.isOpen() && length > 0) {
-        const ssize_t written = write(file.get(), data, length);
-        if (written > 0) {
-            data += written;
-            length -= static_cast<unsigned int>(written);
-            m_bytesWritten += static_cast<unsigned int>(written);
-        } else if (written == 0 || errno != EINTR) {
-            abandonFile(file, "write");
-        }
+    if (!file.isOpen()) {
+        return;
+    }
+    if (writeAll(file.get(), {data, length})) {
+        m_bytesWritten += length;
+    } else {
+        abandonFile(file, "write");
     }
 }
 

@@ -22,12 +22,13 @@
 #include "Names.h"
 #include "TextForm.h"
 #include "common/FileDescriptor.h"
-#include "common/WriteAll.h"
+#include "common/FileIo.h"
 
 namespace {
 
 using namespace ORVLib::Catalogue;
 using ORVLib::FileDescriptor;
+using ORVLib::readSome;
 using ORVLib::writeAll;
 
 constexpr int EXIT_USAGE = 2;
@@ -109,16 +110,14 @@ std::string readFile(const std::string& path, std::size_t limit) {
     std::string content;
     char buffer[65536];
     while (true) {
-        const ssize_t got = read(file.get(), buffer, sizeof buffer);
-        if (got == 0) {
-            return content;
-        }
-        if (got < 0 && errno != EINTR) {
+        const ssize_t length = readSome(file.get(), buffer, sizeof buffer);
+        if (length < 0) {
             throw systemFailure(path, errno);
         }
-        if (got > 0) {
-            content.append(buffer, static_cast<std::size_t>(got));
+        if (length == 0) {
+            return content;
         }
+        content.append(buffer, static_cast<std::size_t>(length));
         if (content.size() > limit) {
             throw Failure(path + ": larger than " + std::to_string(limit >> 20) + " MiB");
         }

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "common/WriteAll.h"
+#include "common/FileIo.h"
 #include "framework/backend/Environment.h"
 #include "orv/OrvTrace.h"
 

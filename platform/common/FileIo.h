@@ -8,8 +8,17 @@
 
 namespace ORVLib {
 
-/// Writes all of the bytes, in as many calls as that takes. Returns false, with errno set, when the
-/// system refuses one. A signal handler may use it.
+/// As read(), and starts again when a signal interrupts it.
+inline ssize_t readSome(int descriptor, char* buffer, std::size_t size) {
+    ssize_t length = 0;
+    do {
+        length = ::read(descriptor, buffer, size);
+    } while (length < 0 && errno == EINTR);
+    return length;
+}
+
+/// Writes all bytes, in several pieces if need be. Returns false with write()'s errno when the
+/// system does not take them all. A signal handler may call it.
 inline bool writeAll(int descriptor, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
