@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-/// Big-endian numbers in byte buffers: the order of everything on the wire, in catalogue files
-/// and in serialised objects, whatever the machine's own order is.
+/// Big-endian numbers in byte buffers. On every machine, that is the order on the wire, in
+/// catalogue files and in serialised objects.
 namespace ORVLib::Bytes {
 
 inline std::uint32_t read32(const unsigned char* from) {
@@ -18,7 +18,7 @@ inline void write32(unsigned char* to, std::uint32_t number) {
     to[3] = static_cast<unsigned char>(number);
 }
 
-/// The two's complement reading of 32 bits.
+/// The signed number whose two's complement the 32 bits are.
 inline std::int32_t toSigned(std::uint32_t bits) {
     return bits <= INT32_MAX ? static_cast<std::int32_t>(bits)
                              : static_cast<std::int32_t>(bits - INT32_MAX - 1) + INT32_MIN;

@@ -23,7 +23,7 @@ enum Number : int {
 
     BUFFER_TOO_SMALL = 0x601,  ///< 1537: the buffer is too small for the serialised object
 
-    BOARD_FAILURE = 0x700,  ///< 1792: the board failed; the action code tells at what
+    BOARD_FAILURE = 0x700,  ///< 1792: the board failed; the action code tells the operation
 };
 
 // The second byte of a code.
@@ -34,7 +34,7 @@ constexpr int BOARD_FAMILY = BOARD_FAILURE;
 constexpr int ACTION_FAMILY = 0xd00;
 
 /// The code to show for `code`. For a failure of the board that is ACTION_FAMILY with the action
-/// code in the low byte, so that the user can report at what the board failed.
+/// code in the low byte, so that the user can report the operation that failed.
 constexpr int shown(int code, unsigned char actionCode) {
     return code == BOARD_FAILURE ? ACTION_FAMILY | actionCode : code;
 }

@@ -6,7 +6,7 @@
 
 namespace ORVLib {
 
-/// Owner of one file descriptor, closed when the owner goes.
+/// Owner of a file descriptor, which is closed when the object is destroyed.
 class FileDescriptor {
 public:
     explicit FileDescriptor(int descriptor = -1) : m_descriptor(descriptor) {}
@@ -22,7 +22,7 @@ public:
     int get() const { return m_descriptor; }
 
     /// Closes the descriptor if it is open. Returns false with errno set when the system reports
-    /// that something written through it may be lost.
+    /// that written bytes may be lost.
     bool close() {
         const int descriptor = std::exchange(m_descriptor, -1);
         return descriptor < 0 || ::close(descriptor) == 0;

@@ -6,8 +6,8 @@
 
 namespace ORVLib {
 
-/// Reads a whole text as a decimal number from `lowest` to `highest`: no blanks, no "+", nothing
-/// behind the digits.
+/// Reads a whole text as a decimal number from `lowest` to `highest`. Blanks, a "+" and trailing
+/// characters are refused.
 inline std::optional<int> parseNumber(std::string_view text, int lowest, int highest) {
     int number = 0;
     const char* const end = text.data() + text.size();

@@ -9,8 +9,8 @@ namespace {
 
 using Record = std::vector<std::string>;
 
-/// Reads a whole CSV text. A quote inside a bare field, text after a closing quote and a quote
-/// that is never closed are damage.
+/// Reads a whole CSV text. A text is damaged when a quote is inside a bare field, when text follows
+/// a closing quote, or when a quote is never closed.
 class CsvReader {
 public:
     explicit CsvReader(const std::string& text) : m_at(text.begin()), m_end(text.end()) {}
@@ -103,7 +103,7 @@ bool readFile(const std::string& path, std::string& text) {
     }
     try {
         text.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-    } catch (const std::ios_base::failure&) {  // a folder opens, but cannot be read
+    } catch (const std::ios_base::failure&) {  // a folder can be opened, but not read
         return false;
     }
     return !file.bad();

@@ -24,15 +24,15 @@ namespace {
 constexpr int DEFAULT_TIME_LIMIT_MS = 10 * 1000;
 constexpr int LONGEST_TIME_LIMIT_MS = 3600 * 1000;
 
-// ORV_IPC_TIMEOUT_MS, the milliseconds an exchange may take, or 10 seconds.
+// The time limit of an exchange: ORV_IPC_TIMEOUT_MS milliseconds, or 10 seconds.
 int getTimeLimit() {
     const char* const chosen = std::getenv("ORV_IPC_TIMEOUT_MS");
     return parseNumber(chosen != nullptr ? chosen : "", 1, LONGEST_TIME_LIMIT_MS)
         .value_or(DEFAULT_TIME_LIMIT_MS);
 }
 
-/// The end of what the exchange over one connection may take, so that a peer that sends a byte now
-/// and then does not hold it up for ever.
+/// The end of the time for the whole exchange over one connection, so that a peer that sends a byte
+/// now and then does not delay it for ever.
 class Deadline {
 public:
     explicit Deadline(int limitMs) : m_end(Clock::now() + std::chrono::milliseconds(limitMs)) {}
@@ -116,7 +116,7 @@ public:
     }
 
 private:
-    // False when nothing is there yet.
+    // Returns false when no byte has arrived yet.
     bool receiveSome(const char* operation) {
         const MessageStream::Arrival arrival = m_stream.receive();
         if (arrival == MessageStream::Arrival::END) {
@@ -131,8 +131,8 @@ private:
 
 constexpr const char* CONNECT = "IPCClient::getNewConnection";
 
-// A connect to a Unix-domain socket waits only while the daemon's queue is full, and for that the
-// socket's send time limit holds.
+// A connect to a Unix-domain socket waits only while the daemon's queue is full. The socket's send
+// time limit limits that.
 void limitConnect(int descriptor, int remainingMs) {
     timeval limit{};
     limit.tv_sec = remainingMs / 1000;

@@ -54,7 +54,7 @@ const sockaddr* generic(const sockaddr_un& address) {
     return reinterpret_cast<const sockaddr*>(&address);
 }
 
-// Somebody may have removed the lock file of a living daemon, so the socket is asked as well.
+// The lock file of a running daemon may have been removed, so the socket is tried as well.
 void removeStaleSocket(const std::string& path, const sockaddr_un& address) {
     struct stat found {};
     if (::lstat(path.c_str(), &found) != 0) {
@@ -85,7 +85,7 @@ IpcServer::IpcServer(const std::string& path) : m_path(path) {
     if (::bind(m_listener.get(), generic(address), sizeof address) != 0) {
         refuse("cannot make the socket " + path, errno);
     }
-    // Nobody gets in before the listen, so nobody does under the wider mode of before.
+    // No client can connect before the listen, so none does under the mode before the chmod.
     if (::chmod(path.c_str(), S_IRUSR | S_IWUSR) != 0 || ::listen(m_listener.get(), BACKLOG) != 0) {
         const int errorNumber = errno;
         ::unlink(path.c_str());

@@ -6,15 +6,15 @@
 
 namespace ORVLib::ORVIpc {
 
-/// The daemon's end of the socket file: listens, and is the only one to do so.
+/// The daemon's end of the socket file, on which only one daemon listens.
 ///
-/// A lock on "<path>.lock", which stays in its folder for ever, decides who is the daemon, so
-/// that a socket file left by a dead one can be replaced and one of a living one never is. Only
-/// the user the daemon runs as can connect.
+/// The daemon holds a lock on "<path>.lock", which is never deleted. So the socket file of a daemon
+/// that has ended can be replaced, and the one of a running daemon never is. Only the user whom the
+/// daemon runs as can connect.
 class IpcServer {
 public:
     /// Throws std::runtime_error, with a line for the administrator, when another daemon serves
-    /// the path or the system refuses.
+    /// the path or a system call fails.
     explicit IpcServer(const std::string& path);
 
     /// Removes the socket file.
@@ -25,8 +25,8 @@ public:
 
     int getDescriptor() const { return m_listener.get(); }
 
-    /// Takes the next connection, non-blocking; one that is not open when none waits.
-    /// Throws std::system_error when the system has no descriptors or memory left.
+    /// Accepts the next connection, which is non-blocking. Without a waiting client, the result is
+    /// not open. Throws std::system_error when the system has no descriptors or memory left.
     FileDescriptor accept();
 
 private:

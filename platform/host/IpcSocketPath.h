@@ -6,11 +6,11 @@
 
 namespace ORVLib::ORVIpc {
 
-/// Where the daemon listens and pages connect: the environment variable ORV_IPC_SOCKET, or
-/// /var/run/orvboardd.sock below the site root this build was configured with.
+/// The path of the socket between daemon and pages: the environment variable ORV_IPC_SOCKET, or
+/// /var/run/orvboardd.sock below the site root of this build.
 std::string getSocketPath();
 
-/// Makes the address of a socket file. Returns false when the system has no room for the path.
+/// Makes the address of a socket file. Returns false when the path is empty or too long.
 bool makeSocketAddress(const std::string& path, sockaddr_un& address);
 
 }  // namespace ORVLib::ORVIpc

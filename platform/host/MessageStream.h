@@ -7,7 +7,7 @@
 
 namespace ORVLib::ORVIpc {
 
-/// Payload bytes a message may have.
+/// The most bytes of a payload.
 constexpr int MAX_PAYLOAD_SIZE = 1024 * 1024;
 
 /// The bytes of one message: type and payload length, 32 bits each, then the payload.
@@ -20,7 +20,7 @@ struct Message {
 };
 
 /// Messages over a non-blocking stream socket, for either side. Never waits: the owner polls the
-/// descriptor. Memory grows with what has arrived, not with what was announced.
+/// descriptor. Memory grows with the bytes received, not with the announced length.
 ///
 /// Errors of the socket, and bytes that are not a message, are PExceptions with the code
 /// CONNECTION_BROKEN.
@@ -34,22 +34,23 @@ public:
 
     int getDescriptor() const { return m_socket.get(); }
 
-    /// Appends bytes to what is to be sent.
+    /// Appends bytes to those to be sent.
     void queue(const std::string& bytes) { m_unsent += bytes; }
 
-    /// Sends what the socket takes now. Returns true when nothing is left.
+    /// Sends as many bytes as the socket accepts now. Returns true when none is left.
     bool send();
 
-    /// Reads what the socket has now, a part of it at a time.
+    /// Reads some of the bytes that have arrived.
     Arrival receive();
 
-    /// Forgets what was received.
+    /// Drops all bytes received.
     void discard() { m_received.clear(); }
 
-    /// True when nothing of a next message has been received.
+    /// True when no byte of the next message has been received.
     bool isEmpty() const { return m_received.empty(); }
 
-    /// True when the next message's header is here, and its length is one that may be.
+    /// True when the header of the next message has been received. Throws when its length is not
+    /// allowed.
     bool hasHeader() const;
 
     /// REQUIRES: hasHeader().

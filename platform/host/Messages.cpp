@@ -39,7 +39,7 @@ const char* findFormat(const Table& table, int number) {
     return nullptr;
 }
 
-// The formats are the constant tables above, checked against the documented arguments by test.
+// The formats are constants, and a test checks them against the documented arguments.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 

@@ -10,6 +10,7 @@
 
 #include "TraceLimit.h"
 #include "TraceSink.h"
+#include "common/Hex.h"
 #include "common/ParseNumber.h"
 
 namespace ORVLib::trace {
@@ -29,19 +30,16 @@ bool isPrintableAscii(unsigned char byte) {
     return byte >= 0x20 && byte < 0x7f;
 }
 
-// A text from the network must not be able to end the line and forge an entry, nor to control the
-// terminal that shows the log.
+// A text from the network must not end the line and forge an entry, nor control the terminal that
+// shows the log.
 std::string oneLine(const std::string& text) {
     std::string line;
     line.reserve(text.size());
     for (const char character : text) {
-        const auto byte = static_cast<unsigned char>(character);
-        if (isPrintableAscii(byte)) {
+        if (isPrintableAscii(static_cast<unsigned char>(character))) {
             line += character;
         } else {
-            char escape[sizeof("\\xHH")];
-            std::snprintf(escape, sizeof escape, "\\x%02x", byte);
-            line += escape;
+            line.append("\\x").append(formatHex({&character, 1}));
         }
     }
     return line;
@@ -63,12 +61,13 @@ void writeLine(const TraceEntry& entry) {
     std::snprintf(origin, sizeof origin, " [%ld] level=%d %d/%d/%d ", static_cast<long>(getpid()),
                   entry.level, entry.category, entry.subCategory, entry.module);
     const std::string line = timeOfDay() + origin + oneLine(entry.text) + '\n';
-    // One write an entry keeps the lines of concurrent pages apart. A log that cannot be written
-    // has nowhere left to be reported.
+    // One write per entry keeps the lines of concurrent pages apart. There is nowhere to report a
+    // log that cannot be written.
     static_cast<void>(!::write(STDERR_FILENO, line.data(), line.size()));
 }
 
-// Errors repeat as often as somebody wants them to. Higher levels are for who looks for a fault.
+// Only errors are limited: a client can repeat them at will. Higher levels are switched on to find
+// a fault.
 void writeToStandardError(const TraceEntry& entry) {
     if (entry.level <= ERROR_LEVEL) {
         const TraceLimit::Verdict verdict = TraceLimit::count(entry);

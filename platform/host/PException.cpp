@@ -8,8 +8,8 @@ namespace ORVLib {
 
 namespace {
 
-// Serialised: six numbers, then the arguments, each a kind byte and four bytes that hold the
-// number or the length of the text that follows.
+// The serialised form is six numbers, then the arguments. An argument is a byte with its kind and
+// four bytes with the number, or with the length of the text that follows them.
 constexpr unsigned int NUMBER_SIZE = 4;
 constexpr unsigned int HEADER_SIZE = 6 * NUMBER_SIZE;
 constexpr unsigned int ARGUMENT_HEADER_SIZE = 1 + NUMBER_SIZE;

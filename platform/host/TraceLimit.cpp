@@ -19,10 +19,10 @@ namespace ORVLib::trace::TraceLimit {
 
 namespace {
 
-// A cell counts the entries of one kind and source in one minute, all in one word, so that pages
-// change it without a lock: 8 bits tell kinds apart that share a cell, 10 bits are the minute, the
-// others the count. Kinds that are taken for each other, once in a million pairs, share their
-// limit; a kind that takes over another's cell makes that one count anew.
+// A cell counts the entries of one kind and source in one minute. It is one word, so that pages
+// change it without a lock: 8 bits distinguish kinds with the same cell, 10 bits are the minute,
+// the others the count. Two kinds whose cell and 8 bits are equal, one pair in a million, share
+// their limit. A kind that takes over the cell of another resets its count.
 using Cell = std::atomic<std::uint32_t>;
 static_assert(Cell::is_always_lock_free && sizeof(Cell) == sizeof(std::uint32_t));
 
@@ -36,7 +36,7 @@ constexpr std::uint32_t TAG_MASK = ~(COUNT_MASK | MINUTE_MASK << COUNT_BITS);
 
 constexpr mode_t OWNER_ONLY = 0600;
 
-/// The table of all pages, for as long as the object lives; null when there is none.
+/// The table of all pages, mapped during the object's lifetime. Empty when there is none.
 class Table {
 public:
     Table() {
@@ -50,7 +50,8 @@ public:
         if (!file.isOpen() || ::fstat(file.get(), &status) != 0) {
             return;
         }
-        // Room is reserved here: a table on a full disk would end the page when it is written.
+        // The space is allocated here: on a full disk, a write to the mapped table would end the
+        // page.
         if (status.st_size < static_cast<off_t>(TABLE_SIZE) &&
             ::posix_fallocate(file.get(), 0, TABLE_SIZE) != 0) {
             return;

@@ -2,12 +2,12 @@
 
 #include <string>
 
-/// Where the trace log goes on an ordinary machine.
+/// The trace log on an ordinary machine.
 ///
-/// Entries go to standard error, one line each: time, process, level, the writer's three numbers
-/// and the text, in which all but printable ASCII is written as "\xHH". The environment variable
-/// ORV_TRACE_LEVEL holds the highest level that is kept (0, errors only, when it is unset), and
-/// ORV_TRACE_LIMITS a file by which errors that repeat are dropped and counted (TraceLimit.h).
+/// Entries are written to standard error, one line each: time, process, level, the writer's three
+/// numbers and the text, in which all but printable ASCII is written as "\xHH". The environment
+/// variable ORV_TRACE_LEVEL is the highest level that is written, 0 (errors only) by default.
+/// ORV_TRACE_LIMITS is the file of the rate limit (TraceLimit.h).
 namespace ORVLib::trace {
 
 struct TraceEntry {
@@ -20,8 +20,8 @@ struct TraceEntry {
 
 using TraceSink = void (*)(const TraceEntry& entry);
 
-/// Hands every entry, whatever its level, to `sink` instead; null brings standard error back.
-/// For tests. Returns the sink that was set before.
+/// Passes every entry, whatever its level, to `sink` instead of standard error; null ends that.
+/// For tests. Returns the previous sink.
 TraceSink setTraceSink(TraceSink sink);
 
 }  // namespace ORVLib::trace

@@ -21,7 +21,7 @@ inline int payloadLength(unsigned int size) {
     return static_cast<int>(size & 0xffff);
 }
 
-/// A session ID that fills its field without a NUL ends with the field.
+/// The session ID, which ends at its first NUL byte or with its field.
 inline std::string sessionId(const unsigned char* telegram) {
     const char* const text = reinterpret_cast<const char*>(telegram + SESSION_ID);
     return {text, strnlen(text, SESSION_ID_SIZE)};

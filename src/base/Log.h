@@ -4,10 +4,10 @@
 #include "orv/Messages.h"
 #include "orv/OrvTrace.h"
 
-/// How the library writes to the trace log.
+/// The library's entries in the trace log.
 namespace ORVLib::Gui::Log {
 
-/// Origin of every entry: category, sub-category and one module a class.
+/// The writer's numbers in every entry: category, sub-category, and a module for each class.
 constexpr int CATEGORY = 1;
 constexpr int SUB_CATEGORY = 2;
 enum Module {

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <cstdlib>
 
-/// Numbers read from text as the board's 32-bit C library reads them, on every machine: what does
-/// not fit saturates instead of being cut.
+/// Numbers read from texts as the board's 32-bit C library reads them, on every machine: a number
+/// outside 32 bits becomes the nearest one inside.
 namespace ORVLib::Gui::Numbers {
 
 inline int saturate(long long number) {
@@ -20,7 +20,7 @@ inline int readInt(const char* text) {
     return saturate(std::strtoll(text, nullptr, 10));
 }
 
-/// As atol() on the board, put into an unsigned number: a negative one counts from 2^32 down.
+/// As atol() on the board, modulo 2^32.
 inline std::uint32_t readUnsigned(const char* text) {
     return static_cast<std::uint32_t>(readInt(text));
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-/// The fixed places of the site. A development build puts its own folder before them; the build
-/// gives it to the few sources that include this header.
+/// The fixed paths of the site. A development build puts its own folder before them. Only the
+/// sources that include this header are compiled with that folder.
 #ifndef ORVGUI_SITE_ROOT
 #error "Compile this source with ORVGUI_SITE_ROOT, empty for anything installed"
 #endif

@@ -4,8 +4,8 @@
 
 namespace ORVLib::Gui {
 
-/// Takes the next token off the front of `rest`, as strtok() finds them: runs of delimiters count
-/// as one, and those in front are skipped. Returns false when nothing but delimiters is left.
+/// Removes the next token from the front of `rest`. As with strtok(), several delimiters count as
+/// one, and those before the first token are skipped. Returns false when no token is left.
 inline bool takeToken(std::string_view& rest, char delimiter, std::string_view& token) {
     const std::size_t start = rest.find_first_not_of(delimiter);
     if (start == std::string_view::npos) {

@@ -13,15 +13,15 @@ bool isCarried(const int* displayMode);
 /// A copy of `value` for an attribute in double quotes.
 std::string quoteEscaped(std::string value);
 
-/// A complete event attribute that calls a script function, with a blank in front.
+/// A complete event attribute that calls a script function, with a blank before it.
 std::string callAttribute(const char* event, const std::string& function,
                           const std::string& arguments);
 
 /// Writes `type`, name and value of an input element, without its closing bracket.
 void printInputStart(const char* type, const std::string& name, const std::string& value);
 
-/// Writes an event attribute, or nothing for an empty script. A script that is not `quoted` here
-/// brings its own quotes.
+/// Writes an event attribute, or nothing for an empty script. Unless `quoted`, the script must
+/// contain its own quotes.
 void printEvent(const char* event, const std::string& script, bool quoted = false);
 
 /// Writes the size and maxlength attributes of a text input.
@@ -33,7 +33,7 @@ struct NumberedBox {
     int maxLength;
     const std::string& value;
     int number;
-    const char* style = "";  ///< a complete attribute with a blank in front, or nothing
+    const char* style = "";  ///< a complete attribute with a blank before it, or empty
 };
 
 /// Writes the box without its closing bracket.

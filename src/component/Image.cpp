@@ -10,15 +10,15 @@ namespace ORVLib::Gui {
 
 namespace {
 
-/// What stands behind the character at `before`, up to the one at `end`; a text to the end of the
-/// source when `end` lies in front of it.
-std::string spanBehind(const std::string& source, std::size_t before, std::size_t end) {
+/// The text between the characters at `before` and `end`, or all text after `before` when `end`
+/// comes first.
+std::string spanAfter(const std::string& source, std::size_t before, std::size_t end) {
     const std::size_t start = before + 1;
     return source.substr(start, end - start);
 }
 
-/// True when the image is relatively wider than the box, so that its width decides. An image
-/// without height is endlessly wide; no other one is wider than a box without height.
+/// True when the image has a larger ratio of width to height than the box, so that its width limits
+/// it. The ratio is infinite for an image of height 0, and for a box of height 0.
 bool isWiderThanBox(std::uint32_t width, std::uint32_t height, unsigned int maxWidth,
                     unsigned int maxHeight) {
     if (height == 0) {
@@ -42,8 +42,8 @@ Image::Image(const std::string& source, const std::string& alt, bool cell, int b
     const std::size_t x = source.rfind('x');
     const std::size_t dot = source.rfind('.');
     if (underscore != std::string::npos && x != std::string::npos && dot != std::string::npos) {
-        m_width = spanBehind(source, underscore, x);
-        m_height = spanBehind(source, x, dot);
+        m_width = spanAfter(source, underscore, x);
+        m_height = spanAfter(source, x, dot);
     }
 }
 

@@ -31,7 +31,7 @@ void SelectMenu::printHTML() const {
         return;
     }
     output << "<select name=\"" << getName() << '"' << m_onChange << m_onClick;
-    // A disabled menu on a read-only page says so twice; browsers take the first.
+    // A disabled menu on a read-only page gets the attributes twice. Browsers use the first.
     if (m_disabled) {
         printDisabled();
     }

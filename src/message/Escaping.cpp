@@ -5,15 +5,15 @@
 #include "base/Hex.h"
 #include "gui/MessageMgr.h"
 
-// The escaping operations of MessageMgr. Pages pass megabytes through them: each looks at every
-// byte at most twice, through a table, and leaves a text alone that needs nothing.
+// The escaping operations of MessageMgr. Pages pass megabytes through them: each reads every byte
+// at most twice, through a table, and does not copy a text without bytes to escape.
 
 namespace ORVLib::Gui {
 
 namespace {
 
-/// What stands for a byte. It has 8 bytes, so that copying all of it, whatever its length, is one
-/// move; what is too much is overwritten by the next.
+/// The text that replaces a byte. The structure has 8 bytes, so that one move copies all of it,
+/// whatever the length of the text; the next one overwrites the rest.
 struct Replacement {
     char text[6];
     unsigned char length;

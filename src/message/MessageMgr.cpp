@@ -21,7 +21,7 @@ const char* cataloguePath(int language) {
     return language == 0 ? SitePaths::CATALOGUE_JAPANESE : SitePaths::CATALOGUE_ENGLISH;
 }
 
-/// Bytes of the open file, 0 when they cannot be told. Leaves the stream at its start.
+/// Size of the open file, or 0 when it is unknown. Sets the stream back to its start.
 unsigned int sizeOf(std::ifstream& file) {
     file.seekg(0, std::ios::end);
     const std::streamoff size = file.tellg();
@@ -33,8 +33,8 @@ unsigned int sizeOf(std::ifstream& file) {
     return size > UINT32_MAX ? UINT32_MAX : static_cast<unsigned int>(size);
 }
 
-/// A catalogue: a file whose bytes are read once, in one piece, so that looking for its strings
-/// costs no further system calls. One that is far larger than any catalogue stays a file.
+/// A catalogue file that is read into memory at once, so that its strings need no further system
+/// calls. A file far larger than any catalogue is read from the disk instead.
 class CatalogueFile : public std::ifstream {
 public:
     explicit CatalogueFile(const char* path) : std::ifstream(path, std::ios::binary) {
@@ -116,7 +116,7 @@ std::string MessageMgr::getString(int id) {
         return "failed to read string for CGI";
     }
     std::string text;
-    m_stream->clear();  // an earlier string may have run to the end of the file
+    m_stream->clear();  // the string before may have ended at the end of the file
     m_stream->seekg(m_dataStart +
                     static_cast<std::streamoff>(m_offsets[static_cast<unsigned>(id)]));
     std::getline(*m_stream, text, '\0');
@@ -143,7 +143,7 @@ bool MessageMgr::getCsvExMsgId(ORVUi::CsvInfoAccess& csv, unsigned int key, unsi
     std::string record;
     csv.searchRecord(0, std::to_string(key), record);
     std::istringstream fields(record);
-    fields.imbue(std::locale::classic());  // the page's own may take a comma for a part of a number
+    fields.imbue(std::locale::classic());  // in the page's locale a comma may be part of a number
     unsigned int recordKey = 0;
     char separator = '\0';
     unsigned int number = 0;

@@ -36,7 +36,7 @@ PException readException(LogText::Number text, const char* operation, int error)
     return makeException(ORIGIN, ErrorCode::BODY_UNREADABLE, text, operation, error);
 }
 
-/// As getenv(), with an entry in the trace log, which names the variable, when it is not set.
+/// As getenv(). Writes a trace entry with the text `logged` when the variable is not set.
 const char* getenvLogged(const char* name, const char* logged) {
     const char* const value = std::getenv(name);
     if (value == nullptr) {
@@ -45,9 +45,9 @@ const char* getenvLogged(const char* name, const char* logged) {
     return value;
 }
 
-/// The byte that the two characters of an escape stand for. Anything but two hexadecimal digits
-/// gives the low byte of what strtoul() reads in them: signs and blanks count, and a character
-/// that is no digit ends the number.
+/// The byte of an escape with these two characters. Anything but two hexadecimal digits gives the
+/// low byte of the number that strtoul() reads from them: signs and blanks are accepted, and any
+/// other character ends the number.
 char unescaped(char first, char second) {
     const int high = Hex::valueOf(first);
     const int low = Hex::valueOf(second);
@@ -58,7 +58,8 @@ char unescaped(char first, char second) {
     return static_cast<char>(std::strtoul(digits, nullptr, 16) & 0xff);
 }
 
-/// Where `name` belongs when that is within a few fields of `place`; otherwise some other place.
+/// The position of `name` in the order of the names, if it is within a few fields of `place`;
+/// otherwise some other position.
 FormInfo::FieldMap::iterator searchNear(FormInfo::FieldMap& fields,
                                         FormInfo::FieldMap::iterator place,
                                         const std::string& name) {
@@ -229,8 +230,8 @@ void FormInfo::readUrlEncoded(unsigned int length, unsigned int buffered) {
     if (length > buffered) {
         whole.reset(new char[length]);
         std::memcpy(whole.get(), text, buffered);
-        // One read for all the rest, and what it brings is the body: a form this long comes from
-        // the web server's own file, not from a slow client.
+        // One read for the rest, and the body ends where it ends: the web server passes so long a
+        // form from its own file, not from a slow client.
         const ssize_t rest = read(STDIN_FILENO, whole.get() + buffered, length - buffered);
         length = buffered + (rest > 0 ? static_cast<unsigned int>(rest) : 0);
         m_bytesRead = length;
@@ -253,7 +254,7 @@ void FormInfo::tokenize(std::string_view rest) {
         std::string value(valueToken);
         decode(name);
         decode(value);
-        // Fields of a form mostly stand near each other in the order of their names too.
+        // Fields that are next to each other in a form mostly have similar names.
         const auto place = searchNear(m_fields, near, name);
         near = m_fields.insert_or_assign(place, std::move(name), std::move(value));
     }

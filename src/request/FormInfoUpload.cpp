@@ -11,8 +11,8 @@
 #include "gui/FormInfo.h"
 #include "request/UploadGuard.h"
 
-// Multipart bodies: parsed part by part in the one read buffer, a file's bytes passed on from
-// there.
+// Multipart bodies: parsed part by part in the read buffer, from which the bytes of a file are
+// written.
 
 namespace ORVLib::Gui {
 
@@ -20,7 +20,7 @@ namespace {
 
 constexpr char TEMPORARY_FILE_PREFIX[] = "/var/tmp/tmp_";
 
-// A file is written in blocks of this size, at their multiples: the page cache keeps such a block
+// A file is written in blocks of this size, at multiples of it. The page cache keeps such a block
 // in one piece, and a write that ends inside one costs much more.
 constexpr unsigned int FILE_BLOCK_SIZE = 0x10000;
 constexpr unsigned int SLACK = 4096;
@@ -34,7 +34,7 @@ char* findBytes(char* from, char* to, std::string_view pattern) {
         memmem(from, static_cast<std::size_t>(to - from), pattern.data(), pattern.size()));
 }
 
-/// True when the bytes from `from` on, up to `to`, start with `pattern`.
+/// True when the bytes [from, to) start with `pattern`.
 bool startsWith(const char* from, const char* to, std::string_view pattern) {
     return static_cast<std::size_t>(to - from) >= pattern.size() &&
            std::memcmp(from, pattern.data(), pattern.size()) == 0;
@@ -63,8 +63,9 @@ void FormInfo::readMultipart(unsigned int buffered) {
     }
 }
 
-/// Takes the first part that starts in the `length` bytes at `from`. Returns where its end lies,
-/// with `length` counting from there, or null when no further part can be read.
+/// Takes the first part that starts in the `length` bytes at `from`. Returns the end of the part
+/// and puts the number of bytes from there into `length`. Returns null when no further part can be
+/// read.
 char* FormInfo::setUploadedFileInfo(char* from, unsigned int& length) {
     char* to = from + length;
     char* const headers = getNextBlock(from, to);
@@ -85,15 +86,15 @@ char* FormInfo::setUploadedFileInfo(char* from, unsigned int& length) {
     return end;
 }
 
-/// Where the headers of the next part start, or null.
+/// The start of the next part's headers, or null.
 char* FormInfo::getNextBlock(char* from, char* to) const {
     const std::string marker = m_boundary + std::string(LINE_END);
     char* const block = findBytes(from, to, marker);
     return block != nullptr ? block + marker.size() : nullptr;
 }
 
-/// Looks for the marker that ends a file's part. Found: its position, and true. Otherwise the
-/// position from which on bytes may belong to a marker that is not wholly in the buffer, and false.
+/// Looks for the marker that ends a file's part. Returns true with its position in `end`, or false
+/// with the position of the first byte that may belong to a marker not yet wholly in the buffer.
 bool FormInfo::getBlockEnd(char* from, char* to, char** end) const {
     const std::string marker = std::string(LINE_END).append(DASHES).append(m_boundary);
     const std::ptrdiff_t nextPartSize =
@@ -109,7 +110,7 @@ bool FormInfo::getBlockEnd(char* from, char* to, char** end) const {
         if (startsWith(tail, to, LINE_END) || startsWith(tail, to, LAST_PART_END)) {
             return true;
         }
-        // The last marker is the longer one: it may lack its final byte where the other would fit.
+        // The marker of the last part is the longer one: its final byte may still be unread.
         if (to - tail == 3 && startsWith(tail, to, LAST_PART_END.substr(0, 3))) {
             return false;
         }
@@ -118,9 +119,9 @@ bool FormInfo::getBlockEnd(char* from, char* to, char** end) const {
     return false;
 }
 
-/// Reads the header line of a part that names it. A field's name goes to `fieldName`; a file's
-/// part, and one without a name, leaves it empty. Returns the start of the next line, or null when
-/// the part does not begin with that header.
+/// Reads the header line with the name of a part. Puts the name of a field into `fieldName`, which
+/// remains empty for a file and for a part without a name. Returns the start of the next line, or
+/// null when the part does not begin with that header.
 char* FormInfo::setFileName(char* from, char* to, std::string& fieldName) {
     char* const next = startsWith(from, to, checkStringForm) ? getNextLine(from, to) : nullptr;
     std::string line(next != nullptr ? from : "");
@@ -154,7 +155,7 @@ char* FormInfo::getNextLine(char* from, char* to) {
     return end + LINE_END.size();
 }
 
-/// The start of the part's body, behind the blank line that ends the headers from `line` on.
+/// The start of the part's body, after the blank line that ends the headers from `line` on.
 char* FormInfo::skipHeaders(char* line, char* to) {
     while (line != nullptr && !startsWith(line, to, LINE_END)) {
         line = getNextLine(line, to);
@@ -162,8 +163,8 @@ char* FormInfo::skipHeaders(char* line, char* to) {
     return line != nullptr ? getNextLine(line, to) : nullptr;
 }
 
-/// Keeps the first line of a field's body, up to its first NUL byte. A field that does not fit
-/// into the buffer ends the parsing, as every part does that makes no sense.
+/// Keeps the first line of a field's body, up to its first NUL byte. A field that is too large for
+/// the buffer ends the parsing, as every malformed part does.
 char* FormInfo::receiveField(char* from, char* to, const std::string& fieldName) {
     char* const end = getNextLine(from, to);
     if (end != nullptr) {
@@ -172,15 +173,15 @@ char* FormInfo::receiveField(char* from, char* to, const std::string& fieldName)
     return end;
 }
 
-/// Writes a file's part as it comes, in whole blocks. Returns where its end lies.
+/// Writes a file's part while it is read, in whole blocks. Returns the end of the part.
 char* FormInfo::receiveFile(char* from, char*& to) {
     FileDescriptor file = createTemporaryFile();
     if (!file.isOpen()) {
         return nullptr;
     }
-    char* end = from;  // up to here no marker begins, and from `from` on nothing is written yet
+    char* end = from;  // no marker begins in [from, end), which is not yet written
     bool found = false;
-    // Enough for a block, what may belong to a marker behind it, and a piece of the next block.
+    // Enough for a block, a marker after it, and a piece of the next block.
     const auto enough = static_cast<unsigned int>(FILE_BLOCK_SIZE + m_boundary.size() + SLACK);
     do {
         const auto searched = static_cast<unsigned int>(end - from);
@@ -201,7 +202,8 @@ char* FormInfo::receiveFile(char* from, char*& to) {
     return end;
 }
 
-/// While body is unread: moves [from, to) to the start of the buffer and fills it up to `limit`.
+/// Moves [from, to) to the start of the buffer and fills it up to `limit`, unless the whole body
+/// has been read.
 void FormInfo::topUpBuffer(char*& from, char*& to, unsigned int limit) {
     if (!isBodyRead()) {
         const unsigned int length = readToBuffer(from, to, limit);
@@ -210,8 +212,8 @@ void FormInfo::topUpBuffer(char*& from, char*& to, unsigned int limit) {
     }
 }
 
-/// Makes a new, empty file for an upload in place of an earlier one, which nobody could reach any
-/// more.
+/// Makes a new, empty file for an upload. Deletes the file of an earlier one, whose path is
+/// overwritten.
 FileDescriptor FormInfo::createTemporaryFile() {
     removeTemporaryFile();
     std::string path;
@@ -225,8 +227,8 @@ FileDescriptor FormInfo::createTemporaryFile() {
     return file;
 }
 
-/// Writes what still fits under the limit. After a failed write the upload is given up: the rest
-/// of it is dropped.
+/// Writes as much as the limit allows. A failed write deletes the file, and the rest of the upload
+/// is dropped.
 void FormInfo::writeFile(FileDescriptor& file, const char* data, unsigned int length) {
     length = std::min(length, LARGEST_UPLOAD - m_bytesWritten);
     if (!file.isOpen()) {
@@ -256,7 +258,7 @@ void FormInfo::removeTemporaryFile() {
     if (m_temporaryFilePath.empty()) {
         return;
     }
-    // A page may have moved the file to where it belongs.
+    // The page may have moved the file.
     if (std::remove(m_temporaryFilePath.c_str()) != 0 && errno != ENOENT) {
         Log::putText(Log::FORM_INFO, Log::ERROR_LEVEL, LogText::SYSTEM_CALL_FAILED, "remove",
                      errno);

@@ -18,13 +18,13 @@ constexpr mode_t OWNER_ONLY = 0600;
 constexpr int ENDING_SIGNALS[] = {SIGTERM, SIGHUP, SIGINT, SIGPIPE, SIGQUIT, SIGALRM, SIGABRT,
                                   SIGSEGV, SIGBUS, SIGFPE, SIGILL,  SIGSYS,  SIGXCPU};
 
-// What a signal handler may read: the guarded file's name, empty for none, and whose it is.
+// Read by a signal handler: the guarded file's name, empty for none, and the process it belongs to.
 char guardedPath[128];
 pid_t guardingProcess = 0;
 
 constexpr std::size_t HANDLER_STACK_SIZE = 65536;
 
-/// Leaves the files of a parent alone in a process that the page forked.
+/// Deletes the file in the process that made it, not in its children.
 void removeGuarded() {
     if (guardedPath[0] != '\0' && guardingProcess == getpid()) {
         unlink(guardedPath);
@@ -33,10 +33,10 @@ void removeGuarded() {
 
 extern "C" void removeAndEnd(int signal) {
     removeGuarded();
-    raise(signal);  // delivered, by now with its default effect, when the handler returns
+    raise(signal);  // delivered when the handler returns, with its default effect
 }
 
-/// Keeps the ending signals waiting while the object lives.
+/// Blocks the ending signals during its lifetime.
 class SignalsBlocked {
 public:
     SignalsBlocked() {
@@ -55,8 +55,9 @@ private:
     sigset_t m_before{};
 };
 
-/// Gives the handlers a stack of their own for a process whose stack is full, unless the program
-/// has done so. It is mapped here and not kept in the library, whose every page would pay for it.
+/// Gives the handlers a stack of their own, which they need when the process's stack is full,
+/// unless the program has done so. It is mapped here: as data of the library, every page would pay
+/// for it.
 void provideStack() {
     stack_t stack{};
     if (sigaltstack(nullptr, &stack) != 0 || (stack.ss_flags & SS_DISABLE) == 0) {
@@ -82,7 +83,7 @@ void handleEnds() {
             sigaction(signal, &action, nullptr);
         }
     }
-    // A file over the process's size limit is a failed write, not the end of the process.
+    // Above the limit on the size of a file, a write fails and does not end the process.
     std::signal(SIGXFSZ, SIG_IGN);
 }
 

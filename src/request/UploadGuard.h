@@ -2,19 +2,20 @@
 
 #include <string>
 
-/// Removes the process's upload when the process ends before its FormInfo does: by exit(), or by a
-/// signal, whether a web server ends a page whose browser has gone, the page writes to that browser
-/// itself (SIGPIPE), or a fault or a limit ends it with a core file. The process still ends by the
-/// signal, with its core file. A signal that the program handles or ignores itself is left to it,
-/// and the files of a page are left alone by the processes that it forks.
+/// Deletes the uploaded file when the process ends before its FormInfo is destroyed: by exit(), by
+/// a signal of the web server, by SIGPIPE, or by a signal of a fault or a limit.
+///
+/// The process still ends by the signal, with its core file. Signals that the program handles or
+/// ignores keep their handling. Processes that a page forks do not delete the page's file.
 namespace ORVLib::Gui::UploadGuard {
 
-/// Makes a new file with the name that `nextName` gives, tried a few times, for its owner alone;
-/// an existing one or a link is never opened. Returns its descriptor and puts its name into
-/// `path`, or returns -1 with errno set. The file takes the place of the one guarded before.
+/// Makes a new file, readable by its owner alone, with a name of `nextName`. An existing file or a
+/// link is never opened; a few other names are tried instead. Returns the descriptor and puts the
+/// name into `path`, or returns -1 with errno set. From now on this file is guarded in place of the
+/// one before.
 int create(std::string (*nextName)(), std::string& path);
 
-/// The file is gone.
+/// Ends the guard, after the file was deleted.
 void release();
 
 }  // namespace ORVLib::Gui::UploadGuard

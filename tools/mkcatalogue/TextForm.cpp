@@ -6,12 +6,12 @@
 
 #include "Limits.h"
 #include "Utf8.h"
+#include "common/Hex.h"
 
 namespace ORVLib::Catalogue {
 
 namespace {
 
-constexpr char HEX_DIGITS[] = "0123456789abcdef";
 constexpr std::string_view BLANKS = " \t";
 constexpr std::string_view NAME_START = "TEXT_";
 constexpr std::string_view NAME_CHARACTERS = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_";
@@ -90,8 +90,7 @@ char takeEscape(std::string_view& text, std::string& fault) {
 std::string hexEscaped(std::string_view bytes) {
     std::string text;
     for (const char character : bytes) {
-        const auto byte = static_cast<unsigned char>(character);
-        text += {'\\', 'x', HEX_DIGITS[byte >> 4], HEX_DIGITS[byte & 0xf]};
+        text.append("\\x").append(formatHex({&character, 1}));
     }
     return text;
 }
