@@ -4,7 +4,6 @@
 #include <string>
 
 #include "catalogue/Texts.h"
-#include "gui/MessageMgr.h"
 
 namespace Console {
 
@@ -98,6 +97,6 @@ constexpr char LOGIN_PATH[] = "/common/login.cgi";
 constexpr char FUNCTION_FIELD[] = "fid";
 
 /// The name of a top menu, 0 to 5, in the user's language.
-std::string topMenuName(int topMenu, int language, ORVLib::Gui::MessageMgr& messages);
+std::string topMenuName(int topMenu, int language);
 
 }  // namespace Console

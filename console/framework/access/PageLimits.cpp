@@ -10,8 +10,8 @@
 #include <string_view>
 
 #include "common/FileIo.h"
+#include "framework/access/Module.h"
 #include "framework/backend/Environment.h"
-#include "orv/OrvTrace.h"
 
 namespace Console {
 
@@ -117,9 +117,8 @@ bool takePlace(Places places) {
     // Stays open: the lock ends with the process.
     const int descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (descriptor < 0) {
-        ORVLib::trace::OrvTrace(1, 2, 0).putLog(
-            0, "cannot open ORV_PAGE_PLACES " + path +
-                   ": give a file that pages may write, or unset it");
+        logError(Module::REQUEST, "cannot open ORV_PAGE_PLACES " + path +
+                                      ": give a file that pages may write, or unset it");
         return true;
     }
     if (places == Places::RESERVED) {

@@ -7,8 +7,9 @@
 
 namespace Console {
 
-/// Whether a user may use a function, on a partition or on none in particular: what the library's
-/// table of rights says, unless technical staff meets the rule for maintenance.
+/// Whether a user may use a function, on a partition or on none in particular. Any session may use
+/// a function whose entry says so. For others the library's table of rights decides, and the rule
+/// that lets technical staff in during maintenance.
 bool mayUse(ORVLib::Gui::CGIRequester& requester, const ORVLib::Gui::CGIAuthority& authority,
             Function function, int partition = ORVLib::Gui::JudgeAuthority::NO_PARTITION);
 

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <iostream>
 
+#include "framework/component/PageText.h"
 #include "gui/HyperLink.h"
 #include "gui/MessageMgr.h"
 
@@ -68,7 +69,7 @@ void ComponentGroup::printHTML() const {
 }
 
 void LabelledList::add(const std::string& label, Component value) {
-    m_facts.emplace_back(label, std::move(value));
+    m_rows.emplace_back(label, std::move(value));
 }
 
 void LabelledList::add(const std::string& label, const std::string& value) {
@@ -76,7 +77,7 @@ void LabelledList::add(const std::string& label, const std::string& value) {
 }
 
 void LabelledList::printHTML() const {
-    for (const auto& [label, value] : m_facts) {
+    for (const auto& [label, value] : m_rows) {
         std::cout << "<p class=\"entry\"><span class=\"label\">";
         makeSentence(label)->printHTML();
         std::cout << "</span> <span class=\"value\">";
@@ -91,37 +92,34 @@ void Card::printHTML() const {
     std::cout << "</section>";
 }
 
-Table::Table(std::vector<std::string> headings, std::string nothing)
-    : m_headings(std::move(headings)), m_nothing(std::move(nothing)) {}
-
-void Table::addRow(std::vector<Component> cells) {
-    m_rows.push_back(std::move(cells));
-}
-
 void Table::printHTML() const {
     if (m_rows.empty()) {
         std::cout << "<p class=\"nothing\">";
-        makeSentence(m_nothing)->printHTML();
+        makeSentence(text(m_nothing))->printHTML();
         std::cout << "</p>\n";
         return;
     }
     std::cout << "<table class=\"list\">\n<thead><tr>";
-    for (const std::string& heading : m_headings) {
+    for (const Text heading : m_headings) {
         std::cout << "<th scope=\"col\">";
-        TextString(heading).printHTML();
+        TextString(text(heading)).printHTML();
         std::cout << "</th>";
     }
     std::cout << "</tr></thead>\n<tbody>\n";
     for (const std::vector<Component>& row : m_rows) {
-        std::cout << "<tr>";
-        for (const Component& cell : row) {
-            std::cout << "<td>";
-            cell->printHTML();
-            std::cout << "</td>";
-        }
-        std::cout << "</tr>\n";
+        printRow(row);
     }
     std::cout << "</tbody>\n</table>\n";
+}
+
+void Table::printRow(const std::vector<Component>& cells) {
+    std::cout << "<tr>";
+    for (const Component& cell : cells) {
+        std::cout << "<td>";
+        cell->printHTML();
+        std::cout << "</td>";
+    }
+    std::cout << "</tr>\n";
 }
 
 }  // namespace Console

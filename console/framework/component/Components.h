@@ -1,22 +1,24 @@
 #pragma once
 
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "catalogue/Texts.h"
 #include "gui/HTMLComponent.h"
 #include "gui/TextString.h"
 
-/// What pages are put together from, beyond the library's components.
+/// The components of pages, beyond the library's.
 namespace Console {
 
 using Component = std::unique_ptr<ORVLib::Gui::HTMLComponent>;
 
-/// A text as HTML, for components that print what they are given.
+/// A text as HTML, for components that do not escape.
 std::string htmlText(std::string text);
 
-/// A text in one of TextString's colours; its blanks do not break.
+/// A text in one of TextString's colours, with non-breaking blanks.
 Component makeText(const std::string& text, int colour = ORVLib::Gui::TextString::PLAIN);
 
 /// As makeText(), with blanks at which lines can wrap.
@@ -42,22 +44,22 @@ private:
     std::vector<Component> m_components;
 };
 
-/// Labels, and beside each of them what it stands for.
+/// Labels, each with a value beside it.
 class LabelledList : public ORVLib::Gui::HTMLComponent {
 public:
     void add(const std::string& label, Component value);
 
-    /// A text whose lines can break anywhere.
+    /// Adds a text.
     void add(const std::string& label, const std::string& value);
 
     void printHTML() const override;
     bool isError() const override { return false; }
 
 private:
-    std::vector<std::pair<std::string, Component>> m_facts;
+    std::vector<std::pair<std::string, Component>> m_rows;
 };
 
-/// A part of a page that stands by itself.
+/// A separate box on a page.
 class Card : public ORVLib::Gui::HTMLComponent {
 public:
     explicit Card(Component content) : m_content(std::move(content)) {}
@@ -72,18 +74,26 @@ private:
 /// A table with a row of headings.
 class Table : public ORVLib::Gui::HTMLComponent {
 public:
-    /// `nothing` is what stands there when there are no rows.
-    Table(std::vector<std::string> headings, std::string nothing);
+    /// `nothing` is shown in place of the table when it has no rows.
+    Table(std::initializer_list<Text> headings, Text nothing)
+        : m_headings(headings), m_nothing(nothing) {}
 
-    /// REQUIRES: a cell for each heading.
-    void addRow(std::vector<Component> cells);
+    /// Adds a row. REQUIRES: one cell for each heading.
+    template <typename... Cells>
+    void addRow(Cells... cells) {
+        std::vector<Component> row;
+        (row.push_back(std::move(cells)), ...);
+        m_rows.push_back(std::move(row));
+    }
 
     void printHTML() const override;
     bool isError() const override { return false; }
 
 private:
-    std::vector<std::string> m_headings;
-    std::string m_nothing;
+    static void printRow(const std::vector<Component>& cells);
+
+    std::vector<Text> m_headings;
+    Text m_nothing;
     std::vector<std::vector<Component>> m_rows;
 };
 

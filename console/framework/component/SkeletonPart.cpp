@@ -22,7 +22,7 @@ bool SkeletonPart::isError() const {
     return m_generator.isError();
 }
 
-void SkeletonPart::put(const std::string& marker, std::unique_ptr<HTMLComponent> component) {
+void SkeletonPart::put(const std::string& marker, Component component) {
     HTMLMapUtil::insertIntoMap(m_map, marker, std::move(component));
 }
 

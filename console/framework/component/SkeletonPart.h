@@ -1,14 +1,14 @@
 #pragma once
 
-#include <memory>
 #include <string>
 
+#include "framework/component/Components.h"
 #include "gui/HTMLCodeGenerator.h"
 #include "gui/HTMLMapUtil.h"
 
 namespace Console {
 
-/// A part of a page with a skeleton of its own, for the "body" marker of the page around it.
+/// A part of a page with its own skeleton, for the "body" marker of the page or another part.
 class SkeletonPart : public ORVLib::Gui::HTMLComponent {
 public:
     /// `skeleton` is a file name in the folder of the page skeletons.
@@ -20,7 +20,7 @@ public:
     void printHTML() const override;
     bool isError() const override;
 
-    void put(const std::string& marker, std::unique_ptr<ORVLib::Gui::HTMLComponent> component);
+    void put(const std::string& marker, Component component);
 
     /// Puts a text that printing escapes.
     void putText(const std::string& marker, const std::string& text);

@@ -2,13 +2,15 @@
 
 #include <algorithm>
 
+#include "framework/component/PageText.h"
+
 using namespace ORVLib::Gui;
 
 namespace Console {
 
 namespace {
 
-/// Null for a word that is not among them.
+/// Null for an unknown word.
 const Word* find(const Vocabulary& words, const std::string& word) {
     const auto found = std::find_if(words.begin(), words.end(),
                                     [&word](const Word& known) { return word == known.word; });
@@ -46,14 +48,14 @@ const Vocabulary& sources() {
     return SOURCES;
 }
 
-std::string translate(MessageMgr& messages, const Vocabulary& words, const std::string& word) {
+std::string translate(const Vocabulary& words, const std::string& word) {
     const Word* const known = find(words, word);
-    return known != nullptr ? messages.getString(known->text) : word;
+    return known != nullptr ? text(known->text) : word;
 }
 
-Component makeWord(MessageMgr& messages, const Vocabulary& words, const std::string& word) {
+Component makeWord(const Vocabulary& words, const std::string& word) {
     const Word* const known = find(words, word);
-    return makeSentence(translate(messages, words, word),
+    return makeSentence(translate(words, word),
                         known != nullptr ? known->colour : TextString::PLAIN);
 }
 

@@ -10,14 +10,10 @@ namespace Console {
 AddressInput::AddressInput(const std::string& name, bool allowEmpty)
     : BoxesInput(name, IPAddressField::ADDR_BYTE_SIZE, '.', allowEmpty) {}
 
-std::string AddressInput::getText() const {
-    return join(1);
-}
-
 bool AddressInput::isGood() const {
     IPAddressField field(getName());
     for (int i = 0; i < IPAddressField::ADDR_BYTE_SIZE; ++i) {
-        field.setAddress(i, box(static_cast<std::size_t>(i)));
+        field.setAddress(i, getValue(static_cast<std::size_t>(i)));
     }
     return !field.isError() && isHostAddress(getText());
 }

@@ -11,7 +11,7 @@ class AddressInput : public BoxesInput {
 public:
     explicit AddressInput(const std::string& name, bool allowEmpty = false);
 
-    std::string getText() const override;
+    std::string getText() const override { return join(1); }
     void print() const override;
 
 private:

@@ -14,16 +14,10 @@ namespace Console {
 
 void BoxesInput::setText(const std::string& text) {
     std::size_t begin = 0;
-    for (std::string& box : m_boxes) {
+    for (std::size_t i = 0; i < getFieldCount(); ++i) {
         const std::size_t end = std::min(text.find(m_separator, begin), text.size());
-        box = text.substr(begin, end - begin);
+        setValue(text.substr(begin, end - begin), i);
         begin = std::min(end + 1, text.size());
-    }
-}
-
-void BoxesInput::submit(const FormInfo& form) {
-    for (std::size_t i = 0; i < m_boxes.size(); ++i) {
-        m_boxes[i] = fieldOf(form, fieldName(i));
     }
 }
 
@@ -32,24 +26,22 @@ bool BoxesInput::isError() const {
 }
 
 bool BoxesInput::isEmpty() const {
-    return std::all_of(m_boxes.begin(), m_boxes.end(),
-                       [](const std::string& box) { return box.empty(); });
-}
-
-void BoxesInput::printCarried() const {
-    for (std::size_t i = 0; i < m_boxes.size(); ++i) {
-        printHidden(fieldName(i), m_boxes[i]);
+    for (std::size_t i = 0; i < getFieldCount(); ++i) {
+        if (!getValue(i).empty()) {
+            return false;
+        }
     }
+    return true;
 }
 
 std::string BoxesInput::boxValue(std::size_t number) const {
-    std::string text = inputValue(box(number));
+    std::string text = inputValue(getValue(number));
     MessageMgr::convertStr(text, "\"", "&quot;");
     return text;
 }
 
 void BoxesInput::printBox(std::size_t number, int maxLength) const {
-    TextField(fieldName(number), inputValue(box(number)), FORM_NAME, maxLength + 1, maxLength)
+    TextField(fieldName(number), inputValue(getValue(number)), FORM_NAME, maxLength + 1, maxLength)
         .printHTML();
 }
 
@@ -63,9 +55,12 @@ void BoxesInput::printBoxes(std::size_t count, int maxLength) const {
 }
 
 bool BoxesInput::areDigits(std::size_t most) const {
-    return std::all_of(m_boxes.begin(), m_boxes.end(), [most](const std::string& box) {
-        return isDigits(box) && box.size() <= most;
-    });
+    for (std::size_t i = 0; i < getFieldCount(); ++i) {
+        if (!isDigits(getValue(i)) || getValue(i).size() > most) {
+            return false;
+        }
+    }
+    return true;
 }
 
 std::string BoxesInput::join(std::size_t digits) const {
@@ -73,8 +68,8 @@ std::string BoxesInput::join(std::size_t digits) const {
     if (isEmpty()) {
         return text;
     }
-    for (const std::string& box : m_boxes) {
-        const std::string number = withoutLeadingZeros(box);
+    for (std::size_t i = 0; i < getFieldCount(); ++i) {
+        const std::string number = withoutLeadingZeros(getValue(i));
         text.append(text.empty() ? 0 : 1, m_separator);
         text.append(digits - std::min(digits, number.size()), '0');
         text += number;

@@ -3,7 +3,6 @@
 #include <iostream>
 
 #include "framework/component/Components.h"
-#include "framework/input/Form.h"
 #include "gui/CheckBox.h"
 
 using namespace ORVLib::Gui;
@@ -17,38 +16,37 @@ constexpr char CHECKED[] = "1";
 }  // namespace
 
 void ChecksInput::addBox(const std::string& label) {
-    m_boxes.push_back({label});
+    m_labels.push_back(label);
+    addField();
+}
+
+bool ChecksInput::isChecked(std::size_t number) const {
+    return getValue(number) == CHECKED;
 }
 
 void ChecksInput::setText(const std::string& text) {
-    for (std::size_t i = 0; i < m_boxes.size(); ++i) {
-        m_boxes[i].checked = i < text.size() && text[i] == *CHECKED;
+    for (std::size_t i = 0; i < getFieldCount(); ++i) {
+        setValue(i < text.size() && text[i] == *CHECKED ? CHECKED : "", i);
     }
 }
 
 std::string ChecksInput::getText() const {
     std::string text;
-    for (const Box& box : m_boxes) {
-        text += box.checked ? '1' : '0';
+    for (std::size_t i = 0; i < getFieldCount(); ++i) {
+        text += isChecked(i) ? '1' : '0';
     }
     return text;
 }
 
-void ChecksInput::submit(const FormInfo& form) {
-    for (std::size_t i = 0; i < m_boxes.size(); ++i) {
-        m_boxes[i].checked = fieldOf(form, fieldName(i)) == CHECKED;
-    }
-}
-
 void ChecksInput::print() const {
-    for (std::size_t i = 0; i < m_boxes.size(); ++i) {
+    for (std::size_t i = 0; i < getFieldCount(); ++i) {
         const std::string name = fieldName(i);
         // A click on the label checks the box too.
         const std::string label =
-            "<label for=\"" + name + "\">" + htmlText(m_boxes[i].label) + "</label>";
+            "<label for=\"" + name + "\">" + htmlText(m_labels[i]) + "</label>";
         CheckBox box(name);
-        box.add(name, CHECKED, label, name, m_boxes[i].checked);
-        // No line ends between a box and its label.
+        box.add(name, CHECKED, label, name, isChecked(i));
+        // A line does not wrap between a box and its label.
         std::cout << "<span class=\"choice\">";
         box.printHTML();
         std::cout << "</span>\n";
@@ -57,17 +55,17 @@ void ChecksInput::print() const {
 
 std::string ChecksInput::getShownText() const {
     std::string text;
-    for (const Box& box : m_boxes) {
-        if (box.checked) {
-            text += (text.empty() ? "" : ", ") + box.label;
+    for (std::size_t i = 0; i < getFieldCount(); ++i) {
+        if (isChecked(i)) {
+            text += (text.empty() ? "" : ", ") + m_labels[i];
         }
     }
     return text.empty() ? "-" : text;
 }
 
 void ChecksInput::printCarried() const {
-    for (std::size_t i = 0; i < m_boxes.size(); ++i) {
-        if (m_boxes[i].checked) {
+    for (std::size_t i = 0; i < getFieldCount(); ++i) {
+        if (isChecked(i)) {
             printHidden(fieldName(i), CHECKED);
         }
     }

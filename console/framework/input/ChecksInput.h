@@ -7,17 +7,16 @@
 
 namespace Console {
 
-/// Check boxes. As a text: "1" or "0" for each.
+/// Check boxes. The text is "1" or "0" for each.
 class ChecksInput : public Input {
 public:
-    /// Without boxes; see addBox().
-    explicit ChecksInput(const std::string& name) : Input(name) {}
+    /// Has no boxes; see addBox().
+    explicit ChecksInput(const std::string& name) : Input(name, 0) {}
 
     void addBox(const std::string& label);
 
     void setText(const std::string& text) override;
     std::string getText() const override;
-    void submit(const ORVLib::Gui::FormInfo& form) override;
     bool isError() const override { return false; }
     bool isEmpty() const override { return getText().find('1') == std::string::npos; }
     void print() const override;
@@ -26,17 +25,16 @@ public:
     bool isGroup() const override { return true; }
 
 private:
-    struct Box {
-        std::string label;
-        bool checked = false;
-    };
-    std::vector<Box> m_boxes;
+    std::string fieldName(std::size_t number) const override { return numberedName(number); }
+    bool isChecked(std::size_t number) const;
+
+    std::vector<std::string> m_labels;
 };
 
-/// One check box. As a text: "1" or "0".
+/// One check box. The text is "1" or "0".
 class FlagInput : public ChecksInput {
 public:
-    /// `label` stands beside the box. A confirmation shows it, or `otherwise` when the box is not
+    /// `label` is beside the box. A confirmation shows it, or `otherwise` when the box is not
     /// checked.
     FlagInput(const std::string& name, const std::string& label, std::string otherwise);
 

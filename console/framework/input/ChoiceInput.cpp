@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "framework/component/Components.h"
+#include "framework/component/PageText.h"
 #include "framework/input/Form.h"
 #include "gui/RadioButton.h"
 #include "gui/SelectMenu.h"
@@ -16,25 +17,17 @@ void ChoiceInput::addOption(const std::string& value, const std::string& label) 
     m_options.push_back({value, label});
 }
 
-void ChoiceInput::addOptions(MessageMgr& messages, const Vocabulary& words) {
+void ChoiceInput::addOptions(const Vocabulary& words) {
     for (const Word& word : words) {
-        addOption(word.word, messages.getString(word.text));
+        addOption(word.word, text(word.text));
     }
-}
-
-void ChoiceInput::submit(const FormInfo& form) {
-    m_chosen = fieldOf(form, getName());
 }
 
 const ChoiceInput::Option* ChoiceInput::chosen() const {
     const auto found =
         std::find_if(m_options.begin(), m_options.end(),
-                     [this](const Option& option) { return option.value == m_chosen; });
+                     [this](const Option& option) { return option.value == getValue(); });
     return found != m_options.end() ? &*found : nullptr;
-}
-
-bool ChoiceInput::isError() const {
-    return chosen() == nullptr;
 }
 
 std::string ChoiceInput::getShownText() const {
@@ -42,15 +35,11 @@ std::string ChoiceInput::getShownText() const {
     return option != nullptr ? option->label : "";
 }
 
-void ChoiceInput::printCarried() const {
-    printHidden(getName(), m_chosen);
-}
-
 void MenuInput::print() const {
     constexpr int NONE = -1;
     SelectMenu menu(getName(), "", FORM_NAME, NONE);
     if (chosen() == nullptr) {
-        // A browser would choose the first option otherwise, without the user.
+        // Otherwise the browser would choose the first option without the user.
         menu.add("", "", true);
     }
     for (const Option& option : options()) {
@@ -63,8 +52,8 @@ void RadioInput::print() const {
     RadioButton buttons(getName(), "", FORM_NAME);
     std::size_t number = 0;
     for (const Option& option : options()) {
-        buttons.add(option.value, htmlText(option.label), fieldName(number++), &option == chosen(),
-                    false);
+        buttons.add(option.value, htmlText(option.label), numberedName(number++),
+                    &option == chosen(), false);
     }
     buttons.printHTML();
 }

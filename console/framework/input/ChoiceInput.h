@@ -9,21 +9,17 @@
 
 namespace Console {
 
-/// One of several options: anything else that a browser may send is wrong.
+/// One of several options. Any other value from a browser is wrong.
 class ChoiceInput : public Input {
 public:
-    /// `label` is what the user reads, `value` the text that stands for it.
+    /// `label` is shown to the user, `value` is the text.
     void addOption(const std::string& value, const std::string& label);
 
-    /// An option for each of the words.
-    void addOptions(ORVLib::Gui::MessageMgr& messages, const Vocabulary& words);
+    /// Adds an option for each of the words.
+    void addOptions(const Vocabulary& words);
 
-    void setText(const std::string& text) override { m_chosen = text; }
-    std::string getText() const override { return m_chosen; }
-    void submit(const ORVLib::Gui::FormInfo& form) override;
-    bool isError() const override;
+    bool isError() const override { return chosen() == nullptr; }
     std::string getShownText() const override;
-    void printCarried() const override;
 
 protected:
     explicit ChoiceInput(std::string name) : Input(std::move(name)) {}
@@ -33,14 +29,15 @@ protected:
         std::string label;
     };
     const std::vector<Option>& options() const { return m_options; }
+
+    /// Null when no option is chosen.
     const Option* chosen() const;
 
 private:
     std::vector<Option> m_options;
-    std::string m_chosen;
 };
 
-/// A choice as a drop-down menu. When none of its options is chosen, an empty one is.
+/// A choice as a drop-down menu. While no option is chosen, the menu has an empty one too.
 class MenuInput : public ChoiceInput {
 public:
     explicit MenuInput(const std::string& name) : ChoiceInput(name) {}
@@ -55,7 +52,7 @@ public:
     bool isGroup() const override { return true; }
 };
 
-/// A choice made already: shown and carried on, with nothing for the user to change.
+/// A choice that the user cannot change: shown and carried.
 class ChosenInput : public ChoiceInput {
 public:
     explicit ChosenInput(const std::string& name) : ChoiceInput(name) {}

@@ -2,17 +2,16 @@
 
 #include <string>
 
-#include "framework/input/BoxesInput.h"
+#include "framework/input/MomentInput.h"
+#include "gui/DateField.h"
 
 namespace Console {
 
-/// A date from 2000 to 2037, the days that the board's calendar knows; "2028-02-29" as a text.
-class DateInput : public BoxesInput {
+/// A date from 2000 to 2037, the range of the board's calendar. Its text is like "2028-02-29".
+class DateInput : public MomentInput<ORVLib::Gui::DateField> {
 public:
-    explicit DateInput(const std::string& name, bool allowEmpty = false);
-
-    std::string getText() const override;
-    void print() const override;
+    explicit DateInput(const std::string& name, bool allowEmpty = false)
+        : MomentInput(name, '-', allowEmpty) {}
 
 private:
     bool isGood() const override;

@@ -10,6 +10,18 @@ using namespace ORVLib::Gui;
 
 namespace Console {
 
+void Input::submit(const FormInfo& form) {
+    for (std::size_t i = 0; i < m_values.size(); ++i) {
+        m_values[i] = fieldOf(form, fieldName(i));
+    }
+}
+
+void Input::printCarried() const {
+    for (std::size_t i = 0; i < m_values.size(); ++i) {
+        printHidden(fieldName(i), m_values[i]);
+    }
+}
+
 void Input::printHidden(const std::string& name, const std::string& value) {
     HiddenField(name, inputValue(value)).printHTML();
 }

@@ -1,18 +1,17 @@
 #pragma once
 
-#include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "framework/backend/RecordReader.h"
 #include "gui/FormInfo.h"
 
 namespace Console {
 
-/// An input of a settings page: components of the library, and the text that stands for what is
-/// in them where the board keeps it.
-///
-/// What a user typed is kept as it was typed, so that a wrong entry is seen again.
+/// An input of a settings page. It keeps the values of its fields as the user typed them, so that
+/// the form shows a wrong entry again. The library's components are made from these values when the
+/// input is checked or printed.
 class Input {
 public:
     virtual ~Input() = default;
@@ -21,57 +20,60 @@ public:
 
     const std::string& getName() const { return m_name; }
 
-    /// The text as the board has it. REQUIRES of getText(): isError() is false.
-    virtual void setText(const std::string& text) = 0;
-    virtual std::string getText() const = 0;
+    /// The text of the board's record. REQUIRES of getText(): isError() is false.
+    virtual void setText(const std::string& text) { setValue(text); }
+    virtual std::string getText() const { return getValue(); }
 
-    /// Takes what stands for the input from a record, and puts it into one. One text each, unless
-    /// an input says otherwise.
+    /// Takes the input's texts from a record, and adds them to one. Most inputs have one text.
     virtual void read(RecordReader& record) { setText(record.next()); }
     virtual void write(Record& record) const { record.push_back(getText()); }
 
-    /// Takes what the user sent.
-    virtual void submit(const ORVLib::Gui::FormInfo& form) = 0;
+    /// Takes the values that the user sent.
+    void submit(const ORVLib::Gui::FormInfo& form);
 
     virtual bool isError() const = 0;
-
-    /// True when nothing is in it.
     virtual bool isEmpty() const { return getText().empty(); }
 
     /// Prints the input for the user to change.
     virtual void print() const = 0;
 
-    /// What a confirmation shows, and the hidden fields that carry it on.
+    /// The text of a confirmation, and the hidden fields that carry the values.
     virtual std::string getShownText() const { return getText(); }
-    virtual void printCarried() const = 0;
+    virtual void printCarried() const;
 
-    /// True when it is several boxes or buttons, which one label cannot stand for.
+    /// True for several boxes or buttons: they have one legend in place of a label.
     virtual bool isGroup() const { return false; }
 
 protected:
-    explicit Input(std::string name) : m_name(std::move(name)) {}
+    explicit Input(std::string name, std::size_t fields = 1)
+        : m_name(std::move(name)), m_values(fields) {}
 
-    /// The name of one of the fields of an input that has several.
-    std::string fieldName(std::size_t number) const { return m_name + std::to_string(number); }
+    const std::string& getValue(std::size_t field = 0) const { return m_values.at(field); }
+    void setValue(const std::string& value, std::size_t field = 0) { m_values.at(field) = value; }
+    std::size_t getFieldCount() const { return m_values.size(); }
+    void addField() { m_values.emplace_back(); }
 
-    /// Prints a hidden field with what a person may have typed.
+    /// The name of a field in the form. An input with several fields has numberedName() here.
+    virtual std::string fieldName(std::size_t) const { return m_name; }
+    std::string numberedName(std::size_t number) const { return m_name + std::to_string(number); }
+
+    /// Prints a hidden field with a value that a person may have typed.
     static void printHidden(const std::string& name, const std::string& value);
 
 private:
     std::string m_name;
+    std::vector<std::string> m_values;
 };
 
-/// A text that stands among the inputs and cannot be changed: the page sets it, no request does.
+/// A text among the inputs that the user cannot change: it is set by the page, not by a request.
 class ShownInput : public Input {
 public:
-    explicit ShownInput(const std::string& text) : Input(""), m_text(text) {}
+    explicit ShownInput(std::string text) : Input("", 0), m_text(std::move(text)) {}
 
     void setText(const std::string& text) override { m_text = text; }
     std::string getText() const override { return m_text; }
-    void submit(const ORVLib::Gui::FormInfo&) override {}
     bool isError() const override { return false; }
     void print() const override;
-    void printCarried() const override {}
 
 private:
     std::string m_text;

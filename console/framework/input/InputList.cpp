@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "framework/component/Components.h"
+#include "framework/component/PageText.h"
 #include "gui/TextString.h"
 
 using namespace ORVLib::Gui;
@@ -68,44 +69,50 @@ std::vector<Input*> InputList::getInputs() const {
     return inputs;
 }
 
-// A label stands for one input; boxes and buttons that belong together are a field set.
-void InputList::printInputs(MessageMgr& messages) const {
+void InputList::printInputs() const {
     for (const Entry& entry : m_entries) {
         printHeading(entry.heading);
-        const bool isGroup = entry.input->isGroup();
-        std::cout << (isGroup ? "<fieldset class=\"entry" : "<p class=\"entry")
-                  << (entry.wrong ? " wrong\">" : "\">")
-                  << (isGroup ? "<legend class=\"label\">" : "<label><span class=\"label\">");
-        makeSentence(entry.label)->printHTML();
-        std::cout << (isGroup ? "</legend> " : "</span> ");
-        entry.input->print();
-        std::cout << (isGroup ? "" : "</label>");
-        if (entry.wrong) {
-            std::cout << ' ';
-            makeSentence(messages.getString(entry.hint), TextString::ERROR_COLOUR)->printHTML();
-        }
-        std::cout << (isGroup ? "</fieldset>\n" : "</p>\n");
+        printInput(entry);
     }
+}
+
+// A label belongs to one input; a group of boxes or buttons is a field set with a legend.
+void InputList::printInput(const Entry& entry) {
+    const bool isGroup = entry.input->isGroup();
+    std::cout << (isGroup ? "<fieldset class=\"entry" : "<p class=\"entry")
+              << (entry.wrong ? " wrong\">" : "\">")
+              << (isGroup ? "<legend class=\"label\">" : "<label><span class=\"label\">");
+    makeSentence(entry.label)->printHTML();
+    std::cout << (isGroup ? "</legend> " : "</span> ");
+    entry.input->print();
+    std::cout << (isGroup ? "" : "</label>");
+    if (entry.wrong) {
+        std::cout << ' ';
+        makeSentence(text(entry.hint), TextString::ERROR_COLOUR)->printHTML();
+    }
+    std::cout << (isGroup ? "</fieldset>\n" : "</p>\n");
 }
 
 void InputList::printValues() const {
     for (const Entry& entry : m_entries) {
         printHeading(entry.heading);
         if (entry.needed) {
-            std::cout << "<p class=\"entry\"><span class=\"label\">";
-            makeSentence(entry.label)->printHTML();
-            std::cout << "</span> <span class=\"value\">";
-            const std::string shown = entry.input->getShownText();
-            TextString(shown.empty() ? "-" : shown).printHTML();
-            std::cout << "</span></p>\n";
+            printValue(entry);
         }
         entry.input->printCarried();
     }
 }
 
+void InputList::printValue(const Entry& entry) {
+    const std::string shown = entry.input->getShownText();
+    LabelledList row;
+    row.add(entry.label, shown.empty() ? "-" : shown);
+    row.printHTML();
+}
+
 void InputListView::printHTML() const {
     if (m_editable) {
-        m_inputs.printInputs(m_messages);
+        m_inputs.printInputs();
     } else {
         m_inputs.printValues();
     }

@@ -12,7 +12,7 @@ namespace Console {
 
 namespace {
 
-constexpr int ADDRESS_BOXES = IPAddressField::ADDR_BYTE_SIZE;  // behind them that of the mask bits
+constexpr int ADDRESS_BOXES = IPAddressField::ADDR_BYTE_SIZE;  // then the box of the mask bits
 
 }  // namespace
 
@@ -22,7 +22,7 @@ MaskedAddressInput::MaskedAddressInput(const std::string& name)
 void MaskedAddressInput::setText(const std::string& text) {
     const std::size_t slash = std::min(text.find('/'), text.size());
     BoxesInput::setText(text.substr(0, slash));
-    setBox(ADDRESS_BOXES, text.substr(std::min(slash + 1, text.size())));
+    setValue(text.substr(std::min(slash + 1, text.size())), ADDRESS_BOXES);
 }
 
 std::string MaskedAddressInput::getText() const {
@@ -35,7 +35,7 @@ std::string MaskedAddressInput::address() const {
 }
 
 std::string MaskedAddressInput::maskBits() const {
-    return withoutLeadingZeros(box(ADDRESS_BOXES));
+    return withoutLeadingZeros(getValue(ADDRESS_BOXES));
 }
 
 void MaskedAddressInput::read(RecordReader& record) {
@@ -51,9 +51,9 @@ void MaskedAddressInput::write(Record& record) const {
 bool MaskedAddressInput::isGood() const {
     IPAddrMaskField field(getName());
     for (int i = 0; i < ADDRESS_BOXES; ++i) {
-        field.setAddress(i, box(static_cast<std::size_t>(i)));
+        field.setAddress(i, getValue(static_cast<std::size_t>(i)));
     }
-    field.setMaskBit(box(ADDRESS_BOXES));
+    field.setMaskBit(getValue(ADDRESS_BOXES));
     return !field.isError();
 }
 

@@ -11,7 +11,7 @@ class MaskedAddressInput : public BoxesInput {
 public:
     explicit MaskedAddressInput(const std::string& name);
 
-    /// The address, a slash and the mask bits.
+    /// The text is the address, a slash and the mask bits.
     void setText(const std::string& text) override;
     std::string getText() const override;
     void read(RecordReader& record) override;

@@ -6,7 +6,7 @@
 
 namespace Console {
 
-/// A decimal number. It counts without leading zeros.
+/// A decimal number. Its text has no leading zeros.
 class NumberInput : public TextInput {
 public:
     /// Both bounds are valid numbers. REQUIRES: they are not negative and have nine digits at most.

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "framework/input/Form.h"
-
 using namespace ORVLib::Gui;
 
 namespace Console {
@@ -29,27 +27,28 @@ bool hasCharacterReference(const std::string& text) {
 }
 
 bool TextInput::isError() const {
-    return m_field->isError() ||
-           (m_field->isCheckCharacters() && hasCharacterReference(m_field->getValue()));
-}
-
-void TextInput::submit(const FormInfo& form) {
-    setText(fieldOf(form, getName()));
+    const Field field = makeField(getValue());
+    return field->isError() || (field->isCheckCharacters() && hasCharacterReference(getValue()));
 }
 
 void TextInput::print() const {
-    const std::string typed = m_field->getValue();
-    m_field->setValue(inputValue(typed));
-    m_field->printHTML();
-    m_field->setValue(typed);
+    makeField(inputValue(getValue()))->printHTML();
 }
 
-void TextInput::printCarried() const {
-    printHidden(getName(), m_field->getValue());
+TextInput::Field TextInput::makeField(const std::string& value) const {
+    return std::make_unique<TextField>(getName(), value, FORM_NAME, m_width, m_maxLength);
 }
 
-AsciiInput::AsciiInput(const std::string& name, int maxLength, bool allowEmpty)
-    : TextInput(std::make_unique<TextField>(name, "", FORM_NAME, std::min(maxLength, WIDEST_BOX),
-                                            maxLength, nullptr, false, true, allowEmpty, true)) {}
+AsciiInput::AsciiInput(const std::string& name, int maxLength, bool allowEmpty, bool allowBlank)
+    : TextInput(name, std::min(maxLength, WIDEST_BOX), maxLength),
+      m_allowEmpty(allowEmpty),
+      m_allowBlank(allowBlank) {}
+
+TextInput::Field AsciiInput::makeField(const std::string& value) const {
+    constexpr bool CHECK_CHARACTERS = true;
+    return std::make_unique<TextField>(getName(), value, FORM_NAME, getWidth(), getMaxLength(),
+                                       nullptr, false, CHECK_CHARACTERS, m_allowEmpty,
+                                       m_allowBlank);
+}
 
 }  // namespace Console

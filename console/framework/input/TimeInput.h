@@ -2,17 +2,16 @@
 
 #include <string>
 
-#include "framework/input/BoxesInput.h"
+#include "framework/input/MomentInput.h"
+#include "gui/TimeField.h"
 
 namespace Console {
 
-/// A time of day, "23:59:00" as a text.
-class TimeInput : public BoxesInput {
+/// A time of day. Its text is like "23:59:00".
+class TimeInput : public MomentInput<ORVLib::Gui::TimeField> {
 public:
-    explicit TimeInput(const std::string& name, bool allowEmpty = false);
-
-    std::string getText() const override;
-    void print() const override;
+    explicit TimeInput(const std::string& name, bool allowEmpty = false)
+        : MomentInput(name, ':', allowEmpty) {}
 
 private:
     bool isGood() const override;

@@ -26,8 +26,8 @@ FormPage::FormPage(const PageContext& context, Function function, Text purpose,
       m_purpose(purpose),
       m_returnPath(ORVGUIUtil::getCGIPath(function)),
       m_completion(SETTINGS_CHANGED),
-      m_step(stepOf(context, function)),
-      m_state(stateOf(m_step)),
+      m_step(stepOf(context, moduleOf(function))),
+      m_state(libraryStateOf(m_step)),
       m_shown(std::make_unique<LabelledList>()),
       m_carried(std::make_unique<ComponentGroup>()) {
     if (context.partition != JudgeAuthority::NO_PARTITION) {
@@ -48,6 +48,10 @@ void FormPage::carry(const std::string& name, const std::string& value) {
     m_carried->add(std::make_unique<HiddenField>(name, inputValue(value)));
 }
 
+std::string FormPage::getField(const std::string& name) const {
+    return fieldOf(m_context.form, name);
+}
+
 void FormPage::refuse(Text reason, const std::string& detail) {
     m_problem = text(reason);
     if (!detail.empty()) {
@@ -60,8 +64,8 @@ void FormPage::setReturnPath(const std::string& path) {
     HTMLMapUtil::insertIntoMap(getMap(), BACK_FIELD, makeLink(path, text(TEXT_BACK)));
 }
 
-void FormPage::beginForm(int state) {
-    addNextPageItem(&state, false);
+void FormPage::beginForm(Step next) {
+    HTMLMapUtil::insertIntoMap(getMap(), HTMLPage::FORM_PAGE_STATE, makePageState(next));
     HTMLMapUtil::insertIntoMap(getMap(), END_FIELD, makeFormEnd(getRequester()));
     putText(getMap(), "title", text(m_title));
     putSentence(getMap(), "purpose", text(m_purpose));
@@ -75,7 +79,7 @@ void FormPage::beginForm(int state) {
 }
 
 void FormPage::beginConfirmation(const std::string& question, Text backLabel) {
-    beginForm(STATE_CONFIRM);
+    beginForm(Step::APPLY);
     putSentence(getMap(), "notice", question);
     putApplyButton();
     putButton(BACK_FIELD, backLabel);

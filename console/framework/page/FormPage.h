@@ -5,65 +5,65 @@
 
 #include "framework/access/Functions.h"
 #include "framework/component/Components.h"
+#include "framework/component/PageText.h"
 #include "framework/page/PageContext.h"
 #include "framework/page/PageStep.h"
 #include "gui/CommonDefaultPage.h"
 
 namespace Console {
 
-/// What pages share whose form changes something: the step that a request asks for, the frame of
-/// the form, what it carries on, and where its completion leads.
+/// The base of pages whose form changes something: the step of the request, the parts of the form
+/// that all of them have, the fields it carries, and the completion page.
 class FormPage : public ORVLib::Gui::CommonDefaultPage {
 protected:
-    /// Title and place of the page are the function's; `purpose` says what it is for. `skeleton`
-    /// is a file name in the folder of the page skeletons.
+    /// The function gives the page its title and address; `purpose` says what the page is for.
+    /// `skeleton` is a file name in the folder of the page skeletons.
     FormPage(const PageContext& context, Function function, Text purpose,
              const std::string& skeleton);
 
-    /// Adds a row that only shows something, above the inputs.
+    /// Adds a row that the user cannot change, above the inputs.
     void addShown(Text label, Component value);
     void addShown(Text label, const std::string& value);
 
-    /// Adds a field that the form carries on as it is.
+    /// Adds a hidden field to the form.
     void carry(const std::string& name, const std::string& value);
 
-    /// Says why what was sent cannot be applied. `detail` follows in parentheses when it is not
-    /// empty.
+    /// The value of a field of the request; empty without it.
+    std::string getField(const std::string& name) const;
+
+    /// Says why the input cannot be applied. `detail`, unless empty, follows in parentheses.
     void refuse(Text reason, const std::string& detail = "");
     bool isRefused() const { return !m_problem.empty(); }
 
-    /// Gives the page another title than its function has.
+    /// Sets a title other than the function's.
     void setTitle(Text title) { m_title = title; }
 
-    /// The operator message of the completion page.
+    /// Sets the operator message of the completion page.
     void setCompletion(int messageId) { m_completion = messageId; }
 
-    /// Where the completion page's button leads, and a link beside the form's: the page that this
-    /// one was opened from. Without it the button leads to the page itself.
+    /// Sets the page that this one was opened from: the completion page's button and a link beside
+    /// the form lead there. Without it, the button leads to the page itself.
     void setReturnPath(const std::string& path);
 
-    /// What the button that applies is called.
+    /// Sets the label of the button that applies.
     void setApplyLabel(Text label) { m_applyLabel = label; }
-
-    /// A catalogue text in the user's language.
-    std::string text(Text number) { return getMessages().getString(number); }
 
     ORVLib::Gui::CGIRequester& getRequester() const { return m_context.requester; }
     const PageContext& getContext() const { return m_context; }
 
-    // What follows is for the kinds of page; the pages themselves need not call it.
+    // The operations below are for the kinds of page; the pages themselves need not call them.
 
     Step getStep() const { return m_step; }
 
-    /// Makes a form that carries the state after `state`, with what refuse() said. Its inputs and
-    /// buttons are the kind's.
-    void beginForm(int state);
+    /// Makes a form that asks for the step `next`, with the reason of refuse(). The kind of page
+    /// adds its inputs and buttons.
+    void beginForm(Step next);
 
-    /// Makes the form that shows what was sent, to be confirmed as `question` asks: a button
-    /// applies it, the other one leads back.
+    /// Makes the form that shows the input, to be confirmed after `question`: one button applies
+    /// it, the other one leads back.
     void beginConfirmation(const std::string& question, Text backLabel);
 
-    /// Puts in the rows that only show something, and what the form carries on. Once for a page.
+    /// Adds the rows of addShown() and the fields of carry() to the form. REQUIRES: called once.
     void putRows();
 
     void putButton(const std::string& marker, Text label);
@@ -82,7 +82,7 @@ private:
     Text m_applyLabel = TEXT_SET;
     std::string m_problem;
     Step m_step;
-    int m_state;
+    int m_state;  ///< the library's, which keeps a pointer to it
     std::unique_ptr<LabelledList> m_shown;
     std::unique_ptr<ComponentGroup> m_carried;
 };

@@ -10,7 +10,8 @@
 
 namespace Console {
 
-/// What a page's body works with. Nothing is owned; all of it outlives the body.
+/// The request, session and user that a page is made for. Owns nothing; everything it refers to
+/// outlives the page's body.
 struct PageContext {
     const ORVLib::Gui::FormInfo& form;
     ORVLib::Gui::MessageMgr& messages;
@@ -18,7 +19,7 @@ struct PageContext {
     const ORVLib::Gui::CGIAuthority& authority;
     int language;
 
-    /// The partition the page works on, and all that the user may choose from.
+    /// The partition that the page works on, and all that the user may choose.
     int partition = ORVLib::Gui::JudgeAuthority::NO_PARTITION;
     std::vector<int> partitions = {};
 };

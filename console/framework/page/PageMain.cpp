@@ -8,14 +8,25 @@ using namespace ORVLib::Gui;
 
 namespace Console {
 
+std::string PageMain::getField(const std::string& name) const {
+    return fieldOf(*m_formInfo, name);
+}
+
 void PageMain::chooseLanguage() {
-    m_language = fieldOf(*m_formInfo, "language") == "0" ? 0 : 1;
+    m_language = getField("language") == "0" ? 0 : 1;
+}
+
+void PageMain::loadTexts() {
+    m_messages = std::make_unique<MessageMgr>(m_language);
+    setPageTexts(*m_messages);
 }
 
 void PageMain::beginPage(Text title) {
-    m_messages = std::make_unique<MessageMgr>(m_language);
+    if (!m_messages) {
+        loadTexts();
+    }
     m_page = std::make_unique<HTMLPage>(m_language);
-    setTitleAndStyle(*m_page, m_messages->getString(title));
+    setTitleAndStyle(*m_page, text(title));
 }
 
 void PageMain::answerWithFile(const std::string& fileName) {
@@ -23,7 +34,7 @@ void PageMain::answerWithFile(const std::string& fileName) {
     m_page->getGenerator().setSkeletonFileName(skeletonPath("skeleton_download.txt"));
 }
 
-void PageMain::printPage(std::unique_ptr<HTMLComponent> body) {
+void PageMain::printPage(Component body) {
     HTMLMapUtil::insertIntoMap(m_page->getMap(), HTMLPage::KEY_BODY, std::move(body));
     notePageBegun();
     m_page->getGenerator().printHTML();

@@ -1,32 +1,41 @@
 #pragma once
 
-#include <memory>
 #include <string>
 
-#include "catalogue/Texts.h"
+#include "framework/access/Module.h"
+#include "framework/component/Components.h"
+#include "framework/component/PageText.h"
 #include "gui/AbstractMain.h"
 #include "gui/FormInfo.h"
 
 namespace Console {
 
-/// The main object of a page: puts the console's page chrome around the page's body.
+/// The main object of a page: prints the title, the style sheet and the frame of every page around
+/// the page's body.
 class PageMain : public ORVLib::Gui::AbstractMain {
 protected:
-    /// `module` names the page in the trace log.
-    PageMain(ORVLib::Gui::FormInfo& form, int module) : AbstractMain(&form, module) {}
+    PageMain(ORVLib::Gui::FormInfo& form, Module module)
+        : AbstractMain(&form, static_cast<int>(module)) {}
 
-    /// Takes the language from the form field "language": for pages that know no user.
+    /// The value of a field of the request; empty without it.
+    std::string getField(const std::string& name) const;
+
+    /// Takes the language from the form field "language": for pages without a user.
     void chooseLanguage();
 
-    /// Makes messages and page chrome. REQUIRES: the language is the user's by now.
+    /// Loads the texts. REQUIRES: the language is the user's.
+    void loadTexts();
+
+    /// Makes the page, and loads the texts unless loadTexts() did. REQUIRES: the language is the
+    /// user's.
     void beginPage(Text title);
 
-    /// Lets the body be a file that the browser saves, in place of a page: nothing stands around
-    /// it. REQUIRES: beginPage() was called; `fileName` is of letters, digits, "-", "_" and ".".
+    /// Makes the body a file that the browser saves, without a page around it. REQUIRES:
+    /// beginPage() was called; `fileName` has only letters, digits, "-", "_" and ".".
     void answerWithFile(const std::string& fileName);
 
     /// Prints the page. REQUIRES: beginPage() was called.
-    void printPage(std::unique_ptr<ORVLib::Gui::HTMLComponent> body);
+    void printPage(Component body);
 };
 
 }  // namespace Console

@@ -2,21 +2,30 @@
 
 #include <memory>
 
+#include "framework/access/Module.h"
+#include "framework/component/Components.h"
 #include "framework/page/PageContext.h"
 #include "gui/CGIRequester.h"
 #include "gui/FormInfo.h"
-#include "gui/HTMLComponent.h"
 
+/// The steps of a page that the user confirms before it changes anything:
+///
+///     Request with page_state              Step         Forms of the page then carry
+///     none or another one, or a GET        SHOW         3
+///     any with the field "back"            EDIT_AGAIN   3
+///     3                                    CONFIRM      4; or 3 when the input is wrong
+///     4                                    APPLY        none; or 3 when the input is wrong
+///     not SHOW, but without the token      CUT_OFF      3
+///
+/// A page without confirmation carries 4 in place of 3.
 namespace Console {
 
-/// What a request wants of a page that is confirmed before it changes anything.
 enum class Step {
-    SHOW,        ///< the form, anew
-    CUT_OFF,     ///< likewise, as what was sent is not a whole form of this session: it counts
-                 ///< for nothing
-    EDIT_AGAIN,  ///< the form, instead of what was to be confirmed
-    CONFIRM,     ///< a look at what was sent
-    APPLY        ///< what was confirmed
+    SHOW,        ///< show the form with the present settings
+    CUT_OFF,     ///< the same, because the request is not a whole form of this session
+    EDIT_AGAIN,  ///< show the form with the input, after a confirmation
+    CONFIRM,     ///< show the input, to be confirmed
+    APPLY        ///< apply the input
 };
 
 /// The field of the button that leads back from a confirmation.
@@ -25,20 +34,22 @@ constexpr char BACK_FIELD[] = "back";
 /// The last field of every form that changes anything, and its marker.
 constexpr char END_FIELD[] = "form_end";
 
-/// That field: without it a form did not arrive whole, and what is missing of it must not count as
-/// empty. It carries the session's token, without which a form comes from another site.
-std::unique_ptr<ORVLib::Gui::HTMLComponent> makeFormEnd(const ORVLib::Gui::CGIRequester& requester);
+/// That field. A form without it did not arrive whole, and its missing fields do not count as
+/// empty. Its value is the session's CSRF token.
+Component makeFormEnd(const ORVLib::Gui::CGIRequester& requester);
 
-/// True for a form that is whole and of the requester's session. Otherwise it must change nothing;
-/// `module` says in the trace log which page refused it.
+/// True for a form that is whole and of the requester's session. Any other form must not change
+/// anything; the trace log says that `module` refused it.
 bool isOwnForm(const ORVLib::Gui::FormInfo& form, const ORVLib::Gui::CGIRequester& requester,
-               int module);
+               Module module);
 
-/// Only a POST asks for anything but Step::SHOW, and only an own form is more than CUT_OFF.
-Step stepOf(const PageContext& context, int module);
+/// The step that a request asks for.
+Step stepOf(const PageContext& context, Module module);
 
-/// The library's state for a step. A form never carries STATE_CONFIGURE itself: what the user has
-/// confirmed comes as STATE_COMPLETE.
-int stateOf(Step step);
+/// The library's page state in a step: it selects makeConfigPage() for APPLY.
+int libraryStateOf(Step step);
+
+/// The hidden field of a form that asks for CONFIRM or APPLY.
+Component makePageState(Step next);
 
 }  // namespace Console

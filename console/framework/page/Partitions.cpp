@@ -1,13 +1,36 @@
 #include "framework/page/Partitions.h"
 
+#include <algorithm>
+
+#include "framework/access/Rights.h"
+#include "framework/backend/Board.h"
+#include "framework/component/PageText.h"
 #include "gui/ORVGUIUtil.h"
 
 using namespace ORVLib::Gui;
 
 namespace Console {
 
-std::string partitionName(MessageMgr& messages, int partition) {
-    return messages.getString(TEXT_PARTITION) + ' ' + std::to_string(partition);
+bool choosePartition(PageContext& context, Function function) {
+    for (const int partition : readPartitions(context.requester)) {
+        if (mayUse(context.requester, context.authority, function, partition)) {
+            context.partitions.push_back(partition);
+        }
+    }
+    std::string wanted;
+    const bool isNamed = context.form.getFormData(PARTITION_FIELD, wanted);
+    const auto chosen = std::find_if(
+        context.partitions.begin(), context.partitions.end(),
+        [&](int partition) { return !isNamed || std::to_string(partition) == wanted; });
+    if (chosen == context.partitions.end()) {
+        return false;
+    }
+    context.partition = *chosen;
+    return true;
+}
+
+std::string partitionName(int partition) {
+    return text(TEXT_PARTITION) + ' ' + std::to_string(partition);
 }
 
 std::string partitionPath(Function function, int partition) {
@@ -18,8 +41,7 @@ std::string partitionPath(Function function, int partition) {
 Component makePartitionTabs(const PageContext& context, Function function) {
     auto tabs = std::make_unique<ComponentGroup>();
     for (const int partition : context.partitions) {
-        tabs->add(makeLink(partitionPath(function, partition),
-                           partitionName(context.messages, partition), "",
+        tabs->add(makeLink(partitionPath(function, partition), partitionName(partition), "",
                            partition == context.partition ? "current" : ""));
     }
     return tabs;

@@ -14,14 +14,23 @@ bool isForPartition(const PageContext& context) {
     return context.partition != JudgeAuthority::NO_PARTITION;
 }
 
-unsigned int itemOf(const PageContext& context) {
+Function functionFor(const PageContext& context) {
+    return isForPartition(context) ? functionOf(TEXT_PARTITION_POWER)
+                                   : functionOf(TEXT_SYSTEM_POWER);
+}
+
+Text purposeFor(const PageContext& context) {
+    return isForPartition(context) ? TEXT_PARTITION_POWER_PURPOSE : TEXT_SYSTEM_POWER_PURPOSE;
+}
+
+unsigned int itemFor(const PageContext& context) {
     return isForPartition(context)
                ? ITEM_PARTITION_POWER + static_cast<unsigned int>(context.partition)
                : ITEM_SYSTEM_POWER;
 }
 
 bool isOn(const PageContext& context) {
-    const Record power = readRecord(context.requester, itemOf(context));
+    const Record power = readRecord(context.requester, itemFor(context));
     return RecordReader(power).next() == "on";
 }
 
@@ -31,7 +40,7 @@ struct PowerPage::Operation {
     const char* name;
     Text label;
     Text consequence;
-    bool whenOn;  ///< makes sense only when the power is on, or when it is off
+    bool whenOn;  ///< allowed when the power is on, otherwise when it is off
 };
 
 const PowerPage::Operation PowerPage::OPERATIONS[] = {
@@ -41,14 +50,13 @@ const PowerPage::Operation PowerPage::OPERATIONS[] = {
     {"reset", TEXT_POWER_RESET, TEXT_CONFIRM_POWER_RESET, true},
 };
 
-PowerPage::PowerPage(const PageContext& context, Function function, Text purpose)
-    : RecordPage(context, function, purpose, itemOf(context)),
+PowerPage::PowerPage(const PageContext& context)
+    : RecordPage(context, functionFor(context), purposeFor(context), itemFor(context)),
       m_operation(
           add(TEXT_OPERATION, TEXT_WRONG_CHOICE, std::make_unique<RadioInput>("operation"))) {
     const bool on = isOn(context);
-    addShown(TEXT_APPLIES_TO, isForPartition(context)
-                                  ? partitionName(context.messages, context.partition)
-                                  : text(TEXT_ALL_PARTITIONS));
+    addShown(TEXT_APPLIES_TO, isForPartition(context) ? partitionName(context.partition)
+                                                      : text(TEXT_ALL_PARTITIONS));
     addShown(TEXT_POWER_NOW,
              on ? makeText(text(TEXT_ON), TextString::NORMAL_COLOUR) : makeText(text(TEXT_OFF)));
     addOperations(on);
@@ -58,7 +66,7 @@ PowerPage::PowerPage(const PageContext& context, Function function, Text purpose
 
 void PowerPage::addOperations(bool on) {
     for (const Operation& operation : OPERATIONS) {
-        // The system is on when any partition is: switching the others on makes sense.
+        // The system is on when any partition is: the others can still be switched on.
         const bool always = !operation.whenOn && !isForPartition(getContext());
         if (operation.whenOn == on || always) {
             m_operation.addOption(operation.name, text(operation.label));

@@ -4,14 +4,15 @@
 
 namespace Console {
 
-/// A page that switches the power: of the partition the page works on, otherwise of all of them.
+/// A page that switches the power: of the partition that the page works on, otherwise of all.
 ///
-/// Only what makes sense in the present power state can be chosen, and nothing is chosen before
-/// the user does.
+/// The user can choose only the operations that the present power state allows; none is chosen at
+/// first.
 class PowerPage : public RecordPage {
-protected:
-    PowerPage(const PageContext& context, Function function, Text purpose);
+public:
+    explicit PowerPage(const PageContext& context);
 
+protected:
     void readCurrent() override {}
     std::string getConfirmation() override;
 

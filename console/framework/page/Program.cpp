@@ -4,16 +4,16 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "catalogue/Texts.h"
 #include "framework/access/CrossSite.h"
+#include "framework/access/Module.h"
 #include "framework/access/Rights.h"
 #include "framework/backend/Environment.h"
 #include "framework/component/PageChrome.h"
+#include "framework/component/PageText.h"
 #include "gui/CGIRequester.h"
 #include "gui/Cookie.h"
 #include "gui/HTMLPage.h"
 #include "gui/MessageMgr.h"
-#include "orv/OrvTrace.h"
 
 using namespace ORVLib::Gui;
 
@@ -30,14 +30,14 @@ constexpr char FORBIDDEN[] = "403 Forbidden";
 constexpr char TOO_LARGE[] = "413 Payload Too Large";
 constexpr char BUSY[] = "503 Service Unavailable\nRetry-After: 2";
 
-int refuse(const std::string& reason, const char* status, Text text) {
+int refuse(const std::string& reason, const char* status, Text message) {
     constexpr int ENGLISH = 1;
-    ORVLib::trace::OrvTrace trace(1, 2, 0);
-    trace.putLog(0, "request refused: " + reason);
+    logError(Module::REQUEST, "request refused: " + reason);
     MessageMgr messages(ENGLISH);
+    setPageTexts(messages);
     HTMLPage page(ENGLISH);
-    setTitleAndStyle(page, messages.getString(TEXT_ERROR));
-    putText(page.getMap(), "message", messages.getString(text));
+    setTitleAndStyle(page, text(TEXT_ERROR));
+    putText(page.getMap(), "message", text(message));
     page.getGenerator().setSkeletonFileName(HTMLPage::SKELETON_ERR_FILE_NAME);
     notePageBegun();
     // A page that has not begun can still say how the request failed.

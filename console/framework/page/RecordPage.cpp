@@ -14,7 +14,7 @@ void RecordPage::readCurrent() {
 void RecordPage::apply() {
     Record record;
     for (const Input* const input : getInputs()) {
-        // What is not needed stays in its input, for a form that is shown again.
+        // The input itself keeps its value, for a form that is shown again.
         if (isNeeded(*input)) {
             input->write(record);
         } else {

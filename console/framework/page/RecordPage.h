@@ -6,7 +6,7 @@
 namespace Console {
 
 /// A settings page for one item of the board that is a record: its inputs are the record's texts,
-/// in their order. An input that is not needed stands in the record as one empty text.
+/// in their order. An input that is not needed is written as one empty text.
 class RecordPage : public SettingsPage {
 protected:
     RecordPage(const PageContext& context, Function function, Text purpose, unsigned int item)
@@ -14,7 +14,7 @@ protected:
 
     void readCurrent() override;
 
-    /// What the board finds wrong, though every input is valid, is shown above the form.
+    /// When the board refuses the record, the form says so.
     void apply() override;
 
 private:

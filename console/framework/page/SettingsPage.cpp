@@ -3,7 +3,6 @@
 #include <cstdint>
 
 #include "framework/backend/RecordReader.h"
-#include "framework/input/Form.h"
 
 using namespace ORVLib::Gui;
 
@@ -13,7 +12,7 @@ namespace {
 
 constexpr char REVISION_FIELD[] = "seen";
 
-/// What tells texts from others, in a few characters: their FNV-1a sum of 64 bits.
+/// A digest of texts: their FNV-1a sum of 64 bits.
 std::string sumOf(const Record& texts) {
     std::uint64_t sum = 0xcbf29ce484222325;
     for (const std::string& text : texts) {
@@ -28,27 +27,25 @@ std::string sumOf(const Record& texts) {
 
 SettingsPage::SettingsPage(const PageContext& context, Function function, Text purpose)
     : FormPage(context, function, purpose, "skeleton_settings.txt"),
-      m_revision(fieldOf(context.form, REVISION_FIELD)) {}
+      m_revision(getField(REVISION_FIELD)) {}
 
 void SettingsPage::makeDispPage() {
-    if (getStep() == Step::EDIT_AGAIN) {
-        m_inputs.submit(getContext().form);
-        showForm();
-    } else if (getStep() == Step::CONFIRM && isConfirmed()) {
-        m_inputs.submit(getContext().form);
-        if (areInputsValid()) {
-            showConfirmation();
-        } else {
-            refuse(TEXT_SOME_WRONG);
-            showForm();
-        }
+    const bool isToConfirm = getStep() == Step::CONFIRM && isConfirmed();
+    if (isToConfirm || getStep() == Step::EDIT_AGAIN) {
+        submit();
     } else {
-        readSeen();
-        if (getStep() == Step::CUT_OFF) {
-            refuse(TEXT_FORM_CUT_OFF);
-        }
-        showForm();
+        readPresent();
     }
+    if (isToConfirm && areInputsValid()) {
+        showConfirmation();
+        return;
+    }
+    if (isToConfirm) {
+        refuse(TEXT_SOME_WRONG);
+    } else if (getStep() == Step::CUT_OFF) {
+        refuse(TEXT_FORM_CUT_OFF);
+    }
+    showForm();
 }
 
 void SettingsPage::makeConfigPage() {
@@ -57,7 +54,7 @@ void SettingsPage::makeConfigPage() {
         showForm();
         return;
     }
-    m_inputs.submit(getContext().form);
+    submit();
     if (areInputsValid()) {
         apply();
     }
@@ -71,7 +68,7 @@ void SettingsPage::makeConfigPage() {
     }
 }
 
-void SettingsPage::readSeen() {
+void SettingsPage::readPresent() {
     readCurrent();
     Record record;
     for (const Input* const input : m_inputs.getInputs()) {
@@ -82,15 +79,19 @@ void SettingsPage::readSeen() {
     m_revision = sumOf(record);
 }
 
-/// True when somebody has changed the settings since the user saw them; the inputs then hold the
-/// present ones. A form that was not made here need not say what its user saw.
+/// True when somebody has changed the settings since the user saw them; the inputs then have the
+/// present ones. A form of another program need not carry a revision.
 bool SettingsPage::isOutdated() {
     const std::string revision = m_revision;
     if (revision.empty()) {
         return false;
     }
-    readSeen();
+    readPresent();
     return m_revision != revision;
+}
+
+void SettingsPage::submit() {
+    m_inputs.submit(getContext().form);
 }
 
 bool SettingsPage::areInputsValid() {
@@ -100,7 +101,7 @@ bool SettingsPage::areInputsValid() {
 }
 
 void SettingsPage::showForm() {
-    beginForm(isConfirmed() ? STATE_CONFIGURE : STATE_CONFIRM);
+    beginForm(isConfirmed() ? Step::CONFIRM : Step::APPLY);
     putEntries(true);
     if (isConfirmed()) {
         putButton("submit", TEXT_NEXT);
@@ -118,7 +119,7 @@ void SettingsPage::putEntries(bool editable) {
     carry(REVISION_FIELD, m_revision);
     putRows();
     HTMLMapUtil::insertIntoMap(getMap(), "entries",
-                               std::make_unique<InputListView>(m_inputs, getMessages(), editable));
+                               std::make_unique<InputListView>(m_inputs, editable));
 }
 
 }  // namespace Console

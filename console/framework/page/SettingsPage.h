@@ -11,51 +11,42 @@
 namespace Console {
 
 /// A page that shows settings, lets the user change them, asks for confirmation, and applies them.
+/// PageStep.h has its steps.
 ///
-/// What a request does hangs on the "page_state" that its form carried, and on its method:
+/// The page says so and shows the present settings when a form did not arrive whole, or is of
+/// another session. It does the same when somebody has changed the settings since the user saw them
+/// (optimistic locking).
 ///
-///     none, or a GET   the form with the present settings; carries 3
-///     "back", any      the form with the input; carries 3
-///     3                valid input: confirmation, with the input carried on; carries 4
-///                      otherwise the form again, wrong entries marked; carries 3
-///     4                valid input: applied, then the completion page
-///                      otherwise the form again, as above
-///
-/// A form that did not arrive whole, or is not of this session, counts as none, and the page says
-/// so. So does one with 4 whose settings somebody has changed since its user saw them: what the
-/// other one did is not undone unseen. The form of a page without confirmation carries 4 wherever 3
-/// stands here.
-///
-/// A page adds its inputs in its constructor and says how they are read and applied.
+/// A page adds its inputs in its constructor, and says how they are read and applied.
 class SettingsPage : public FormPage {
 protected:
     SettingsPage(const PageContext& context, Function function, Text purpose);
 
-    /// Puts the present settings into the inputs.
+    /// Sets the inputs to the present settings.
     virtual void readCurrent() = 0;
 
-    /// Applies the inputs, which are valid. May mark() or refuse() what only the board can tell to
-    /// be wrong, and throws what ends in the error page.
+    /// Applies the inputs, which are valid. May mark() or refuse() input that only the board finds
+    /// wrong; an exception ends in the error page.
     virtual void apply() = 0;
 
-    /// False for an input that plays no part, given what the user sent in the others. It is neither
-    /// checked nor shown to be confirmed; apply() takes it as empty.
+    /// False for an input that is not used, given the values of the others. It is neither checked
+    /// nor shown to be confirmed.
     virtual bool isNeeded(const Input&) const { return true; }
 
-    /// False for an input whose present value changes by itself.
+    /// False for an input whose present value changes by itself: it is no change of the settings.
     virtual bool isKept(const Input&) const { return true; }
 
-    /// Marks inputs that are wrong in a way they cannot tell themselves.
+    /// Marks inputs that are wrong in combination, or by a rule of the page.
     virtual void checkInputs() {}
 
-    /// What the confirmation says above the input, which is valid.
+    /// The question above the valid input.
     virtual std::string getConfirmation() { return text(TEXT_PLEASE_CONFIRM); }
 
-    /// False for a page whose input must not stand in a page again, or which has nothing to look
-    /// at twice: its form is applied at once.
+    /// False for a page whose form is applied without confirmation: its input must not be printed,
+    /// or there is nothing to look at twice.
     virtual bool isConfirmed() const { return true; }
 
-    /// Adds an input with its label, and what is shown beside it when it is wrong.
+    /// Adds an input with its label. `hint` is shown beside the input when it is wrong.
     template <typename Kind>
     Kind& add(const std::string& label, Text hint, std::unique_ptr<Kind> input) {
         return m_inputs.add(label, hint, std::move(input));
@@ -65,10 +56,10 @@ protected:
         return add(text(label), hint, std::move(input));
     }
 
-    /// The inputs that are added from here on stand under a heading.
+    /// Puts a heading above the next input.
     void addHeading(const std::string& heading) { m_inputs.addHeading(heading); }
 
-    /// Marks an input as wrong, beside its hint or another one. REQUIRES: it was added.
+    /// Marks an input as wrong, with its hint or another one. REQUIRES: it was added.
     void mark(const Input& input) { m_inputs.mark(input); }
     void mark(const Input& input, Text hint) { m_inputs.mark(input, hint); }
 
@@ -79,8 +70,9 @@ private:
     void makeDispPage() final;
     void makeConfigPage() final;
 
-    void readSeen();
+    void readPresent();
     bool isOutdated();
+    void submit();
     bool areInputsValid();
     void showForm();
     void showConfirmation();

@@ -13,7 +13,7 @@ namespace {
 constexpr char FILE_FIELD[] = "file";
 constexpr int FILE_FIELD_SIZE = 48;
 
-/// True when a file came that could not be kept. Nothing is read behind it.
+/// True when a file was sent but could not be stored. The fields after it are not read.
 bool isFileLost(const FormInfo& form) {
     return !form.getUploadedFileName().empty() && form.getTemporaryFilePath().empty();
 }
@@ -23,10 +23,6 @@ bool isFileLost(const FormInfo& form) {
 UploadPage::UploadPage(const PageContext& context, Function function, Text purpose, Text file,
                        Text notice)
     : FormPage(context, function, purpose, "skeleton_upload.txt"), m_file(file), m_notice(notice) {}
-
-std::string UploadPage::getCarried(const std::string& name) const {
-    return fieldOf(getContext().form, name);
-}
 
 std::string UploadPage::sizeText(unsigned long bytes) {
     return std::to_string(bytes) + ' ' + text(TEXT_BYTES);
@@ -75,7 +71,7 @@ void UploadPage::receiveFile() {
 }
 
 void UploadPage::showForm(const std::string& notice) {
-    beginForm(STATE_CONFIGURE);
+    beginForm(Step::CONFIRM);
     putSentence(getMap(), "notice", notice);
     if (Component present = makePresent()) {
         HTMLMapUtil::insertIntoMap(getMap(), "present", std::move(present));

@@ -1,12 +1,9 @@
-// The information strip: where in the menu the user is, who he is, and the way out.
+// The information strip: the place in the menu, the user's name, and the link to log out.
 
 #include "framework/backend/Board.h"
-#include "framework/component/Components.h"
 #include "framework/component/SkeletonPart.h"
-#include "framework/input/Form.h"
-#include "framework/page/PageMain.h"
 #include "framework/page/Program.h"
-#include "gui/CGIRequester.h"
+#include "framework/page/SessionMain.h"
 
 using namespace ORVLib::Gui;
 
@@ -14,35 +11,28 @@ namespace Console {
 
 namespace {
 
-constexpr int MODULE = 0x907;
-
-class InformationMain : public PageMain {
+class InformationMain : public SessionMain {
 public:
-    explicit InformationMain(FormInfo& form) : PageMain(form, MODULE) {}
+    explicit InformationMain(FormInfo& form) : SessionMain(form, Module::INFORMATION) {}
 
 protected:
-    int execMain() override {
-        getCookie();
-        guiCheckSession(false);
+    void showPage(PageContext& context) override {
         beginPage(TEXT_CONSOLE);
-        CGIRequester requester(m_sessionId.c_str());
         auto strip = std::make_unique<SkeletonPart>("skeleton_information.txt");
-        strip->putText("console", m_messages->getString(TEXT_CONSOLE));
+        strip->putText("console", text(TEXT_CONSOLE));
         strip->putText("place", place());
-        strip->putText("user_label", m_messages->getString(TEXT_USER_NAME));
-        strip->putText("user", readUserName(requester));
-        strip->put("logout",
-                   makeLink("/common/logout.cgi", m_messages->getString(TEXT_LOGOUT), "_top"));
+        strip->putText("user_label", text(TEXT_USER_NAME));
+        strip->putText("user", readUserName(context.requester));
+        strip->put("logout", makeLink("/common/logout.cgi", text(TEXT_LOGOUT), "_top"));
         printPage(std::move(strip));
-        return 0;
     }
 
 private:
-    /// The names that the frameset's address brings, as a path.
+    /// The names in the address that the frameset makes, as a path.
     std::string place() const {
         std::string path;
         for (const char* const field : {"menu0", "menu1", "menu2"}) {
-            const std::string name = fieldOf(*m_formInfo, field);
+            const std::string name = getField(field);
             if (!name.empty()) {
                 path += (path.empty() ? "" : " > ") + name;
             }

@@ -1,6 +1,5 @@
-// The log-in page: posts to itself, and leads into the console with a new session.
+// The log-in page: posts to itself, and opens the console with a new session.
 
-#include "catalogue/Texts.h"
 #include "framework/access/Device.h"
 #include "framework/access/Functions.h"
 #include "framework/backend/Board.h"
@@ -15,7 +14,6 @@
 #include "gui/PasswordField.h"
 #include "gui/SubmitButton.h"
 #include "gui/TextField.h"
-#include "gui/TextString.h"
 
 using namespace ORVLib::Gui;
 
@@ -23,18 +21,17 @@ namespace Console {
 
 namespace {
 
-constexpr int MODULE = 0x900;
 constexpr int LONGEST_NAME = 32;
 
 class LoginMain : public PageMain {
 public:
-    explicit LoginMain(FormInfo& form) : PageMain(form, MODULE) {}
+    explicit LoginMain(FormInfo& form) : PageMain(form, Module::LOGIN) {}
 
 protected:
     int execMain() override {
-        m_formInfo->getFormData("user", m_user);
+        m_user = getField("user");
         if (m_formInfo->isPostMethod()) {
-            openSession(fieldOf(*m_formInfo, "password"));
+            openSession(getField("password"));
         } else {
             askLanguage();
         }
@@ -45,13 +42,14 @@ protected:
             }
             printPage(makeForm());
         } else {
-            leadIntoConsole();
+            openConsole();
         }
         return 0;
     }
 
 private:
-    /// The language of the board, as there is no user yet; English when it cannot be asked.
+    /// Takes the language of the board, because there is no user yet; English when it does not
+    /// answer.
     void askLanguage() {
         CGIRequester requester;
         if (requester.getLanguage(m_language) == 0) {
@@ -71,19 +69,20 @@ private:
             return;
         }
         const unsigned int error = requester.getErrorDetail();
-        // Not the name: some type their password there. The board notes the names of its users.
-        m_trace.putLog(0, "login from " + client + " failed: error " + std::to_string(error));
+        // Without the name, because some users type their password there. The board logs the names
+        // of its users.
+        logError(Module::LOGIN, "login from " + client + " failed: error " + std::to_string(error));
         askLanguage();
         m_problem = problemFor(error);
     }
 
-    /// A browser without an ID can go on without one, too.
+    /// Gets the ID of the browser. The log-in continues without one.
     void keepDevice(const std::string& sent) {
         CGIRequester requester(m_sessionId.c_str());
         m_device = askDevice(requester, sent);
         if (m_device.empty()) {
-            m_trace.putLog(0, "no device ID for a browser: error " +
-                                  std::to_string(requester.getErrorDetail()));
+            logError(Module::LOGIN, "no device ID for a browser: error " +
+                                        std::to_string(requester.getErrorDetail()));
         }
     }
 
@@ -98,26 +97,23 @@ private:
         }
     }
 
-    std::unique_ptr<HTMLComponent> makeForm() {
+    Component makeForm() {
         auto form = std::make_unique<SkeletonPart>("skeleton_login.txt");
-        form->putText("console", m_messages->getString(TEXT_CONSOLE));
-        form->putText("user_label", m_messages->getString(TEXT_USER_NAME));
-        form->putText("password_label", m_messages->getString(TEXT_PASSWORD));
+        form->putText("console", text(TEXT_CONSOLE));
+        form->putText("user_label", text(TEXT_USER_NAME));
+        form->putText("password_label", text(TEXT_PASSWORD));
         form->put("user", std::make_unique<TextField>("user", inputValue(m_user), FORM_NAME,
                                                       LONGEST_NAME, LONGEST_NAME));
         form->put("password", std::make_unique<PasswordField>("password", "", FORM_NAME,
                                                               LONGEST_NAME, LONGEST_NAME));
-        form->put("submit",
-                  std::make_unique<SubmitButton>("login", m_messages->getString(TEXT_LOGIN)));
+        form->put("submit", std::make_unique<SubmitButton>("login", text(TEXT_LOGIN)));
         if (m_problem != TEXT_CONSOLE) {
-            form->put("problem",
-                      std::make_unique<TextString>(m_messages->getString(m_problem), false, false,
-                                                   TextString::ERROR_COLOUR));
+            form->put("problem", makeText(text(m_problem), TextString::ERROR_COLOUR));
         }
         return form;
     }
 
-    void leadIntoConsole() {
+    void openConsole() {
         putLoginCookies(*m_page, m_sessionId, m_device);
         HTMLMapUtil::insertIntoMap(m_page->getMap(), "meta_refresh",
                                    std::make_unique<MetaTag>("Refresh", "0", FRAME_PATH));
@@ -125,7 +121,7 @@ private:
     }
 
     std::string m_user;
-    std::string m_device;           ///< the ID that the browser is to keep
+    std::string m_device;           ///< the ID for the browser; empty without one
     Text m_problem = TEXT_CONSOLE;  // none
 };
 

@@ -1,14 +1,11 @@
-// Ends the session: asks first, then tells the board and lets the browser forget its cookie.
+// Ends the session after a question: tells the board, and makes the browser delete its cookie.
 
-#include "catalogue/Texts.h"
 #include "framework/backend/Board.h"
-#include "framework/component/Components.h"
 #include "framework/component/PageChrome.h"
 #include "framework/component/SkeletonPart.h"
-#include "framework/page/PageMain.h"
 #include "framework/page/PageStep.h"
 #include "framework/page/Program.h"
-#include "gui/CGIRequester.h"
+#include "framework/page/SessionMain.h"
 #include "gui/SubmitButton.h"
 
 using namespace ORVLib::Gui;
@@ -17,29 +14,25 @@ namespace Console {
 
 namespace {
 
-constexpr int MODULE = 0x901;
-
-class LogoutMain : public PageMain {
+class LogoutMain : public SessionMain {
 public:
-    explicit LogoutMain(FormInfo& form) : PageMain(form, MODULE) {}
+    explicit LogoutMain(FormInfo& form) : SessionMain(form, Module::LOGOUT) {}
 
 protected:
-    int execMain() override {
-        getCookie();
-        guiCheckSession(true);
-        CGIRequester requester(m_sessionId.c_str());
-        // Nobody elsewhere must be able to end a session: it takes a form of its own.
+    bool isSessionRenewed() const override { return false; }
+
+    /// Ends the session only for a form of the session itself, so that no other site can.
+    void showPage(PageContext& context) override {
         const bool isSent = m_formInfo->isPostMethod();
-        const bool ends = isSent && isOwnForm(*m_formInfo, requester, MODULE);
-        if (ends) {
-            endSession(requester);
+        const bool isEnded = isSent && isOwnForm(context.form, context.requester, Module::LOGOUT);
+        if (isEnded) {
+            endSession(context.requester);
         }
         beginPage(TEXT_LOGOUT);
-        if (ends) {
+        if (isEnded) {
             putExpiredCookie(*m_page);
         }
-        printPage(ends ? makeFarewell() : makeQuestion(requester, isSent));
-        return 0;
+        printPage(isEnded ? makeFarewell() : makeQuestion(context.requester, isSent));
     }
 
 private:
@@ -49,23 +42,21 @@ private:
         }
     }
 
-    std::unique_ptr<HTMLComponent> makeQuestion(const CGIRequester& requester, bool isRefused) {
+    static Component makeQuestion(const CGIRequester& requester, bool isRefused) {
         auto question = std::make_unique<SkeletonPart>("skeleton_logout.txt");
-        question->putText("question", m_messages->getString(TEXT_ASK_LOGOUT));
-        question->put("submit",
-                      std::make_unique<SubmitButton>("logout", m_messages->getString(TEXT_LOGOUT)));
+        question->putText("question", text(TEXT_ASK_LOGOUT));
+        question->put("submit", std::make_unique<SubmitButton>("logout", text(TEXT_LOGOUT)));
         question->put(END_FIELD, makeFormEnd(requester));
         if (isRefused) {
-            question->put("error", makeSentence(m_messages->getString(TEXT_FORM_CUT_OFF),
-                                                TextString::ERROR_COLOUR));
+            question->put("error", makeSentence(text(TEXT_FORM_CUT_OFF), TextString::ERROR_COLOUR));
         }
         return question;
     }
 
-    std::unique_ptr<HTMLComponent> makeFarewell() {
+    static Component makeFarewell() {
         auto farewell = std::make_unique<SkeletonPart>("skeleton_farewell.txt");
-        farewell->putText("title", m_messages->getString(TEXT_LOGGED_OUT));
-        farewell->putText("login_label", m_messages->getString(TEXT_LOGIN));
+        farewell->putText("title", text(TEXT_LOGGED_OUT));
+        farewell->putText("login_label", text(TEXT_LOGIN));
         return farewell;
     }
 };

@@ -1,13 +1,11 @@
 // The menu frame: the top menus, and under each the functions that the user may use.
 
-#include <cstdlib>
 #include <iostream>
 
 #include "framework/access/Rights.h"
 #include "framework/component/Components.h"
-#include "framework/input/Form.h"
-#include "framework/page/PageMain.h"
 #include "framework/page/Program.h"
+#include "framework/page/SessionMain.h"
 #include "gui/MenuData.h"
 #include "gui/ORVGUIUtil.h"
 
@@ -17,10 +15,8 @@ namespace Console {
 
 namespace {
 
-constexpr int MODULE = 0x906;
-
-/// A top menu with its functions. One without functions for this user stands there all the same,
-/// so that the menu looks alike for everybody.
+/// A top menu with its functions. The menu has the same sections for every user: one without
+/// functions is printed too.
 class TopMenu : public HTMLComponent {
 public:
     TopMenu(std::string name, bool current) : m_name(std::move(name)), m_current(current) {}
@@ -48,52 +44,42 @@ private:
     std::vector<Component> m_links;
 };
 
-class MenuMain : public PageMain {
+class MenuMain : public SessionMain {
 public:
-    explicit MenuMain(FormInfo& form) : PageMain(form, MODULE) {}
+    explicit MenuMain(FormInfo& form) : SessionMain(form, Module::MENU) {}
 
 protected:
-    int execMain() override {
-        getCookie();
-        guiCheckSession(false);
+    void showPage(PageContext& context) override {
         beginPage(TEXT_CONSOLE);
-        CGIRequester requester(m_sessionId.c_str());
         auto menus = std::make_unique<ComponentGroup>();
         for (int menu = 0; menu < MenuData::TOP_MENUS; ++menu) {
-            menus->add(makeTopMenu(menu, requester));
+            menus->add(makeTopMenu(menu, context.requester));
         }
         printPage(std::move(menus));
-        return 0;
     }
 
 private:
     Component makeTopMenu(int menu, CGIRequester& requester) {
-        auto made = std::make_unique<TopMenu>(topMenuName(menu, m_language, *m_messages),
-                                              isWanted("tid", menu));
+        auto made =
+            std::make_unique<TopMenu>(topMenuName(menu, m_language), isCurrent("tid", menu));
         for (const FunctionEntry& entry : FUNCTIONS) {
-            if (entry.topMenu == menu && isUsable(entry, requester)) {
+            if (entry.topMenu == menu && mayUse(requester, m_authority, entry.function)) {
                 made->add(makeFunctionLink(entry));
             }
         }
         return made;
     }
 
-    bool isUsable(const FunctionEntry& entry, CGIRequester& requester) const {
-        return entry.access == Access::ANY_SESSION ||
-               mayUse(requester, m_authority, entry.function);
-    }
-
-    /// A function opens with its place in menu and information strip, so all frames load anew.
+    /// The link loads all frames again, because menu and information strip show the function.
     Component makeFunctionLink(const FunctionEntry& entry) {
         return makeLink(
             std::string(FRAME_PATH) + '?' + FUNCTION_FIELD + '=' + std::to_string(entry.function),
-            m_messages->getString(entry.title), "_top",
-            isWanted("mid", entry.function) ? "current" : "");
+            text(entry.title), "_top", isCurrent("mid", entry.function) ? "current" : "");
     }
 
-    /// What the frameset asks to be marked.
-    bool isWanted(const char* field, int number) const {
-        return fieldOf(*m_formInfo, field) == std::to_string(number);
+    /// True for the menu or function that the frameset's address names.
+    bool isCurrent(const char* field, int number) const {
+        return getField(field) == std::to_string(number);
     }
 };
 

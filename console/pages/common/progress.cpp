@@ -7,7 +7,7 @@
 #include "framework/backend/Board.h"
 #include "framework/backend/Digits.h"
 #include "framework/component/Components.h"
-#include "framework/component/SkeletonPart.h"
+#include "framework/component/ListPart.h"
 #include "framework/component/Vocabulary.h"
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"
@@ -24,10 +24,10 @@ constexpr Function FIRMWARE = functionOf(TEXT_FIRMWARE);
 constexpr char RELOAD_SECONDS[] = "2";
 constexpr char RUNNING[] = "running";
 
-/// A bar that is filled as far as something is done, and the same in digits.
+/// A progress bar, with its value in digits.
 class ProgressBar : public HTMLComponent {
 public:
-    /// REQUIRES: `percent` is not negative. More than all of it counts as all.
+    /// REQUIRES: `percent` is not negative. A value above 100 counts as 100.
     explicit ProgressBar(int percent) : m_percent(std::min(percent, WHOLE)) {}
 
     void printHTML() const override {
@@ -61,26 +61,21 @@ public:
 protected:
     bool isSelfRefreshing() const override { return true; }
 
-    std::unique_ptr<HTMLComponent> makeBody(const PageContext& context) override {
+    Component makeBody(const PageContext& context) override {
         const Record progress = readRecord(context.requester, ITEM_PROGRESS);
         RecordReader reader(progress);
         const std::string state = reader.next();
         const int percent = readPercent(reader.next());
         if (state == RUNNING) {
-            // Takes the place of the interval that the user chose for pages of status.
+            // Replaces the user's interval for pages that reload themselves.
             HTMLMapUtil::insertIntoMap(m_page->getMap(), "meta_refresh",
                                        std::make_unique<MetaTag>("Refresh", RELOAD_SECONDS));
         }
-        auto body = std::make_unique<SkeletonPart>("skeleton_list.txt");
-        body->putText("title", text(TEXT_PROGRESS));
-        body->putSentence("purpose", text(TEXT_PROGRESS_PURPOSE));
-        body->put("content", makeContent(context, state, percent, reader.next()));
-        return body;
+        return std::make_unique<ListPart>(TEXT_PROGRESS, TEXT_PROGRESS_PURPOSE,
+                                          makeContent(context, state, percent, reader.next()));
     }
 
 private:
-    std::string text(Text number) { return m_messages->getString(number); }
-
     static int readPercent(const std::string& text) {
         constexpr std::size_t MOST_DIGITS = 3;
         const int percent = readDigits(text, MOST_DIGITS);
@@ -94,7 +89,7 @@ private:
                           const std::string& version) {
         auto content = std::make_unique<ComponentGroup>();
         auto facts = std::make_unique<LabelledList>();
-        facts->add(text(TEXT_STATE), makeWord(*m_messages, states(), state));
+        facts->add(text(TEXT_STATE), makeWord(states(), state));
         if (!version.empty()) {
             facts->add(text(TEXT_VERSION), version);
             facts->add(text(TEXT_PROGRESS), std::make_unique<ProgressBar>(percent));

@@ -1,19 +1,16 @@
-// The request inspector: a form that can be sent every way a form can, and what arrived of it.
+// The request inspector: a form that can be sent in each of the ways, and the request that arrived.
 
 #include <array>
 #include <fstream>
 #include <iostream>
 #include <vector>
 
-#include "catalogue/Texts.h"
 #include "common/Hex.h"
 #include "framework/backend/Environment.h"
 #include "framework/component/SkeletonPart.h"
 #include "framework/page/PageMain.h"
 #include "framework/page/Program.h"
 #include "gui/HiddenField.h"
-#include "gui/HyperLink.h"
-#include "gui/MessageMgr.h"
 #include "gui/ResetButton.h"
 #include "gui/SubmitButton.h"
 #include "gui/TextString.h"
@@ -25,7 +22,6 @@ namespace Console {
 
 namespace {
 
-constexpr int MODULE = 0x903;
 constexpr char PAGE_PATH[] = "/common/request.cgi";
 constexpr char LANGUAGE_FIELD[] = "language";
 
@@ -43,11 +39,7 @@ public:
     void printHTML() const override {
         std::cout << "<table>\n";
         if (!m_nameHead.empty()) {
-            std::cout << "<tr><th scope=\"col\">";
-            TextString(m_nameHead).printHTML();
-            std::cout << "</th><th scope=\"col\">";
-            TextString(m_valueHead).printHTML();
-            std::cout << "</th></tr>\n";
+            printHeads();
         }
         for (const auto& [head, text] : m_rows) {
             std::cout << "<tr><th scope=\"row\">";
@@ -62,12 +54,20 @@ public:
     bool isError() const override { return false; }
 
 private:
+    void printHeads() const {
+        std::cout << "<tr><th scope=\"col\">";
+        TextString(m_nameHead).printHTML();
+        std::cout << "</th><th scope=\"col\">";
+        TextString(m_valueHead).printHTML();
+        std::cout << "</th></tr>\n";
+    }
+
     std::string m_nameHead;
     std::string m_valueHead;
     std::vector<std::pair<TextString, TextString>> m_rows;
 };
 
-/// Control characters in a form that can be seen.
+/// A text with its control characters made visible.
 std::string visible(const std::string& text) {
     std::string result;
     result.reserve(text.size());
@@ -83,12 +83,11 @@ std::string visible(const std::string& text) {
     return result;
 }
 
-std::unique_ptr<HTMLComponent> fieldTable(const FormInfo& form, MessageMgr& messages) {
+Component fieldTable(const FormInfo& form) {
     if (form.getFields().empty()) {
-        return std::make_unique<TextString>(messages.getString(TEXT_NO_FIELDS));
+        return makeText(text(TEXT_NO_FIELDS));
     }
-    auto table =
-        std::make_unique<TextTable>(messages.getString(TEXT_NAME), messages.getString(TEXT_VALUE));
+    auto table = std::make_unique<TextTable>(text(TEXT_NAME), text(TEXT_VALUE));
     for (const auto& [name, value] : form.getFields()) {
         table->addRow(visible(name), visible(value));
     }
@@ -107,30 +106,26 @@ std::string digestOfFile(const std::string& path) {
     return file.eof() ? digest.getHex() : "";
 }
 
-std::unique_ptr<HTMLComponent> fileTable(const FormInfo& form, MessageMgr& messages) {
+Component fileTable(const FormInfo& form) {
     const std::string& path = form.getTemporaryFilePath();
     const std::string digest = path.empty() ? "" : digestOfFile(path);
     if (digest.empty()) {
-        const bool lost = !path.empty() || !form.getUploadedFileName().empty();
-        return std::make_unique<TextString>(
-            messages.getString(lost ? TEXT_FILE_LOST : TEXT_NO_FILE), false, false,
-            lost ? TextString::ERROR_COLOUR : TextString::PLAIN);
+        const bool isLost = !path.empty() || !form.getUploadedFileName().empty();
+        return makeText(text(isLost ? TEXT_FILE_LOST : TEXT_NO_FILE),
+                        isLost ? TextString::ERROR_COLOUR : TextString::PLAIN);
     }
     auto table = std::make_unique<TextTable>();
-    table->addRow(messages.getString(TEXT_FILE_NAME), visible(form.getUploadedFileName()));
-    table->addRow(messages.getString(TEXT_SIZE),
-                  std::to_string(form.getWrittenSize()) + " " + messages.getString(TEXT_BYTES));
-    table->addRow(messages.getString(TEXT_SHA256), digest);
+    table->addRow(text(TEXT_FILE_NAME), visible(form.getUploadedFileName()));
+    table->addRow(text(TEXT_SIZE), std::to_string(form.getWrittenSize()) + " " + text(TEXT_BYTES));
+    table->addRow(text(TEXT_SHA256), digest);
     return table;
 }
 
-std::unique_ptr<HTMLComponent> languageLink(const char* language, const std::string& name) {
-    return std::make_unique<HyperLink>(
-        std::string(PAGE_PATH) + "?" + LANGUAGE_FIELD + "=" + language, "_self", "", "", false,
-        std::make_unique<TextString>(name));
+Component languageLink(const char* language, const std::string& name) {
+    return makeLink(std::string(PAGE_PATH) + '?' + LANGUAGE_FIELD + '=' + language, name, "_self");
 }
 
-void putLabels(SkeletonPart& body, MessageMgr& messages) {
+void putLabels(SkeletonPart& body) {
     struct Label {
         const char* marker;
         Text text;
@@ -144,13 +139,13 @@ void putLabels(SkeletonPart& body, MessageMgr& messages) {
         {"upload_label", TEXT_UPLOADED_FILE},
     };
     for (const Label& label : LABELS) {
-        body.putText(label.marker, messages.getString(label.text));
+        body.putText(label.marker, text(label.text));
     }
 }
 
 class InspectorMain : public PageMain {
 public:
-    explicit InspectorMain(FormInfo& form) : PageMain(form, MODULE) {}
+    explicit InspectorMain(FormInfo& form) : PageMain(form, Module::INSPECTOR) {}
 
 protected:
     int execMain() override {
@@ -161,27 +156,25 @@ protected:
     }
 
 private:
-    std::unique_ptr<HTMLComponent> makeBody() {
+    Component makeBody() {
         auto body = std::make_unique<SkeletonPart>("skeleton_request.txt");
-        putLabels(*body, *m_messages);
-        body->putSentence("purpose", m_messages->getString(TEXT_INSPECTOR_PURPOSE));
+        putLabels(*body);
+        body->putSentence("purpose", text(TEXT_INSPECTOR_PURPOSE));
         putButtons(*body);
         body->putText("method", visible(variable("REQUEST_METHOD")));
-        body->put("fields", fieldTable(*m_formInfo, *m_messages));
+        body->put("fields", fieldTable(*m_formInfo));
         body->putText("query", visible(m_formInfo->getQueryString()));
-        body->put("file", fileTable(*m_formInfo, *m_messages));
+        body->put("file", fileTable(*m_formInfo));
         return body;
     }
 
     void putButtons(SkeletonPart& body) {
-        body.put("english", languageLink("1", m_messages->getString(TEXT_ENGLISH)));
-        body.put("japanese", languageLink("0", m_messages->getString(TEXT_JAPANESE)));
+        body.put("english", languageLink("1", text(TEXT_ENGLISH)));
+        body.put("japanese", languageLink("0", text(TEXT_JAPANESE)));
         body.put("language_field",
                  std::make_unique<HiddenField>(LANGUAGE_FIELD, std::to_string(m_language)));
-        body.put("reset",
-                 std::make_unique<ResetButton>("reset", m_messages->getString(TEXT_RESET)));
-        body.put("upload",
-                 std::make_unique<SubmitButton>("upload", m_messages->getString(TEXT_UPLOAD)));
+        body.put("reset", std::make_unique<ResetButton>("reset", text(TEXT_RESET)));
+        body.put("upload", std::make_unique<SubmitButton>("upload", text(TEXT_UPLOAD)));
     }
 };
 

@@ -1,6 +1,5 @@
-// Says that the session has ended. Needs none, and no daemon either.
+// Says that the session has ended. Works without a session, and without the daemon.
 
-#include "catalogue/Texts.h"
 #include "framework/component/SkeletonPart.h"
 #include "framework/page/PageMain.h"
 #include "framework/page/Program.h"
@@ -12,20 +11,18 @@ namespace Console {
 
 namespace {
 
-constexpr int MODULE = 0x902;
-
 class TimeoutMain : public PageMain {
 public:
-    explicit TimeoutMain(FormInfo& form) : PageMain(form, MODULE) {}
+    explicit TimeoutMain(FormInfo& form) : PageMain(form, Module::TIMEOUT) {}
 
 protected:
     int execMain() override {
-        CGIRequester().getLanguage(m_language);  // English when the daemon cannot be asked
+        CGIRequester().getLanguage(m_language);  // English when the daemon does not answer
         beginPage(TEXT_SESSION_ENDED);
         auto body = std::make_unique<SkeletonPart>("skeleton_farewell.txt");
-        body->putText("title", m_messages->getString(TEXT_SESSION_ENDED));
-        body->putSentence("reason", m_messages->getString(TEXT_SESSION_ENDED_WHY));
-        body->putText("login_label", m_messages->getString(TEXT_LOGIN));
+        body->putText("title", text(TEXT_SESSION_ENDED));
+        body->putSentence("reason", text(TEXT_SESSION_ENDED_WHY));
+        body->putText("login_label", text(TEXT_LOGIN));
         printPage(std::move(body));
         return 0;
     }

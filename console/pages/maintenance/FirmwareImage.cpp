@@ -3,6 +3,8 @@
 #include <stdexcept>
 #include <string_view>
 
+namespace Console {
+
 namespace {
 
 constexpr std::string_view MAGIC = "ORVFIRM1";
@@ -32,3 +34,5 @@ std::string FirmwareImage::read(std::size_t most) {
     bytes.resize(static_cast<std::size_t>(m_file.gcount()));
     return bytes;
 }
+
+}  // namespace Console

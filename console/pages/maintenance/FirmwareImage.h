@@ -4,20 +4,22 @@
 #include <fstream>
 #include <string>
 
-/// A firmware image as it was uploaded: a file that begins with the bytes "ORVFIRM1" and the size
-/// that the whole of it has. What else is in it is the board's to check.
+namespace Console {
+
+/// An uploaded firmware image: a file that begins with the bytes "ORVFIRM1" and the size of the
+/// whole file. The board checks the rest.
 class FirmwareImage {
 public:
     explicit FirmwareImage(const std::string& path);
 
-    /// False for a file that does not begin as an image does.
+    /// False for a file with another beginning.
     bool isImage() const { return m_image; }
 
-    /// The size that the header says. REQUIRES: isImage().
+    /// The size in the header. REQUIRES: isImage().
     std::uint32_t getAnnouncedSize() const { return m_announcedSize; }
 
-    /// The next bytes, from the first on: `most` of them, or what is left; none behind the last.
-    /// Throws std::runtime_error when the file cannot be read.
+    /// Reads the next bytes, from the beginning of the file on: `most` of them, fewer at the end of
+    /// the file, then none. Throws std::runtime_error when the file cannot be read.
     std::string read(std::size_t most);
 
 private:
@@ -25,3 +27,5 @@ private:
     bool m_image = false;
     std::uint32_t m_announcedSize = 0;
 };
+
+}  // namespace Console

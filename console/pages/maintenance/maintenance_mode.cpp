@@ -1,4 +1,5 @@
-// What of the server is in maintenance, and whether technical staff may switch power then.
+// The parts of the server that are in maintenance, and whether technical staff may switch the power
+// then.
 
 #include <algorithm>
 #include <iterator>
@@ -33,10 +34,9 @@ public:
         : SettingsPage(context, FUNCTION, TEXT_MAINTENANCE_MODE_PURPOSE) {
         addMark(ORV_MAINTENANCE_MODE::SYSTEM, text(TEXT_WHOLE_SYSTEM));
         for (const int partition : readPartitions(context.requester)) {
-            addMark(ORV_MAINTENANCE_MODE::FIRST_PARTITION + partition,
-                    partitionName(context.messages, partition));
+            addMark(ORV_MAINTENANCE_MODE::FIRST_PARTITION + partition, partitionName(partition));
         }
-        // Technical staff may say what is in maintenance, but not what it allows them.
+        // Technical staff may set the maintenance mode, but not their permission.
         if (context.authority.isSystemAdmin()) {
             m_permission = &add(TEXT_STAFF_POWER, TEXT_WRONG_CHOICE,
                                 std::make_unique<FlagInput>("permission", text(TEXT_ALLOWED),
@@ -55,7 +55,7 @@ protected:
         }
     }
 
-    /// Writes what differs: both items, or neither of them, as far as that is in our power.
+    /// Writes the items that differ. If the second write fails, the first is undone.
     void apply() override {
         const ORV_MAINTENANCE_MODE present = readMode();
         const ORV_MAINTENANCE_MODE wanted = wantedMode(present);
@@ -93,7 +93,7 @@ private:
                                           text(TEXT_IN_MAINTENANCE), text(TEXT_IN_OPERATION)))});
     }
 
-    /// A byte that says the same as its check box stays as it is.
+    /// The mode after the check boxes. A byte that agrees with its check box does not change.
     ORV_MAINTENANCE_MODE wantedMode(ORV_MAINTENANCE_MODE mode) const {
         for (const Mark& mark : m_marks) {
             unsigned char& byte = mode.bytes[mark.byte];
@@ -116,7 +116,8 @@ private:
         writeBytes(getRequester(), ITEM_MAINTENANCE_MODE, bytes, {});
     }
 
-    /// A packet without a number permits nothing, for the rule that lets staff in as well.
+    /// A packet without a number permits nothing. The library's rule for technical staff says the
+    /// same.
     bool readPermission() const {
         GeneralPurposePacket packet;
         if (getRequester().getInfo(ITEM_MAINTENANCE_PERMISSION, packet) == 0) {

@@ -26,7 +26,7 @@ constexpr char DOWNLOAD_FIELD[] = "download";
 constexpr char CONTENT_FIELD[] = "content";
 constexpr char DIGEST_FIELD[] = "digest";
 
-/// Bytes that are the whole answer.
+/// The content of a file that the browser saves.
 class RawBytes : public HTMLComponent {
 public:
     explicit RawBytes(std::string bytes) : m_bytes(std::move(bytes)) {}
@@ -38,21 +38,21 @@ private:
     std::string m_bytes;
 };
 
-/// True for text that a hidden field carries as it is, but for what browsers do to the ends of its
-/// lines.
+/// True for text that a hidden field carries unchanged, except for the line ends that browsers
+/// send.
 bool isPrintableLines(const std::string& text) {
     return std::all_of(text.begin(), text.end(), [](char character) {
         return character == '\n' || (character >= ' ' && character <= '~');
     });
 }
 
-/// A browser ends the lines that a hidden field carries with CR LF, as some editors do.
+/// Browsers, and some editors, end lines with CR LF.
 std::string withPlainLineEnds(std::string text) {
     MessageMgr::convertStr(text, "\r\n", "\n");
     return text;
 }
 
-/// The file, or its beginning when it is too large for a backup; which then still is.
+/// The file. Of one that is too large for a backup, only as much as is still too large.
 std::string readFile(const std::string& path) {
     constexpr std::size_t LONGEST_LINE_END = 2;
     std::ifstream file(path, std::ios::binary);
@@ -100,11 +100,11 @@ protected:
     }
 
     void apply() override {
-        const std::string content = withPlainLineEnds(getCarried(CONTENT_FIELD));
+        const std::string content = withPlainLineEnds(getField(CONTENT_FIELD));
         if (!checkContent(content, sizeText(content.size()))) {
             return;
         }
-        if (digestOf(content) != getCarried(DIGEST_FIELD)) {
+        if (digestOf(content) != getField(DIGEST_FIELD)) {
             refuse(TEXT_BACKUP_CHANGED);
         } else if (writeBytes(getRequester(), ITEM_BACKUP, content, {ERROR_DAMAGED}) != 0) {
             refuse(TEXT_BACKUP_DAMAGED);
@@ -127,7 +127,7 @@ public:
     using SettingsMain::SettingsMain;
 
 protected:
-    std::unique_ptr<HTMLComponent> makeBody(const PageContext& context) override {
+    Component makeBody(const PageContext& context) override {
         if (context.form.getFields().count(DOWNLOAD_FIELD) == 0) {
             return SettingsMain::makeBody(context);
         }

@@ -1,5 +1,5 @@
-// Updates the firmware: takes an image, hands it to the board, and has it installed once the user
-// has confirmed it.
+// Updates the firmware: takes an image, sends it to the board, and lets the board install it after
+// the user confirms.
 
 #include "common/Hex.h"
 #include "framework/backend/Board.h"
@@ -23,15 +23,15 @@ constexpr Function PROGRESS = functionOf(TEXT_PROGRESS);
 constexpr int INSTALLATION_BEGUN = 440;
 constexpr char DIGEST_FIELD[] = "digest";
 
-/// How long the user sees that an installation has begun, before its progress.
+/// The time until the completion page is replaced by the progress page.
 constexpr char FORWARD_SECONDS[] = "2";
 
 Record dropRequest() {
     return {"drop"};
 }
 
-/// What the board has been sent of an image: dropped at the end, however that comes about, unless
-/// it is kept.
+/// The image that is sent to the board: the board drops it when this object ends, also by an
+/// exception, unless keep() was called.
 class StagedImage {
 public:
     explicit StagedImage(CGIRequester& requester) : m_requester(requester) {}
@@ -94,7 +94,7 @@ protected:
     }
 
     void apply() override {
-        const std::string digest = getCarried(DIGEST_FIELD);
+        const std::string digest = getField(DIGEST_FIELD);
         if (!ORVLib::isHex(digest, Digest::DIGITS)) {
             refuse(TEXT_IMAGE_GONE);
             return;
@@ -110,7 +110,7 @@ protected:
         }
     }
 
-    /// A board that has nothing of this session any more is as good.
+    /// Succeeds also when the board has no image of this session any more.
     void drop() override {
         writeRecord(getRequester(), ITEM_FIRMWARE_DROP, dropRequest(),
                     {ERROR_NO_SUCH_ITEM, ERROR_BAD_REQUEST});
@@ -124,7 +124,7 @@ private:
         return RecordReader(progress).next() == "running";
     }
 
-    /// A file as large as an upload can be may have been cut there, whatever its header says.
+    /// A file of the largest upload size may have been cut there.
     void checkSize(const FirmwareImage& image) {
         if (!image.isImage()) {
             refuse(TEXT_NO_IMAGE, arrivedText());
@@ -159,7 +159,7 @@ private:
         return digest.getHex();
     }
 
-    /// Describes what the board has now, which must be what was sent.
+    /// Checks that the board has the image that was sent, and adds rows with its data.
     void confirmStaged(const std::string& digest) {
         Record staged;
         switch (readRecord(getRequester(), ITEM_FIRMWARE_STAGED, staged,
@@ -193,7 +193,7 @@ public:
     explicit FirmwareMain(FormInfo& form) : ConsoleMain(form, FirmwarePage::FUNCTION) {}
 
 protected:
-    std::unique_ptr<HTMLComponent> makeBody(const PageContext& context) override {
+    Component makeBody(const PageContext& context) override {
         auto page = std::make_unique<FirmwarePage>(context);
         page->makePage();
         if (page->isCompleted()) {

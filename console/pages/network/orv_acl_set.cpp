@@ -1,9 +1,7 @@
-// The access control list: shown, with a way to add a row and to remove each.
+// The access control list, and the pages that add a row and remove one.
 
 #include "framework/backend/Board.h"
-#include "framework/component/Components.h"
-#include "framework/component/SkeletonPart.h"
-#include "framework/input/Form.h"
+#include "framework/component/ListPart.h"
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"
 #include "framework/page/SettingsPage.h"
@@ -31,7 +29,7 @@ std::string listPath() {
     return ORVGUIUtil::getCGIPath(LIST_FUNCTION);
 }
 
-/// An address and its mask bits; a row's text has a slash between them.
+/// A row of the list. Its text has a slash between address and mask bits.
 struct Row {
     std::string address;
     std::string maskBits;
@@ -48,25 +46,22 @@ std::vector<Row> readList(CGIRequester& requester) {
     return list;
 }
 
-Component makeList(const PageContext& context) {
-    const auto text = [&](Text number) { return context.messages.getString(number); };
+Component makeTable(const std::vector<Row>& rows) {
     auto table = std::make_unique<Table>(
-        std::vector<std::string>{text(TEXT_ADDRESS), text(TEXT_MASK_BITS), text(TEXT_OPERATION)},
-        text(TEXT_NO_ACCESS_ROWS));
-    for (const Row& row : readList(context.requester)) {
-        std::vector<Component> cells;
-        cells.push_back(makeText(row.address));
-        cells.push_back(makeText(row.maskBits));
-        cells.push_back(
-            makeLink(addressWith(listPath(), {{OPERATION, REMOVE}, {ROW, row.getText()}}),
-                     text(TEXT_REMOVE)));
-        table->addRow(std::move(cells));
+        std::initializer_list<Text>{TEXT_ADDRESS, TEXT_MASK_BITS, TEXT_OPERATION},
+        TEXT_NO_ACCESS_ROWS);
+    for (const Row& row : rows) {
+        table->addRow(makeText(row.address), makeText(row.maskBits),
+                      makeLink(addressWith(listPath(), {{OPERATION, REMOVE}, {ROW, row.getText()}}),
+                               text(TEXT_REMOVE)));
     }
-    auto list = std::make_unique<SkeletonPart>("skeleton_list.txt");
-    list->putText("title", text(TEXT_ACCESS_LIST));
-    list->putSentence("purpose", text(TEXT_ACCESS_LIST_PURPOSE));
+    return table;
+}
+
+Component makeList(CGIRequester& requester) {
+    auto list = std::make_unique<ListPart>(TEXT_ACCESS_LIST, TEXT_ACCESS_LIST_PURPOSE,
+                                           makeTable(readList(requester)));
     list->put("tabs", makeLink(addressWith(listPath(), {{OPERATION, ADD}}), text(TEXT_ADD_ACCESS)));
-    list->put("content", std::move(table));
     return list;
 }
 
@@ -105,7 +100,7 @@ private:
     MaskedAddressInput& m_row;
 };
 
-/// The page asks, and its button removes: there is nothing to enter.
+/// The page asks, and its button removes the row.
 class RemovePage : public SettingsPage {
 public:
     explicit RemovePage(const PageContext& context)
@@ -125,7 +120,7 @@ protected:
     bool isConfirmed() const override { return false; }
 
     void readCurrent() override {
-        m_row.submit(getContext().form);
+        m_row.setText(getField(ROW));
         if (m_row.isError()) {
             mark(m_row);
         }
@@ -159,7 +154,7 @@ public:
 
 protected:
     Function getFunction() const override {
-        const std::string operation = fieldOf(*m_formInfo, OPERATION);
+        const std::string operation = getField(OPERATION);
         if (operation == ADD) {
             return ADD_FUNCTION;
         }
@@ -173,7 +168,7 @@ protected:
             case REMOVE_FUNCTION:
                 return makePage<RemovePage>(context);
             default:
-                return makeList(context);
+                return makeList(context.requester);
         }
     }
 };

@@ -1,18 +1,15 @@
-// How the board is reached in the network.
+// The board's name and addresses in the network.
 
-#include "framework/input/Form.h"
 #include "framework/input/HostRules.h"
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"
 #include "framework/page/RecordPage.h"
-#include "gui/TextField.h"
-
-using ORVLib::Gui::TextField;
 
 namespace Console {
 
 namespace {
 
+constexpr int NAME_WIDTH = 40;
 constexpr int LONGEST_NAME = 64;
 
 class AddressesPage : public RecordPage {
@@ -22,8 +19,7 @@ public:
     explicit AddressesPage(const PageContext& context)
         : RecordPage(context, FUNCTION, TEXT_ADDRESSES_PURPOSE, ITEM_ADDRESSES),
           m_host(add(TEXT_HOST_NAME, TEXT_WRONG_HOST_NAME,
-                     std::make_unique<TextInput>(
-                         std::make_unique<TextField>("host", "", FORM_NAME, 40, LONGEST_NAME)))),
+                     std::make_unique<TextInput>("host", NAME_WIDTH, LONGEST_NAME))),
           m_address(add(TEXT_MASKED_ADDRESS, TEXT_WRONG_MASKED_ADDRESS,
                         std::make_unique<MaskedAddressInput>("address"))) {
         addServer(TEXT_GATEWAY, "gateway");

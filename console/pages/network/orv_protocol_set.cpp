@@ -33,7 +33,7 @@ protected:
                 mark(service->port, TEXT_PORT_IN_USE);
             }
         }
-        // Without both nobody could log in to turn one on again.
+        // Without both, nobody could log in to turn one on again.
         if (m_services[HTTP].enabled.isEmpty() && m_services[HTTPS].enabled.isEmpty()) {
             mark(m_services[HTTP].enabled);
             mark(m_services[HTTPS].enabled);

@@ -1,4 +1,4 @@
-// How often status pages reload themselves, for the user who asks.
+// The interval at which pages reload themselves for this user.
 
 #include "framework/backend/Board.h"
 #include "framework/page/ConsoleMain.h"

@@ -1,8 +1,7 @@
-// Mail that the board sends when something happens.
+// Mail that the board sends about events.
 
 #include <algorithm>
 
-#include "framework/input/Form.h"
 #include "framework/input/HostRules.h"
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"
@@ -19,13 +18,13 @@ namespace {
 constexpr int LONGEST_TEXT = 64;
 constexpr int WIDTH = 40;
 
-/// Users of both languages see an address, so it is half-width characters without blanks.
+/// True for half-width characters without blanks, which users of both languages can read.
 bool isPlain(const std::string& text) {
     const auto isHalfWidth = [](char character) { return character > ' ' && character <= '~'; };
     return std::all_of(text.begin(), text.end(), isHalfWidth) && !hasCharacterReference(text);
 }
 
-/// True for an address with one "@", and something on both sides of it.
+/// True for an address with one "@" and text on both sides of it.
 bool isMailAddress(const std::string& text) {
     const std::size_t at = text.find('@');
     return isPlain(text) && at != std::string::npos && at > 0 && at < text.size() - 1 &&
@@ -70,9 +69,7 @@ protected:
 private:
     template <typename Field>
     TextInput& addText(Text label, Text hint, const char* name) {
-        return add(label, hint,
-                   std::make_unique<TextInput>(std::make_unique<Field>(
-                       name, "", FORM_NAME, WIDTH, LONGEST_TEXT, nullptr, true)));
+        return add(label, hint, std::make_unique<OptionalInput<Field>>(name, WIDTH, LONGEST_TEXT));
     }
 
     TextInput& addMailAddress(Text label, const char* name) {

@@ -1,12 +1,8 @@
-// Where the board sends traps.
+// The destinations of the board's traps.
 
-#include "framework/input/Form.h"
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"
 #include "framework/page/RecordPage.h"
-#include "gui/TextField.h"
-
-using ORVLib::Gui::TextField;
 
 namespace Console {
 
@@ -57,16 +53,8 @@ private:
                             std::make_unique<AddressInput>("address" + number + '_', true));
         auto& community =
             add(TEXT_COMMUNITY, TEXT_WRONG_COMMUNITY,
-                std::make_unique<TextInput>(makeCommunityField("community" + number)));
+                std::make_unique<AsciiInput>("community" + number, LONGEST_COMMUNITY, true, false));
         m_destinations.push_back({enabled, address, community});
-    }
-
-    static std::unique_ptr<TextField> makeCommunityField(const std::string& name) {
-        auto field =
-            std::make_unique<TextField>(name, "", FORM_NAME, LONGEST_COMMUNITY, LONGEST_COMMUNITY);
-        field->setCheckCharacters(true);
-        field->setAllowEmpty(true);
-        return field;
     }
 
     std::vector<Destination> m_destinations;

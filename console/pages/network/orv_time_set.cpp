@@ -1,4 +1,4 @@
-// The board's clock: set by hand, or by time servers.
+// The board's clock, set by hand or by time servers.
 
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"
@@ -11,7 +11,7 @@ namespace {
 constexpr char MANUAL[] = "manual";
 constexpr char SERVERS[] = "servers";
 
-/// Every zone that is in use somewhere.
+/// All time zones that are in use.
 constexpr const char* ZONES[] = {
     "-12:00", "-11:00", "-10:00", "-09:30", "-09:00", "-08:00", "-07:00", "-06:00",
     "-05:00", "-04:00", "-03:30", "-03:00", "-02:30", "-02:00", "-01:00", "+00:00",

@@ -3,7 +3,6 @@
 #include <string>
 
 #include "framework/page/ConsoleMain.h"
-#include "framework/page/PartitionMain.h"
 #include "framework/page/Program.h"
 #include "framework/page/RecordPage.h"
 
@@ -64,5 +63,5 @@ private:
 }  // namespace Console
 
 int main() {
-    return Console::runProgram<Console::SettingsMain<Console::BootPage, Console::PartitionMain>>();
+    return Console::runProgram<Console::SettingsMain<Console::BootPage>>();
 }

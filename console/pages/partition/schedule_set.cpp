@@ -1,7 +1,6 @@
 // When a partition is switched on and off by itself.
 
 #include "framework/page/ConsoleMain.h"
-#include "framework/page/PartitionMain.h"
 #include "framework/page/Program.h"
 #include "framework/page/RecordPage.h"
 
@@ -68,6 +67,5 @@ private:
 }  // namespace Console
 
 int main() {
-    return Console::runProgram<
-        Console::SettingsMain<Console::SchedulePage, Console::PartitionMain>>();
+    return Console::runProgram<Console::SettingsMain<Console::SchedulePage>>();
 }

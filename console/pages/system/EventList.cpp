@@ -7,6 +7,7 @@
 #include "framework/backend/UtcTime.h"
 #include "framework/component/Components.h"
 #include "framework/component/PageChrome.h"
+#include "framework/component/PageText.h"
 #include "framework/component/Vocabulary.h"
 #include "framework/input/Form.h"
 #include "orv/CsvInfoAccess.h"
@@ -19,7 +20,7 @@ namespace {
 
 constexpr int NO_CODE = 0;
 
-/// What the board tells of an event.
+/// An event, as the board returns it.
 struct Event {
     explicit Event(const std::vector<std::string>& row)
         : number(row[0]),
@@ -54,17 +55,18 @@ std::vector<Event> readEvents(const PageContext& context, const EventQuery& quer
     return events;
 }
 
-/// Says what events mean: a table leads from an event's code to the operator message.
+/// Explains events: a table has the operator message for the code of an event.
 class Explanations {
 public:
     explicit Explanations(MessageMgr& messages)
         : m_messages(messages), m_table(skeletonPath("event_messages.csv")) {}
 
     std::string explain(const Event& event) {
-        const std::string text = messageFor(event);
-        // A message may have no place for the detail, or not enough: it is shown all the same.
-        return text.find(event.detail) != std::string::npos ? text
-                                                            : text + " (" + event.detail + ')';
+        const std::string message = messageFor(event);
+        // A message without room for the whole detail gets it appended.
+        return message.find(event.detail) != std::string::npos
+                   ? message
+                   : message + " (" + event.detail + ')';
     }
 
 private:
@@ -74,10 +76,10 @@ private:
             return m_messages.getMessage(static_cast<int>(messageId), NO_CODE,
                                          event.detail.c_str());
         }
-        return m_messages.getString(TEXT_NO_EXPLANATION) + " (" + event.code + ')';
+        return text(TEXT_NO_EXPLANATION) + " (" + event.code + ')';
     }
 
-    /// 0, which no event has, for what is no number of an event.
+    /// The code; 0, which no event has, when it is not a number.
     static unsigned int readCode(const std::string& text) {
         constexpr std::size_t MOST_DIGITS = 9;
         return static_cast<unsigned int>(std::max(readDigits(text, MOST_DIGITS), 0));
@@ -88,21 +90,16 @@ private:
 };
 
 Component makeTable(MessageMgr& messages, const std::vector<Event>& events) {
-    std::vector<std::string> headings;
-    for (const Text heading :
-         {TEXT_EVENT_TIME, TEXT_SEVERITY, TEXT_SOURCE, TEXT_EVENT_USER, TEXT_EXPLANATION}) {
-        headings.push_back(messages.getString(heading));
-    }
     Explanations explanations(messages);
-    auto table = std::make_unique<Table>(headings, messages.getString(TEXT_NO_EVENTS));
+    auto table = std::make_unique<Table>(
+        std::initializer_list<Text>{TEXT_EVENT_TIME, TEXT_SEVERITY, TEXT_SOURCE, TEXT_EVENT_USER,
+                                    TEXT_EXPLANATION},
+        TEXT_NO_EVENTS);
     for (const Event& event : events) {
-        std::vector<Component> cells;
-        cells.push_back(makeText(utcTime(event.time)));
-        cells.push_back(makeWord(messages, severities(), event.severity));
-        cells.push_back(makeWord(messages, sources(), event.source));
-        cells.push_back(makeText(event.user.empty() ? "-" : event.user));
-        cells.push_back(makeSentence(explanations.explain(event)));
-        table->addRow(std::move(cells));
+        table->addRow(makeText(utcTime(event.time)), makeWord(severities(), event.severity),
+                      makeWord(sources(), event.source),
+                      makeText(event.user.empty() ? "-" : event.user),
+                      makeSentence(explanations.explain(event)));
     }
     return table;
 }
@@ -125,27 +122,25 @@ std::unique_ptr<SkeletonPart> makeEventList(
     auto part = std::make_unique<SkeletonPart>("skeleton_events.txt");
     part->put("table", makeTable(context.messages, events));
     if (!query.before.empty()) {
-        part->put("newest", makeLink(addressWith(path, fields),
-                                     context.messages.getString(TEXT_NEWEST_EVENTS)));
+        part->put("newest", makeLink(addressWith(path, fields), text(TEXT_NEWEST_EVENTS)));
     }
     if (!events.empty() && std::to_string(events.size()) == query.count) {
         fields.emplace_back(BEFORE_FIELD, events.back().number);
-        part->put("older", makeLink(addressWith(path, fields),
-                                    context.messages.getString(TEXT_OLDER_EVENTS)));
+        part->put("older", makeLink(addressWith(path, fields), text(TEXT_OLDER_EVENTS)));
     }
     return part;
 }
 
-std::unique_ptr<ChoiceInput> makeSeverityInput(const PageContext& context) {
+std::unique_ptr<ChoiceInput> makeSeverityInput() {
     auto input = std::make_unique<RadioInput>(SEVERITY_FIELD);
-    input->addOptions(context.messages, severities());
+    input->addOptions(severities());
     return input;
 }
 
-std::unique_ptr<ChoiceInput> makeSourceInput(const PageContext& context) {
+std::unique_ptr<ChoiceInput> makeSourceInput() {
     auto input = std::make_unique<MenuInput>("source");
-    input->addOption("", context.messages.getString(TEXT_SOURCE_ANY));
-    input->addOptions(context.messages, sources());
+    input->addOption("", text(TEXT_SOURCE_ANY));
+    input->addOptions(sources());
     return input;
 }
 

@@ -1,7 +1,7 @@
-// What happened on the server: the events that the user's own filter lets through.
+// The events of the server that pass the user's own filter.
 
 #include "framework/backend/Board.h"
-#include "framework/component/SkeletonPart.h"
+#include "framework/component/ListPart.h"
 #include "framework/component/Vocabulary.h"
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"
@@ -19,16 +19,12 @@ public:
     explicit EventsMain(FormInfo& form) : ConsoleMain(form, functionOf(TEXT_EVENTS)) {}
 
 protected:
-    std::unique_ptr<HTMLComponent> makeBody(const PageContext& context) override {
+    Component makeBody(const PageContext& context) override {
         EventQuery query = readFilter(context);
         query.before = readBefore(context.form);
         auto events = makeEventList(context, query, ORVGUIUtil::getCGIPath(getFunction()), {});
         events->putSentence("note", describe(query));
-        auto body = std::make_unique<SkeletonPart>("skeleton_list.txt");
-        body->putText("title", text(TEXT_EVENTS));
-        body->putSentence("purpose", text(TEXT_EVENTS_PURPOSE));
-        body->put("content", std::move(events));
-        return body;
+        return std::make_unique<ListPart>(TEXT_EVENTS, TEXT_EVENTS_PURPOSE, std::move(events));
     }
 
 private:
@@ -42,17 +38,14 @@ private:
         return query;
     }
 
-    /// The filter in words, so that nobody takes the list for all there is.
-    std::string describe(const EventQuery& query) {
-        const std::string source = query.source.empty()
-                                       ? text(TEXT_SOURCE_ANY)
-                                       : translate(*m_messages, sources(), query.source);
-        return text(TEXT_LOWEST_SEVERITY) + ": " +
-               translate(*m_messages, severities(), query.severity) + " / " + text(TEXT_SOURCE) +
-               ": " + source + " / " + text(TEXT_EVENT_COUNT) + ": " + query.count;
+    /// The filter in words, so that nobody takes the list for all events.
+    static std::string describe(const EventQuery& query) {
+        const std::string source =
+            query.source.empty() ? text(TEXT_SOURCE_ANY) : translate(sources(), query.source);
+        return text(TEXT_LOWEST_SEVERITY) + ": " + translate(severities(), query.severity) + " / " +
+               text(TEXT_SOURCE) + ": " + source + " / " + text(TEXT_EVENT_COUNT) + ": " +
+               query.count;
     }
-
-    std::string text(Text number) { return m_messages->getString(number); }
 };
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Which events the event list shows, for the user who asks.
+// The events that the event list shows to this user.
 
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"
@@ -15,8 +15,8 @@ public:
 
     explicit EventFilterPage(const PageContext& context)
         : RecordPage(context, FUNCTION, TEXT_EVENT_FILTER_PURPOSE, ITEM_OWN_EVENT_FILTER) {
-        add(TEXT_LOWEST_SEVERITY, TEXT_WRONG_CHOICE, makeSeverityInput(context));
-        add(TEXT_SOURCE, TEXT_WRONG_CHOICE, makeSourceInput(context));
+        add(TEXT_LOWEST_SEVERITY, TEXT_WRONG_CHOICE, makeSeverityInput());
+        add(TEXT_SOURCE, TEXT_WRONG_CHOICE, makeSourceInput());
         add(TEXT_EVENT_COUNT, TEXT_WRONG_EVENT_COUNT, makeCountInput());
     }
 };

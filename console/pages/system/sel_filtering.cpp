@@ -1,7 +1,6 @@
-// Searches the event log. Nothing is stored: the query is part of the page's address.
+// Searches the event log. The query is in the page's address and is not stored.
 
-#include "framework/component/Components.h"
-#include "framework/component/SkeletonPart.h"
+#include "framework/component/ListPart.h"
 #include "framework/input/DateInput.h"
 #include "framework/input/InputList.h"
 #include "framework/page/ConsoleMain.h"
@@ -16,13 +15,12 @@ namespace Console {
 
 namespace {
 
-/// What to look for.
+/// The inputs of a search.
 class SearchForm {
 public:
-    explicit SearchForm(const PageContext& context)
-        : m_messages(context.messages),
-          m_severity(add(TEXT_LOWEST_SEVERITY, TEXT_WRONG_CHOICE, makeSeverityInput(context))),
-          m_source(add(TEXT_SOURCE, TEXT_WRONG_CHOICE, makeSourceInput(context))),
+    SearchForm()
+        : m_severity(add(TEXT_LOWEST_SEVERITY, TEXT_WRONG_CHOICE, makeSeverityInput())),
+          m_source(add(TEXT_SOURCE, TEXT_WRONG_CHOICE, makeSourceInput())),
           m_firstDay(addDay(TEXT_EARLIEST_DAY, "first")),
           m_lastDay(addDay(TEXT_LATEST_DAY, "last")),
           m_count(add(TEXT_EVENT_COUNT, TEXT_WRONG_EVENT_COUNT, makeCountInput())) {
@@ -30,7 +28,7 @@ public:
         m_count.setText("50");
     }
 
-    /// Takes what the user sent. Returns false when some of it is wrong, which is marked then.
+    /// Takes the values that the user sent. Marks wrong ones, and returns false then.
     bool submit(const FormInfo& form) {
         m_inputs.submit(form);
         m_inputs.check();
@@ -47,19 +45,18 @@ public:
                 m_lastDay.getText(),  m_count.getText(),  ""};
     }
 
-    Component makeView() const { return std::make_unique<InputListView>(m_inputs, m_messages); }
+    Component makeView() const { return std::make_unique<InputListView>(m_inputs); }
 
 private:
     template <typename Kind>
     Kind& add(Text label, Text hint, std::unique_ptr<Kind> input) {
-        return m_inputs.add(m_messages.getString(label), hint, std::move(input));
+        return m_inputs.add(text(label), hint, std::move(input));
     }
 
     DateInput& addDay(Text label, const char* name) {
         return add(label, TEXT_WRONG_OPTIONAL_DAY, std::make_unique<DateInput>(name, true));
     }
 
-    MessageMgr& m_messages;
     InputList m_inputs;
     ChoiceInput& m_severity;
     ChoiceInput& m_source;
@@ -73,17 +70,16 @@ public:
     explicit SearchMain(FormInfo& form) : ConsoleMain(form, functionOf(TEXT_EVENT_SEARCH)) {}
 
 protected:
-    std::unique_ptr<HTMLComponent> makeBody(const PageContext& context) override {
-        m_search = std::make_unique<SearchForm>(context);
+    Component makeBody(const PageContext& context) override {
+        m_search = std::make_unique<SearchForm>();
         const bool isAsked = context.form.getFields().count(SEVERITY_FIELD) != 0;
         const bool isWrong = isAsked && !m_search->submit(context.form);
-        auto body = std::make_unique<SkeletonPart>("skeleton_list.txt");
-        body->putText("title", text(getTitle()));
-        body->putSentence("purpose", text(TEXT_EVENT_SEARCH_PURPOSE));
+        auto body = std::make_unique<ListPart>(
+            getTitle(), TEXT_EVENT_SEARCH_PURPOSE,
+            makeSearch(isAsked && !isWrong ? makeResult(context) : nullptr));
         if (isWrong) {
-            body->put("error", makeSentence(text(TEXT_SOME_WRONG), TextString::ERROR_COLOUR));
+            body->putError(TEXT_SOME_WRONG);
         }
-        body->put("content", makeSearch(isAsked && !isWrong ? makeResult(context) : nullptr));
         return body;
     }
 
@@ -108,9 +104,7 @@ private:
                              {fields.begin(), fields.end()});
     }
 
-    std::string text(Text number) { return m_messages->getString(number); }
-
-    /// Outlives the page, which shows it.
+    /// The page refers to it.
     std::unique_ptr<SearchForm> m_search;
 };
 

@@ -1,4 +1,4 @@
-// What the server is, and the names its owner gives it.
+// The product data of the server, and the names that its owner gives it.
 
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"

@@ -1,8 +1,7 @@
 // The state of every unit of the server.
 
 #include "framework/backend/Board.h"
-#include "framework/component/Components.h"
-#include "framework/component/SkeletonPart.h"
+#include "framework/component/ListPart.h"
 #include "framework/component/Vocabulary.h"
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"
@@ -47,26 +46,19 @@ const Vocabulary& readings() {
 
 class StatusMain : public ConsoleMain {
 public:
-    // The table of rights has nobody for this function. The page changes nothing, and everybody
-    // who is logged in may know the state.
-    explicit StatusMain(FormInfo& form)
-        : ConsoleMain(form, functionOf(TEXT_STATUS), Access::ANY_SESSION) {}
+    explicit StatusMain(FormInfo& form) : ConsoleMain(form, functionOf(TEXT_STATUS)) {}
 
 protected:
     bool isSelfRefreshing() const override { return true; }
 
-    std::unique_ptr<HTMLComponent> makeBody(const PageContext& context) override {
-        auto body = std::make_unique<SkeletonPart>("skeleton_list.txt");
-        body->putText("title", text(TEXT_STATUS));
-        body->putSentence("purpose", text(TEXT_STATUS_PURPOSE) + ' ' + text(TEXT_AS_OF) + ' ' +
-                                         readTime(context.requester));
-        body->put("content", makeTable(context.requester));
-        return body;
+    Component makeBody(const PageContext& context) override {
+        return std::make_unique<ListPart>(
+            TEXT_STATUS,
+            text(TEXT_STATUS_PURPOSE) + ' ' + text(TEXT_AS_OF) + ' ' + readTime(context.requester),
+            makeTable(context.requester));
     }
 
 private:
-    std::string text(Text number) { return m_messages->getString(number); }
-
     static std::string readTime(CGIRequester& requester) {
         const Record clock = readRecord(requester, ITEM_CLOCK);
         RecordReader reader(clock);
@@ -74,23 +66,19 @@ private:
         return date + ' ' + reader.next();
     }
 
-    Component makeTable(CGIRequester& requester) {
+    static Component makeTable(CGIRequester& requester) {
         auto table = std::make_unique<Table>(
-            std::vector<std::string>{text(TEXT_UNIT), text(TEXT_STATE), text(TEXT_READING)},
-            text(TEXT_NO_UNITS));
+            std::initializer_list<Text>{TEXT_UNIT, TEXT_STATE, TEXT_READING}, TEXT_NO_UNITS);
         const Record status = readRecord(requester, ITEM_STATUS);
         for (const auto& row : rowsOf(status, UNIT_FIELDS)) {
-            std::vector<Component> cells;
-            cells.push_back(makeUnit(row[0], row[1]));
-            cells.push_back(makeWord(*m_messages, states(), row[2]));
-            cells.push_back(makeWord(*m_messages, readings(), row[3]));
-            table->addRow(std::move(cells));
+            table->addRow(makeUnit(row[0], row[1]), makeWord(states(), row[2]),
+                          makeWord(readings(), row[3]));
         }
         return table;
     }
 
-    /// A unit's name, with its number unless there is but one.
-    Component makeUnit(const std::string& kind, const std::string& number) {
+    /// The name of a unit, with its number unless it is the only one of its kind.
+    static Component makeUnit(const std::string& kind, const std::string& number) {
         constexpr unsigned int PICTURE_SIZE = 24;
         auto unit = std::make_unique<ComponentGroup>();
         if (kind == "fan") {
@@ -98,7 +86,7 @@ private:
             picture->resizeImageDispSize(PICTURE_SIZE, PICTURE_SIZE);
             unit->add(std::move(picture));
         }
-        unit->add(makeWord(*m_messages, kinds(), kind));
+        unit->add(makeWord(kinds(), kind));
         const bool isSingle = number == "0" && kind != "partition";
         unit->add(makeText(isSingle ? "" : number));
         return unit;

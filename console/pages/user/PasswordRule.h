@@ -10,8 +10,9 @@ namespace Console {
 constexpr int SHORTEST_PASSWORD = 8;
 constexpr int LONGEST_PASSWORD = 32;
 
-/// What a new password must be: 8 to 32 printable ASCII characters, none of them a blank. A
-/// character reference is not what its user typed, and the log-in page may send another one.
+/// True for a valid new password: 8 to 32 printable ASCII characters without blanks. A character
+/// reference is refused, because the user typed another character, for which the log-in page may
+/// send something else.
 inline bool isGoodPassword(const std::string& password) {
     return password.size() >= SHORTEST_PASSWORD && password.size() <= LONGEST_PASSWORD &&
            std::all_of(password.begin(), password.end(),

@@ -2,7 +2,6 @@
 
 #include "framework/backend/Board.h"
 #include "framework/component/Vocabulary.h"
-#include "framework/input/Form.h"
 #include "gui/ORVGUIUtil.h"
 #include "pages/user/PasswordRule.h"
 
@@ -27,7 +26,7 @@ constexpr char LEAST_ROLE[] = "guest";
 constexpr char JAPANESE[] = "0";
 constexpr char ENGLISH[] = "1";
 
-/// What a user may be called. REQUIRES: `name` is not empty.
+/// True for a name that a user may have. REQUIRES: `name` is not empty.
 bool isGoodName(const std::string& name) {
     const std::string letters = LETTERS;
     return letters.find(name.front()) != std::string::npos &&
@@ -35,20 +34,19 @@ bool isGoodName(const std::string& name) {
 }
 
 std::unique_ptr<TextInput> makeNameInput() {
-    return std::make_unique<TextInput>(std::make_unique<TextField>(
-        NAME_FIELD, "", FORM_NAME, TextField::DEFAULT_SIZE, LONGEST_NAME));
+    return std::make_unique<TextInput>(NAME_FIELD, TextField::DEFAULT_SIZE, LONGEST_NAME);
 }
 
-std::unique_ptr<MenuInput> makeRoleInput(MessageMgr& messages) {
+std::unique_ptr<MenuInput> makeRoleInput() {
     auto input = std::make_unique<MenuInput>("role");
-    input->addOptions(messages, roles());
+    input->addOptions(roles());
     return input;
 }
 
-std::unique_ptr<MenuInput> makeLanguageInput(MessageMgr& messages) {
+std::unique_ptr<MenuInput> makeLanguageInput() {
     auto input = std::make_unique<MenuInput>("language");
-    input->addOption(ENGLISH, messages.getString(TEXT_ENGLISH));
-    input->addOption(JAPANESE, messages.getString(TEXT_JAPANESE));
+    input->addOption(ENGLISH, text(TEXT_ENGLISH));
+    input->addOption(JAPANESE, text(TEXT_JAPANESE));
     return input;
 }
 
@@ -95,10 +93,10 @@ UserSettingsPage::UserSettingsPage(const PageContext& context, Function function
       m_name(add(TEXT_USER_NAME, TEXT_WRONG_USER_NAME, std::move(name))),
       m_password(addPassword(passwordLabel, TEXT_BAD_PASSWORD, "password")),
       m_repeated(addPassword(TEXT_PASSWORD_AGAIN, TEXT_PASSWORDS_DIFFER, "repeated")),
-      m_role(add(TEXT_ROLE, TEXT_WRONG_CHOICE, makeRoleInput(context.messages))),
+      m_role(add(TEXT_ROLE, TEXT_WRONG_CHOICE, makeRoleInput())),
       m_partitions(add(TEXT_USER_PARTITIONS, TEXT_WRONG_USER_PARTITIONS,
                        std::make_unique<PartitionsInput>("partition", context.requester))),
-      m_language(add(TEXT_LANGUAGE, TEXT_WRONG_CHOICE, makeLanguageInput(context.messages))) {}
+      m_language(add(TEXT_LANGUAGE, TEXT_WRONG_CHOICE, makeLanguageInput())) {}
 
 PasswordInput& UserSettingsPage::addPassword(Text label, Text hint, const char* name) {
     return add(label, hint, std::make_unique<PasswordInput>(name, LONGEST_PASSWORD));
@@ -175,7 +173,7 @@ void EditUserPage::apply() {
 RemoveUserPage::RemoveUserPage(const PageContext& context, const User& user)
     : UserPage(context, EDIT, TEXT_REMOVE_USER_PURPOSE, ACTION_REMOVE), m_name(user.name) {
     addShown(TEXT_USER_NAME, user.name);
-    addShown(TEXT_ROLE, translate(context.messages, roles(), user.role));
+    addShown(TEXT_ROLE, translate(roles(), user.role));
     addShown(TEXT_USER_PARTITIONS, listPartitions(user.partitions));
     carry(NAME_FIELD, user.name);
     setTitle(TEXT_REMOVE_USER);

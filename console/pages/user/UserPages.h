@@ -3,18 +3,18 @@
 #include "framework/page/SettingsPage.h"
 #include "pages/user/Users.h"
 
-/// The pages that change the list of users. A password is never printed in a page, so none of
-/// them has a confirmation: they are applied at once.
+/// The pages that change the list of users. They have no confirmation, because a password is never
+/// printed in a page.
 namespace Console {
 
-/// What a request to the list of users wants, and the user it is about.
+/// The fields of a request to the list of users: the action, and the user's name.
 constexpr char ACTION_FIELD[] = "action";
 constexpr char NAME_FIELD[] = "name";
 constexpr char ACTION_ADD[] = "add";
 constexpr char ACTION_EDIT[] = "edit";
 constexpr char ACTION_REMOVE[] = "remove";
 
-/// What these pages have in common: they lead back to the list, and know what the board minds.
+/// The base of these pages: they lead back to the list, and show why the board refused a change.
 class UserPage : public SettingsPage {
 protected:
     UserPage(const PageContext& context, Function function, Text purpose,
@@ -22,20 +22,20 @@ protected:
 
     bool isConfirmed() const override { return false; }
 
-    /// Writes an item. What the board minds about the users is said above the form.
+    /// Writes an item. When the board refuses it, the form says why.
     void send(unsigned int item, const Record& record);
 };
 
-/// What adding and editing a user share: the inputs.
+/// The inputs to add or edit a user.
 class UserSettingsPage : public UserPage {
 protected:
-    /// `name` is the first of the inputs.
+    /// `name` is the first input.
     UserSettingsPage(const PageContext& context, Function function, Text purpose,
                      const std::string& action, std::unique_ptr<Input> name, Text passwordLabel);
 
     void checkInputs() override;
 
-    /// Puts a user's settings into the inputs.
+    /// Sets the inputs to a user's settings.
     void setSettings(const User& user);
 
     /// Writes the inputs: name, password, role, partitions and language.
@@ -63,7 +63,7 @@ protected:
     void apply() override;
 };
 
-/// An empty password leaves the user's own as it is.
+/// An empty password does not change the user's password.
 class EditUserPage : public UserSettingsPage {
 public:
     EditUserPage(const PageContext& context, const User& user);

@@ -6,10 +6,10 @@
 #include "framework/input/ChecksInput.h"
 #include "gui/CGIRequester.h"
 
-/// The users of the console, as the board keeps them.
+/// The users of the console.
 namespace Console {
 
-/// What the board tells of a user.
+/// A user, as the board returns it.
 struct User {
     std::string name;
     std::string role;
@@ -23,11 +23,11 @@ std::vector<User> readUsers(ORVLib::Gui::CGIRequester& requester);
 /// The numbers of a user's partitions: "0, 3".
 std::string listPartitions(const std::string& partitions);
 
-/// Check boxes for the partitions that the board has. As a text: "1" or "0" for each partition that
-/// a board can have.
+/// Check boxes for the partitions that the board has. The text is "1" or "0" for each partition
+/// that a board can have.
 class PartitionsInput : public ChecksInput {
 public:
-    /// Asks the board which it has. A failure ends in the error page.
+    /// Reads the partitions from the board. A failure ends in the error page.
     PartitionsInput(const std::string& name, ORVLib::Gui::CGIRequester& requester);
 
     void setText(const std::string& text) override;

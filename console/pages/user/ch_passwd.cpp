@@ -1,4 +1,4 @@
-// Changes the password of the user who asks.
+// Changes the user's own password.
 
 #include <string>
 
@@ -14,7 +14,7 @@ namespace {
 
 constexpr int PASSWORD_CHANGED = 2;
 
-/// The content of the board's item: both passwords, each filled up with NULs.
+/// The content of the board's item: both passwords, padded with NULs.
 std::string changeOf(const std::string& present, const std::string& wanted) {
     std::string content = present;
     content.resize(PasswordChange::NEW_OFFSET);

@@ -1,0 +1,21 @@
+#include "framework/page/SessionMain.h"
+
+using namespace ORVLib::Gui;
+
+namespace Console {
+
+int SessionMain::execMain() {
+    getCookie();
+    guiCheckSession(!isSessionRenewed());
+    loadTexts();
+    CGIRequester requester(m_sessionId.c_str());
+    PageContext context{*m_formInfo, *m_messages, requester, m_authority, m_language};
+    showPage(context);
+    return 0;
+}
+
+void SessionMain::errorExit(std::string title, int code) {
+    AbstractMain::errorExit(std::move(title), code);
+}
+
+}  // namespace Console
