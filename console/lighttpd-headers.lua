@@ -1,10 +1,10 @@
--- Gives every answer of the web server the security headers: files, and its own answers to requests
--- that it refuses, even those that it cannot read. Pages set these headers themselves.
+-- Adds the security headers to files and to the web server's own answers, also to requests that it
+-- cannot read. Pages set these headers themselves.
 local headers = lighty.r.resp_header
 local closed = "default-src 'self'; object-src 'none'; base-uri 'none'; form-action 'none'; "
     .. "frame-ancestors 'self'"
 
--- A style sheet, script or image may be kept, but is asked for again, so that an update shows at once.
+-- A browser may cache a style sheet, script or image, but must check it again: updates show at once.
 local path = lighty.r.req_attr["uri.path"] or ""
 local status = lighty.r.req_item["http_status"]
 local is_file = (status == 200 or status == 304)

@@ -1,5 +1,5 @@
-// Windows that pages open beside the console. A time-out closes them, from whichever frame it is
-// noticed in; a page without such windows has nothing to close.
+// Windows that pages open in addition to the console. The time-out page calls these functions in the
+// top window, from any frame, to close them.
 var helpWindow = null;
 var vorpaWindow = null;
 
@@ -17,7 +17,7 @@ function vorpa_close() {
     vorpaWindow = null;
 }
 
-// The menu shows where the user is, however long it is.
+// A long menu scrolls to the current function.
 document.addEventListener("DOMContentLoaded", function () {
     var current = document.querySelector(".menu a.current");
     if (current) {

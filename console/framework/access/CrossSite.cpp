@@ -9,8 +9,7 @@ namespace Console {
 
 namespace {
 
-/// A host with its port, without the dot that may end the host: web servers take it off, browsers
-/// keep it.
+/// A host and port without the final dot of the host: web servers remove the dot, browsers do not.
 std::string withoutFinalDot(std::string host) {
     const std::size_t end = std::min(host.rfind(':'), host.size());
     if (end > 0 && host[end - 1] == '.') {
@@ -19,7 +18,7 @@ std::string withoutFinalDot(std::string host) {
     return host;
 }
 
-/// The host and port of an origin; "null", which a browser sends to hide one, has none.
+/// The host and port of an origin. The origin "null", which a browser sends to hide one, has none.
 std::string hostOf(const std::string& origin) {
     constexpr char SEPARATOR[] = "://";
     const std::size_t end = origin.find(SEPARATOR);

@@ -2,8 +2,8 @@
 
 namespace Console {
 
-/// True for a POST that, by its `Sec-Fetch-Site` or `Origin` header, another site made. Without
-/// these headers a request counts as our own: the forms of a session have a CSRF token as well.
+/// True for a cross-site POST, by its `Sec-Fetch-Site` or `Origin` header. False without these
+/// headers: the forms of a session have a CSRF token too.
 bool isCrossSitePost();
 
 }  // namespace Console

@@ -31,14 +31,14 @@ void printDeviceCookie(std::string_view value, std::string_view lifetime) {
               << "; HttpOnly; SameSite=Strict" << (isEncrypted() ? "; Secure\n" : "\n");
 }
 
-/// The line that lets the browser show that it keeps cookies.
+/// The header line that tests whether the browser keeps cookies.
 class DeviceCookie : public HTMLComponent {
 public:
     void printHTML() const override { printDeviceCookie(WITHOUT_ID, ""); }
     bool isError() const override { return false; }
 };
 
-/// The line that lets the browser keep its ID, before the line of the session.
+/// The header line that stores the ID in the browser, then the line of the session.
 class LoginCookies : public HTMLComponent {
 public:
     LoginCookies(const std::string& sessionId, std::string device)

@@ -47,8 +47,8 @@ constexpr std::string_view OVER_TIME_PAGE =
 
 volatile std::sig_atomic_t isPageBegun = 0;
 
-// Calls only what a signal handler may. SIGTERM, and not SIGXCPU, ends the process: the library
-// then removes the uploaded file, and no core file is left.
+// Calls only functions that are allowed in a signal handler. Ends the process by SIGTERM in place
+// of SIGXCPU, so that the library deletes the uploaded file and no core file is written.
 extern "C" void endOverTime(int /*signal*/) {
     ORVLib::writeAll(STDERR_FILENO, OVER_TIME_LINE);
     if (isPageBegun == 0) {
@@ -76,14 +76,14 @@ bool lock(int descriptor, unsigned int place) {
     return fcntl(descriptor, F_SETLK, &wanted) == 0;
 }
 
-/// Places of a range, from `first` on; after its last place comes its first one.
+/// Places of a range, from `first` on, in a circle.
 struct Choice {
     unsigned int first;
     unsigned int count;
 };
 
-/// Locks one of the chosen places of the range that begins at `begin`. Returns false when there is
-/// none left. Processes begin at different places: most find one at once.
+/// Locks one of the chosen places of the range that begins at `begin`. Returns false when none is
+/// free. Processes try the places in different orders, so that most find a free one at once.
 bool lockOne(int descriptor, unsigned int begin, unsigned int size, const Choice& choice) {
     const auto process = static_cast<unsigned int>(getpid());
     for (unsigned int tried = 0; tried < choice.count; ++tried) {
@@ -114,7 +114,7 @@ bool takePlace(Places places) {
     if (path.empty()) {
         return true;
     }
-    // Stays open: the lock ends with the process.
+    // Not closed: the lock ends with the process.
     const int descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (descriptor < 0) {
         logError(Module::REQUEST, "cannot open ORV_PAGE_PLACES " + path +
@@ -124,7 +124,7 @@ bool takePlace(Places places) {
     if (places == Places::RESERVED) {
         return lockOne(descriptor, ORDINARY_PLACES, RESERVED_PLACES, {0, RESERVED_PLACES});
     }
-    // Each address has its own choice of the places, so that no address can take all of another's.
+    // Each address has its own choice of the places, so that no other address can take all of them.
     const std::size_t choice = std::hash<std::string>()(variable("REMOTE_ADDR")) % ORDINARY_PLACES;
     return lockOne(descriptor, 0, ORDINARY_PLACES,
                    {static_cast<unsigned int>(choice), PLACES_OF_AN_ADDRESS});

@@ -6,14 +6,14 @@
 
 namespace Console {
 
-/// What the components of a page take its form to be called.
+/// The name of a page's form, for components.
 constexpr char FORM_NAME[] = "form_name";
 
-/// What a field of the request holds; empty without it.
+/// The value of a field of the request; empty without it.
 std::string fieldOf(const ORVLib::Gui::FormInfo& form, const std::string& name);
 
-/// A text as the value of an input component, which escapes double quotes alone: what a person
-/// typed stands in the input as it was typed.
+/// A text as the value of an input component, which escapes only double quotes. The input then
+/// shows the text as it was typed.
 std::string inputValue(std::string text);
 
 }  // namespace Console

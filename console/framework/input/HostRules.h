@@ -2,16 +2,16 @@
 
 #include <string>
 
-/// Which names and addresses a computer in the network can have.
+/// The rules for names and addresses of a computer in the network.
 namespace Console {
 
 /// True for a host name: half-width letters, digits, hyphens and dots, with a letter or digit at
-/// both ends and something between any two dots. The empty text is none.
+/// both ends and no two dots in a row. False for the empty text.
 bool isHostName(const std::string& name);
 
-/// False for addresses that no computer is reached at from another one: those of "this network"
-/// (0), the loopback ones (127), and those from 224 on, which are for groups or reserved.
-/// REQUIRES: `address` is an IPv4 address, with or without mask bits.
+/// False for addresses at which no other computer can be reached: "this network" (0), loopback
+/// (127), and multicast and reserved addresses (224 and above). REQUIRES: `address` is an IPv4
+/// address, with or without mask bits.
 bool isHostAddress(const std::string& address);
 
 }  // namespace Console

@@ -21,7 +21,8 @@ namespace Console {
 
 namespace {
 
-/// Bytes of a form. The library takes what is above in a single read, which may get a part only.
+/// Bytes of a form. The library reads a larger one with a single read, which may return only a
+/// part.
 constexpr long LARGEST_FORM = 0x10000;
 
 /// Status lines; the last one has a header that says when to try again, in seconds.
@@ -40,7 +41,7 @@ int refuse(const std::string& reason, const char* status, Text message) {
     putText(page.getMap(), "message", text(message));
     page.getGenerator().setSkeletonFileName(HTMLPage::SKELETON_ERR_FILE_NAME);
     notePageBegun();
-    // A page that has not begun can still say how the request failed.
+    // The page has not begun, so it can still have a status.
     std::cout << "Status: " << status << '\n';
     page.getGenerator().printHTML();
     return -1;
@@ -75,7 +76,7 @@ bool isAuthorised(Function function) {
            mayUse(requester, authority, function);
 }
 
-/// Lets the page wait a second for the board, unless it waits less already.
+/// Limits the wait for the board to a second, unless it is less already.
 void shortenWait() {
     constexpr char NAME[] = "ORV_IPC_TIMEOUT_MS";
     constexpr long SHORT_MS = 1000;
@@ -85,7 +86,7 @@ void shortenWait() {
     }
 }
 
-/// Lets a log or a page that cannot be written be a failed write, not the end of the program.
+/// A log or page that cannot be written is then a failed write, and does not end the program.
 void ignoreOutputSignals() {
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
@@ -115,7 +116,7 @@ std::optional<int> admitRequest(const RequestRules& rules) {
                       TEXT_REQUEST_TOO_LARGE);
     }
     if (length > 0 && rules.function && !isAuthorised(*rules.function)) {
-        // The page now finds out, and says, what is missing: the session or the right.
+        // The page itself then says whether the session or the right is missing.
         setenv("CONTENT_LENGTH", "0", 1);
     }
     return std::nullopt;

@@ -11,26 +11,26 @@
 
 namespace Console {
 
-/// What a page expects of its requests.
+/// The requests that a page accepts.
 struct RequestRules {
-    /// A page that takes no file gets forms of up to 64 KiB.
+    /// A page without a file accepts forms of up to 64 KiB.
     bool takesFile = false;
-    /// The function whose right a user needs before a body is read; without one, nobody is asked.
+    /// The function whose right is checked before a body is read; nothing is checked without it.
     std::optional<Function> function;
-    /// Pages that are answered when all others have to wait have reserved places; they wait for a
-    /// board that hangs for a second only.
+    /// A page in a reserved place is answered when all ordinary places are taken, and waits only a
+    /// second for a board that hangs.
     Places places = Places::ORDINARY;
 };
 
-/// Answers a request that could not even be read. Returns the program's exit status.
+/// Answers a request that cannot be read. Returns the program's exit status.
 int refuseRequest(const std::string& reason);
 
-/// Limits what this process may use and decides, before anything of the body is read, whether the
-/// request is taken at all. Returns the program's exit status when it has been refused and
-/// answered. The body of a file page's user who has not the right to it counts as empty.
+/// Limits the resources of this process and decides, before the body is read, whether to accept the
+/// request. Returns the program's exit status after a refusal, which has been answered. The body
+/// counts as empty when its user has no right to the page's function.
 std::optional<int> admitRequest(const RequestRules& rules);
 
-/// A page program's main(): reads the request, when it is admitted, and runs a main object on it.
+/// The main() of a page: reads the request if it is accepted, and runs the page's main object.
 template <typename Main>
 int runProgram(const RequestRules& rules = {}) {
     if (const std::optional<int> refused = admitRequest(rules)) {
@@ -48,7 +48,7 @@ int runProgram(const RequestRules& rules = {}) {
     return Main(*form).exec();
 }
 
-/// As runProgram(), for a page that takes a file from users with the right to `function`.
+/// As runProgram(), for a page that accepts a file from users with the right to `function`.
 template <typename Main>
 int runUploadProgram(Function function) {
     return runProgram<Main>({true, function, Places::ORDINARY});
