@@ -3,6 +3,7 @@
 import contextlib
 import os
 import pathlib
+import random
 import shutil
 import signal
 import socket
@@ -31,9 +32,12 @@ CERTIFICATE_DAYS = 3650
 
 
 def free_port():
-    with socket.socket() as probe:
-        probe.bind(("127.0.0.1", 0))
-        return probe.getsockname()[1]
+    """A port below those that the kernel gives to clients, which could take it meanwhile."""
+    while True:
+        port = random.randrange(10000, 32768)
+        with socket.socket() as probe, contextlib.suppress(OSError):
+            probe.bind(("127.0.0.1", port))
+            return port
 
 
 def require_port(port):

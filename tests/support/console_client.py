@@ -3,10 +3,10 @@
 import dataclasses
 import html
 import html.parser
-import http.client
 import re
-import ssl
 import urllib.parse
+
+import requests
 
 LOGIN, LOGOUT = "/common/login.cgi", "/common/logout.cgi"
 TIME_LIMIT_SECONDS = 60
@@ -77,48 +77,36 @@ def multipart(fields, file_name, content, boundary=BOUNDARY):
 
 
 class ConsoleClient:
-    """Keeps the console's cookies as a browser does. `certificate` is a file, for HTTPS."""
+    """Keeps the console's cookies as a browser does. `certificate` is a file, for HTTPS.
+
+    Every request has a connection of its own, and only the headers given and those of its body.
+    """
 
     def __init__(self, url, certificate=None):
-        self.server = urllib.parse.urlsplit(url).netloc
-        self.context = certificate and ssl.create_default_context(cafile=certificate)
-        self.session, self.device = None, None
+        self.url = url
         self._tokens = {}
+        self._http = requests.Session()
+        self._http.trust_env = False  # the environment may name a proxy
+        self._http.verify = certificate
+        self._http.headers = {"Accept-Encoding": "identity", "Connection": "close"}
+
+    def _cookie(name, path):  # pylint: disable=no-self-argument
+        """A cookie of the client: its text, or None."""
+        def store(self, value):
+            jar = self._http.cookies
+            requests.cookies.remove_cookie_by_name(jar, name)
+            if value is not None:
+                jar.set(name, value, domain="127.0.0.1", path=path)
+        return property(lambda self: self._http.cookies.get(name), store)
+
+    session, device = _cookie("sid", "/"), _cookie("device", LOGIN)
 
     def request(self, method, path, body=None, headers=None):
-        headers = dict(headers or {})
-        cookies = [f"device={self.device}"] * (path == LOGIN and self.device is not None)
-        cookies += [f"sid={self.session}"] * (self.session is not None)
-        if cookies:
-            headers["Cookie"] = "; ".join(cookies)
-        connection = self._connect()
-        try:
-            connection.request(method, path, body, headers)
-            response = connection.getresponse()
-            names = {}
-            for name, value in response.getheaders():  # several of a name as several lines
-                name = name.lower()
-                names[name] = f"{names[name]}\n{value}" if name in names else value
-            answer = Answer(response.status, names, response.read())
-        finally:
-            connection.close()
-        for line in answer.headers.get("set-cookie", "").split("\n"):
-            self._keep_cookie(line)
-        return answer
-
-    def _connect(self):
-        if self.context:
-            return http.client.HTTPSConnection(self.server, timeout=TIME_LIMIT_SECONDS,
-                                               context=self.context)
-        return http.client.HTTPConnection(self.server, timeout=TIME_LIMIT_SECONDS)
-
-    def _keep_cookie(self, line):
-        if line.startswith("sid="):
-            value, *attributes = line[len("sid="):].split("; ")
-            expired = any(attribute.startswith("expires=") for attribute in attributes)
-            self.session = None if expired else value
-        elif line.startswith("device="):
-            self.device = line[len("device="):].split("; ")[0]
+        response = self._http.request(method, self.url + path, data=body, headers=headers,
+                                      allow_redirects=False, timeout=TIME_LIMIT_SECONDS)
+        received = response.raw.headers  # several headers of a name as several lines
+        return Answer(response.status_code, {
+            name.lower(): "\n".join(received.getlist(name)) for name in received}, response.content)
 
     def login(self, user, password=None):
         return self.post(LOGIN, {"user": user, "password": password or user + "-pass"})
