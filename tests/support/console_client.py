@@ -120,7 +120,7 @@ class ConsoleClient:
         return self.request("POST", path, urllib.parse.urlencode(fields), headers)
 
     def token(self):
-        """What ends every form of the session, from a form that every user finds; "" without one."""
+        """The CSRF token of the session, from a form that every user finds; "" without one."""
         session = self.session
         if not self._tokens.get(session):
             self._tokens[session] = self.get(LOGOUT).field("form_end") or ""

@@ -30,6 +30,11 @@ class SettingsPage:
         return {name: value for name, value in self.valid.items() if name not in self.running}
 
 
+def boxes(name, texts):
+    """The fields of an input that has several boxes."""
+    return {f"{name}{number}": text for number, text in enumerate(texts.split())}
+
+
 PAGES = (
     SettingsPage(8, "/system/sys_info.cgi",
                  {"system_name": "server 2", "asset_tag": "AT-2002", "location": "\"Room\" <3>",
@@ -40,25 +45,22 @@ PAGES = (
                  {"severity": "warning", "source": "power", "count": "20"},
                  (("count", "0"), ("count", "201"), ("count", "2x")), user="staff"),
     SettingsPage(31, "/partition/schedule_set.cgi?partition=3",
-                 {"enabled0": True, "first_day0": "2027", "first_day1": "01", "first_day2": "02",
-                  "last_day0": "2028", "last_day1": "02", "last_day2": "29", "weekday6": True,
-                  "on_time0": "06", "on_time1": "05", "on_time2": "00", "off_time0": "",
-                  "off_time1": "", "off_time2": ""},
+                 {"enabled0": True, "weekday6": True, **boxes("first_day", "2027 01 02"),
+                  **boxes("last_day", "2028 02 29"), **boxes("on_time", "06 05 00"),
+                  "off_time0": "", "off_time1": "", "off_time2": ""},
                  (("first_day1", "13"), ("last_day0", "2027"), ("last_day0", "2038"),
                   ("last_day1", "\"1"), ("on_time0", "24"), ("on_time2", "-1")), user="part"),
     SettingsPage(45, "/partition/boot_control.cgi?partition=1",
                  {"device1": "network", "device2": "none", "device3": "disk", "retries": "9",
-                  "halt0": True},
-                 (("device2", "network"), ("retries", "x")), user="operator"),
+                  "halt0": True}, (("device2", "network"), ("retries", "x")), user="operator"),
     SettingsPage(70, "/network/orv_time_set.cgi",
-                 {"source": "manual", "date0": "2030", "date1": "02", "date2": "28",
-                  "time0": "23", "time1": "30", "zone": "+09:00"},
+                 {"source": "manual", **boxes("date", "2030 02 28"), **boxes("time", "23 30"),
+                  "zone": "+09:00"},
                  (("date2", "30"), ("date0", "2038"), ("time0", "24"), ("time2", ""),
                   ("source", "servers")), running=("time0", "time1")),
     SettingsPage(72, "/network/orv_ip_set.cgi",
                  {"host": "board-2.example.com", "address3": "20", "address4": "16",
-                  "gateway3": "2", "first_dns3": "54", "second_dns0": "192", "second_dns1": "0",
-                  "second_dns2": "2", "second_dns3": "55"},
+                  "gateway3": "2", "first_dns3": "54", **boxes("second_dns", "192 0 2 55")},
                  (("host", ""), ("host", "a b"), ("host", "h..x"), ("address0", "256"),
                   ("address0", "127"), ("address4", "33"), ("gateway3", ""), ("gateway0", "224"),
                   ("first_dns0", "0"), ("second_dns0", "\"<"))),
@@ -67,8 +69,8 @@ PAGES = (
                  (("ssh_port", "8443"), ("http_port", "0"), ("http_port", "65536"),
                   ("telnet_port", "+23"))),
     SettingsPage(77, "/network/orv_snmptrap_set.cgi",
-                 {"enabled2_0": True, "address2_0": "192", "address2_1": "0", "address2_2": "2",
-                  "address2_3": "162", "community2": "a<b>\"&amp;'"},
+                 {"enabled2_0": True, **boxes("address2_", "192 0 2 162"),
+                  "community2": "a<b>\"&amp;'"},
                  (("community2", ""), ("community2", "a b"), ("address2_3", ""),
                   ("enabled3_0", True))),
     SettingsPage(92, "/network/orv_smtp_set.cgi",
@@ -76,28 +78,33 @@ PAGES = (
                   "sender": "board@example.com", "recipient1": "admin@example.com",
                   "recipient2": "a&amp;<b>\"'@example.com"},
                  (("recipient1", "nobody"), ("recipient1", "a@"), ("recipient2", "@example.com"),
-                   ("sender", "a@@example.com"), ("server", "192.0.2.256"),
-                   ("server", "mail..example.com"), ("sender", ""),
-                  ("sender", "caf\xe9@example.com"), ("port", "0"))),
+                  ("sender", "a@@example.com"), ("server", "192.0.2.256"), ("sender", ""),
+                  ("server", "mail..example.com"), ("sender", "caf\xe9@example.com"),
+                  ("port", "0"))),
     SettingsPage(75, "/network/orv_refresh_set.cgi", {"interval": "1234"},
-                 (("interval", "3601"), ("interval", ""))),
+                 tuple(("interval", text) for text in (
+                     "3601", "", "1x", "-1", "9999", "12345", "a\"b", "&lt;"))),
     SettingsPage(108, "/maintenance/maintenance_mode.cgi", {"mode18_0": True, "permission0": True}),
 )
 
-# What takes more than one form of settings: user, page, and for each form what is filled in and
-# what is then seen: that it is wrong, to be confirmed or done.
+# What takes several forms: user, page, and for each form the fields that are filled in, and a part
+# of the answer: often the sign of an error, a question or a completion.
 WRONG, ASKED, DONE = b"err_string", b'name="back"', b'role="status"'
 USERS, ACCESS_LIST = "/user/list.cgi", "/network/orv_acl_set.cgi"
 PARTITION_POWER = "/partition/power_control.cgi?partition=0"
+PASSWORDS = b"new.user-pass", b"secret-12"
 NEW = {"name": "new.user", "role": "guest", "password": "new.user-pass",
        "repeated": "new.user-pass"}
-PASSWORD = {"present": "new.user-pass", "wanted": "secret-12", "repeated": "secret-12"}
+CHANGE = {"present": "new.user-pass", **dict.fromkeys(("wanted", "repeated"), "secret-12")}
 FLOWS = (
     ("admin", USERS + "?action=add", ({**NEW, "name": "admin"}, b"already a user"),
      ({**NEW, "name": "1st"}, b"begin with a letter"), ({**NEW, "repeated": "x"}, b"differ"),
      ({**NEW, "role": "partition"}, b"needs a partition"), (NEW, DONE)),
     ("admin", USERS + "?action=edit&name=new.user", ({"role": "operator"}, DONE)),
-    ("new.user", "/user/ch_passwd.cgi", ({**PASSWORD, "repeated": "x"}, WRONG), (PASSWORD, DONE)),
+    ("new.user", "/user/ch_passwd.cgi", ({**CHANGE, "present": "x"}, b"present password is wrong"),
+     *(({**CHANGE, **dict.fromkeys(("wanted", "repeated"), text)}, b"8 to 32")
+       for text in ("short", "with blank in", "w" * 40)), ({**CHANGE, "repeated": "x"}, b"differ"),
+     ({**CHANGE, "back": "1"}, b'name="wanted"'), (CHANGE, DONE)),
     ("admin", USERS + "?action=remove&name=new.user", ({}, DONE)),
     ("admin", USERS + "?action=remove&name=admin", ({}, WRONG)),
     ("admin", ACCESS_LIST + "?operation=add", ({"address0": "256"}, WRONG),
