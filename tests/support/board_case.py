@@ -48,11 +48,15 @@ class BoardCase(BoardClient, unittest.TestCase):
         output, errors = self.daemon.communicate(timeout=LIMIT)
         return self.daemon.returncode, output, errors
 
-    def edit(self, *statements):
-        """Changes the state of a daemon that has ended."""
+    def start_as(self, *users):
+        """Starts the daemon; returns a session for each of the users."""
+        self.start()
+        return [self.login(user).session for user in users]
+
+    def execute(self, *statements):
+        """Reads or changes the state of a daemon that has ended; returns the last rows."""
         with contextlib.closing(sqlite3.connect(self.state)) as database, database:
-            for statement in statements:
-                database.execute(statement)
+            return [database.execute(statement).fetchall() for statement in statements][-1]
 
     def connect(self, data=b""):
         connection = super().connect(data)

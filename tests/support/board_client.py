@@ -61,6 +61,11 @@ def record(*texts):
     return "".join(str(text) + "\0" for text in texts).encode()
 
 
+def texts(line):
+    """The record of the texts in `line`, between bars."""
+    return record(*line.split("|"))
+
+
 def telegram(session=b""):
     return struct.pack(">I32s12x", 4711, session)
 

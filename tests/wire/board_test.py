@@ -91,8 +91,7 @@ class BoardTest(BoardCase):
         self.assertRefused(NO_SESSION, self.check, used)
 
     def test_a_user_cannot_fill_the_board_with_sessions(self):
-        self.start()
-        other = self.login(b"guest").session
+        other, = self.start_as(b"guest")
         sessions = [self.login().session for _ in range(65)]
         self.assertEqual(len(set(sessions)), 65)
         self.assertRefused(NO_SESSION, self.check, sessions[0])
@@ -105,8 +104,7 @@ class BoardTest(BoardCase):
     # Items
 
     def test_known_items(self):
-        self.start()
-        admin = self.login().session
+        admin, = self.start_as(b"admin")
         for item, first, another, *unfit in (
                 (HTTPS_PORT, number(443), number(8443), number(0), number(65536), b"\1\xbb"),
                 (MAINTENANCE_MODE, bytes(34), bytes(range(34)), bytes(33), bytes(35)),
@@ -131,8 +129,7 @@ class BoardTest(BoardCase):
         self.assertEqual(self.ask(GET_LANGUAGE).language, 0)
 
     def test_any_other_item_keeps_any_bytes(self):
-        self.start()
-        admin = self.login().session
+        admin, = self.start_as(b"admin")
         self.assertRefused(NO_ITEM, self.get, SOME_ITEM, admin)
         longest = bytes(range(256)) * 255 + bytes(255)
         self.put(SOME_ITEM, admin, longest)
@@ -167,8 +164,7 @@ class BoardTest(BoardCase):
         self.check(session)
 
     def test_a_request_may_arrive_in_pieces(self):
-        self.start()
-        session = self.login().session
+        session, = self.start_as(b"admin")
         connection = self.connect()
         for byte in message(CHECK_SESSION, telegram(session)) + message(CHECK_SESSION, b"\0"):
             connection.sendall(bytes([byte]))
@@ -237,8 +233,7 @@ class BoardTest(BoardCase):
         self.assertRefused(NO_SESSION, self.check, other)
 
     def test_a_password_that_waits_behind_its_change_is_refused(self):
-        self.start()
-        guest, admin = self.login(b"guest").session, self.login().session
+        guest, admin = self.start_as(b"guest", b"admin")
 
         def write(item, session, content):
             return message(item | WRITE, telegram(session)) + message(item | WRITE, content)
@@ -288,8 +283,7 @@ class BoardTest(BoardCase):
         self.assertEqual(self.get(SOME_ITEM, session), b"before")
 
     def test_a_full_disk_keeps_nobody_logged_in(self):
-        self.start()
-        session = self.login().session
+        session, = self.start_as(b"admin")
         self.end()
         self.start(limit=1)
         self.check(session)
@@ -324,12 +318,11 @@ class BoardTest(BoardCase):
                 self.state.unlink()
                 self.start()
                 self.end()
-                self.edit(statement)
+                self.execute(statement)
                 self.assertRefusesToStart(re.escape(str(self.state)) + " is damaged")
 
     def test_a_new_state_takes_nothing_of_one_that_was_removed(self):
-        self.start()
-        session = self.login().session
+        session, = self.start_as(b"admin")
         self.end(signal.SIGKILL)
         self.state.unlink()
         draft = self.state.with_name("board.db.new")
@@ -365,8 +358,7 @@ class BoardTest(BoardCase):
     # The socket and the command line
 
     def test_only_a_dead_daemons_socket_is_replaced(self):
-        self.start()
-        session = self.login().session
+        session, = self.start_as(b"admin")
         self.assertRefusesToStart("another daemon already serves")
         os.unlink(f"{self.path}.lock")
         self.assertRefusesToStart("another daemon already serves")

@@ -30,8 +30,7 @@ class FirmwareTest(BoardCase):
         return self.rows(PROGRESS, session, 3)[0]
 
     def test_an_image_is_staged_by_one_session(self):
-        self.start()
-        admin, staff = self.login().session, self.login(b"staff").session
+        admin, staff = self.start_as(b"admin", b"staff")
         content = image(bytes(range(256)) * 600)
         digest = hashlib.sha256(content).hexdigest()
         file = Path(f"{self.state}.firmware")
@@ -69,8 +68,7 @@ class FirmwareTest(BoardCase):
         self.assertFalse(file.exists())
 
     def test_damaged_images_are_not_installed(self):
-        self.start()
-        admin = self.login().session
+        admin, = self.start_as(b"admin")
         good = image(b"payload")
         for content in (
                 good[:-1], good + b"x", good[:-1] + b"D", good[:64], b"x" + good[1:],
@@ -88,8 +86,7 @@ class FirmwareTest(BoardCase):
         self.assertEqual(self.get_progress(admin), ("idle", "0", ""))
 
     def test_an_image_has_at_most_96_mebibytes(self):
-        self.start()
-        admin = self.login().session
+        admin, = self.start_as(b"admin")
         memory = re.compile(r"VmRSS:\s+(\d+)")
         status = Path(f"/proc/{self.daemon.pid}/status")
         before = int(memory.search(status.read_text())[1])
@@ -115,8 +112,7 @@ class FirmwareTest(BoardCase):
         self.get(STAGED, admin)
 
     def test_an_installation_changes_the_version(self):
-        self.start()
-        admin = self.login().session
+        admin, = self.start_as(b"admin")
         name, serial, version = self.rows(PRODUCT, admin, 3)[0]
 
         def install(version):

@@ -1,11 +1,9 @@
 """What the board answers for its items: rights, contents, events, users, clock and backup."""
 
 import calendar
-import contextlib
 import hashlib
 import re
 import signal
-import sqlite3
 import struct
 import time
 import unittest
@@ -17,42 +15,34 @@ from support.board_client import (
     MAINTENANCE_MODE, NOT_AUTHORISED, NOT_FOUND, NO_ITEM, NO_SESSION, OWN_FILTER,
     OWN_LANGUAGE, PARTITIONS, PERMISSION, POWER, PRODUCT, PROGRESS, REFUSED, SCHEDULE,
     SERVICES, SESSIONS, SOME_ITEM, STAGE, STAGED, START, STATUS, SYSTEM_NAMES, SYSTEM_POWER,
-    TRAPS, USERS, USER_ADD, USER_EDIT, USER_REMOVE, WRITE, number, record)
+    TRAPS, USERS, USER_ADD, USER_EDIT, USER_REMOVE, WRITE, number, record, texts)
 
 
 class ItemsTest(BoardCase):
     # Records
 
-    RIGHTS = (  # item, readers, writers, what is written: of admin, part, staff, operator, guest
-        (STATUS, "apsog", "", b"x"), (PRODUCT, "apsog", "", b"x"), (PARTITIONS, "apsog", "", b"x"),
-        (SYSTEM_NAMES, "apsog", "a", record("board", "", "", "")),
-        (LED, "apsog", "apsog", record("blink")),
-        (ADDRESSES, "apsog", "a", record("b", "192.0.2.1", 8, "", "", "")),
-        (SERVICES, "apsog", "a", record(0, 1, 1, 2, 1, 3, 1, 4)),
-        (TRAPS, "apsog", "a", record(1, "192.0.2.1", "c", 0, "", "", 0, "", "")),
-        (ACL, "a", "", b"x"), (ACL_ADD, "", "a", record("192.0.2.1", 32)),
-        (ACL_REMOVE, "", "a", record("192.0.2.1", 32)),
-        (MAIL, "a", "a", record(0, "", "", "", "", "")),
-        (SYSTEM_POWER, "apsog", "a", record("on")), (POWER, "apsog", "apo", record("off")),
-        (POWER + 1, "apsog", "ao", record("reset")), (POWER + 3, "apsog", "apo", record("on")),
-        (SCHEDULE, "apsog", "apo", record(0, "2026-01-01", "2026-01-01", "0000000", "", "")),
-        (BOOT + 1, "apsog", "ao", record("dvd", "none", "disk", 9, 1)),
-        (USERS, "a", "", b"x"), (SESSIONS, "apsog", "", b"x"),
-        (USER_ADD, "", "a", record("new", "password", "guest", "0" * 16, 1)),
-        (USER_EDIT, "", "a", record("new", "", "staff", "0" * 16, 1)),
-        (USER_REMOVE, "", "a", record("new")),
-        (CLOCK, "apsog", "a", record("2026-01-01", "00:00:00", "+00:00", "manual", "", "")),
-        (OWN_FILTER, "apsog", "apsog", record("error", "power", 1)),
-        (PROGRESS, "apsog", "", b"x"), (STAGE, "", "as", bytes(5)),
-        (DROP, "", "as", record("drop")),
+    # Item, readers, writers, and what is written: of admin, part, staff, operator and guest.
+    RIGHTS = (
+        *((item, "apsog", "", b"x") for item in (STATUS, PRODUCT, PARTITIONS, SESSIONS, PROGRESS)),
+        (SYSTEM_NAMES, "apsog", "a", texts("board|||")), (LED, "apsog", "apsog", texts("blink")),
+        (ADDRESSES, "apsog", "a", texts("b|192.0.2.1|8|||")),
+        (SERVICES, "apsog", "a", texts("0|1|1|2|1|3|1|4")),
+        (TRAPS, "apsog", "a", texts("1|192.0.2.1|c|0|||0||")), (MAIL, "a", "a", texts("0|||||")),
+        (ACL, "a", "", b"x"), (ACL_ADD, "", "a", texts("192.0.2.1|32")),
+        (ACL_REMOVE, "", "a", texts("192.0.2.1|32")),
+        (SYSTEM_POWER, "apsog", "a", texts("on")), (POWER, "apsog", "apo", texts("off")),
+        (POWER + 1, "apsog", "ao", texts("reset")), (POWER + 3, "apsog", "apo", texts("on")),
+        (SCHEDULE, "apsog", "apo", texts("0|2026-01-01|2026-01-01|0000000||")),
+        (BOOT + 1, "apsog", "ao", texts("dvd|none|disk|9|1")), (USERS, "a", "", b"x"),
+        (USER_ADD, "", "a", texts("new|password|guest|0000000000000000|1")),
+        (USER_EDIT, "", "a", texts("new||staff|0000000000000000|1")),
+        (USER_REMOVE, "", "a", texts("new")),
+        (CLOCK, "apsog", "a", texts("2026-01-01|00:00:00|+00:00|manual||")),
+        (OWN_FILTER, "apsog", "apsog", texts("error|power|1")),
+        (STAGE, "", "as", bytes(5)), (DROP, "", "as", texts("drop")),
         (OWN_LANGUAGE, "apsog", "apsog", number(0)), (HTTPS_PORT, "apsog", "a", number(8443)),
         (SOME_ITEM, "apsog", "a", b"x"), (MAINTENANCE_MODE, "apsog", "as", bytes(34)),
-        (PERMISSION, "apsog", "a", struct.pack(">4I", 1, 1, 4, 0)),
-    )
-
-    def login_all(self):
-        return {name[0]: self.login(name.encode()).session
-                for name in ("admin", "part", "staff", "operator", "guest")}
+        (PERMISSION, "apsog", "a", struct.pack(">4I", 1, 1, 4, 0)))
 
     def assertAllowed(self, allowed, operation, *arguments):
         if allowed:
@@ -61,10 +51,9 @@ class ItemsTest(BoardCase):
             self.assertRefused(NOT_AUTHORISED, operation, *arguments)
 
     def test_who_may_use_which_item(self):
-        self.start()
-        sessions = self.login_all()
-        self.put(SOME_ITEM, sessions["a"], b"x")
-        for user, session in sessions.items():
+        sessions = self.start_as(b"admin", b"part", b"staff", b"operator", b"guest")
+        self.put(SOME_ITEM, sessions[0], b"x")
+        for user, session in zip("apsog", sessions):
             for item, readers, writers, content in self.RIGHTS:
                 with self.subTest(item=hex(item), user=user):
                     self.assertAllowed(user in readers, self.get, item, session)
@@ -74,8 +63,7 @@ class ItemsTest(BoardCase):
                                            content)
 
     def test_technical_staff_has_the_power_in_permitted_maintenance(self):
-        self.start()
-        admin, staff = self.login().session, self.login(b"staff").session
+        admin, staff = self.start_as(b"admin", b"staff")
         partition_2 = bytes(19) + b"\1" + bytes(14)
         for mode, permission, allowed in (
                 (bytes(34), 1, False), (partition_2, 0, False), (partition_2, 1, True),
@@ -83,106 +71,93 @@ class ItemsTest(BoardCase):
             self.put(MAINTENANCE_MODE, admin, mode)
             self.put(PERMISSION, admin, struct.pack(">4I", 1, 1, 4, permission))
             for item in (POWER + 1, SYSTEM_POWER):
-                self.assertAllowed(allowed, self.put, item, staff, record("on"))
+                self.assertAllowed(allowed, self.put, item, staff, texts("on"))
         for item in (SCHEDULE, BOOT, SYSTEM_NAMES):
             self.assertRefused(NOT_AUTHORISED, self.put, item, staff, b"x")
 
-    CONTENTS = (  # item, what is there first, what fits, what does not
-        (SYSTEM_NAMES, None, [("x" * 32, "~" * 32, " " * 64, "y" * 64)],
-         [("", "", "", ""), ("x" * 33, "", "", ""), ("x", "", "y" * 65, ""), ("x", "", ""),
-          ("x", "", "", "", ""), ("\x7f", "", "", ""), ("a\nb", "", "", "")]),
-        (LED, ("off",), [("on",), ("blink",), ("off",)], [("On",), ("",), ("on|off",), ("o",)]),
-        (ADDRESSES, None, [("x" * 64, "255.255.255.255", 32, "", "", "0.0.0.0")],
-         [("", "192.0.2.1", 24, "", "", ""), ("b", "", 24, "", "", ""),
-          ("b", "192.0.2.256", 24, "", "", ""), ("b", "192.0.2", 24, "", "", ""),
-          ("b", "192.0.02.1", 24, "", "", ""), ("b", " 192.0.2.1", 24, "", "", ""),
-          ("b", "192.0.2.1", 0, "", "", ""), ("b", "192.0.2.1", 33, "", "", ""),
-          ("b", "192.0.2.1", "024", "", "", ""), ("b", "192.0.2.1", 24, "x", "", "")]),
-        (SERVICES, (1, 80, 1, 443, 1, 22, 0, 23), [(1, 65535, 0, 1, 0, 2, 0, 3)],
-         [(0, 80, 0, 443, 1, 22, 1, 23), (1, 80, 1, 80, 1, 22, 0, 23), (1, 0, 1, 443, 1, 22, 0, 23),
-          (1, 65536, 1, 443, 1, 22, 0, 23), (2, 80, 1, 443, 1, 22, 0, 23),
-          (1, "-1", 1, 443, 1, 22, 0, 23)]),
-        (TRAPS, None, [(1, "192.0.2.1", "x" * 32, 0, "", "public", 0, "192.0.2.2", "")],
-         [(1, "", "x", 0, "", "", 0, "", ""), (0, "", "", 1, "192.0.2.1", "", 0, "", ""),
-          (0, "", "x" * 33, 0, "", "", 0, "", ""), (0, "", "", 0, "", ""),
-          (0, "", "", 0, "", "", 0, "", "", 0, "", "")]),
-        (MAIL, None, [(1, "mail", 25, "a@b", "c@d", ""), (0, "", "", "", "", "")],
-         [(1, "", 25, "a@b", "c@d", ""), (1, "mail", "", "a@b", "c@d", ""),
-          (1, "mail", 25, "", "c@d", ""), (1, "mail", 25, "a@b", "", "c@d"),
-          (0, "x" * 65, "", "", "", ""), (0, "", 0, "", "", "")]),
-        (SCHEDULE, None, [(1, "2028-02-29", "2028-02-29", "0000001", "", "23:59:59"),
-                          (0, "1970-01-01", "2037-12-31", "0000000", "", "")],
-         [(1, "2026-02-29", "2026-03-01", "1111111", "07:00:00", ""),
-          (0, "2026-01-02", "2026-01-01", "0000000", "", ""),
-          (1, "2026-01-01", "2026-01-01", "0000000", "07:00:00", ""),
-          (1, "2026-01-01", "2026-01-01", "1111111", "", ""),
-          (1, "2026-01-01", "2026-01-01", "11111111", "07:00:00", ""),
-          (0, "2026-13-01", "2037-12-31", "0000000", "", ""),
-          (0, "2026-01-01", "2038-01-01", "0000000", "", ""),
-          (0, "2026-01-01", "2026-01-01", "0000000", "24:00:00", ""),
-          (0, "2026-01-01", "2026-01-01", "0000000", "07:00", ""),
-          (0, "2026-1-01", "2026-01-01", "0000000", "7:00", "")]),
-        (BOOT + 3, None, [("network", "none", "none", 0, 0), ("dvd", "disk", "network", 9, 1)],
-         [("none", "disk", "dvd", 1, 0), ("disk", "dvd", "disk", 1, 0),
-          ("disk", "dvd", "usb", 1, 0), ("disk", "none", "none", 10, 0),
-          ("disk", "none", "none", 0, "")]),
-        (POWER + 3, ("off",), [], [("standby",), ("",), ("on", "")]),
-    )
+    CONTENTS = (  # item, its first record, records that fit, records that do not
+        (SYSTEM_NAMES, None, [f"{'x' * 32}|{'~' * 32}|{' ' * 64}|{'y' * 64}"],
+         ["|||", "x" * 33 + "|||", f"x||{'y' * 65}|", "x||", "x||||", "\x7f|||", "a\nb|||"]),
+        (LED, "off", ["on", "blink", "off"], ["On", "", "on,off", "on|off", "o"]),
+        (ADDRESSES, None, ["x" * 64 + "|255.255.255.255|32|||0.0.0.0"],
+         ["|192.0.2.1|24|||", "b||24|||", "b|192.0.2.256|24|||", "b|192.0.2|24|||",
+          "b|192.0.02.1|24|||", "b| 192.0.2.1|24|||", "b|192.0.2.1|0|||", "b|192.0.2.1|33|||",
+          "b|192.0.2.1|024|||", "b|192.0.2.1|24|x||"]),
+        (SERVICES, "1|80|1|443|1|22|0|23", ["1|65535|0|1|0|2|0|3"],
+         ["0|80|0|443|1|22|1|23", "1|80|1|80|1|22|0|23", "1|0|1|443|1|22|0|23",
+          "1|65536|1|443|1|22|0|23", "2|80|1|443|1|22|0|23", "1|-1|1|443|1|22|0|23"]),
+        (TRAPS, None, [f"1|192.0.2.1|{'x' * 32}|0||public|0|192.0.2.2|"],
+         ["1||x|0|||0||", "0|||1|192.0.2.1||0||", f"0||{'x' * 33}|0|||0||", "0|||0||",
+          "0|||0|||0|||0||"]),
+        (MAIL, None, ["1|mail|25|a@b|c@d|", "0|||||"],
+         ["1||25|a@b|c@d|", "1|mail||a@b|c@d|", "1|mail|25||c@d|", "1|mail|25|a@b||c@d",
+          f"0|{'x' * 65}||||", "0||0|||"]),
+        (SCHEDULE, None, ["1|2028-02-29|2028-02-29|0000001||23:59:59",
+                          "0|1970-01-01|2037-12-31|0000000||"],
+         ["1|2026-02-29|2026-03-01|1111111|07:00:00|", "0|2026-01-02|2026-01-01|0000000||",
+          "1|2026-01-01|2026-01-01|0000000|07:00:00|", "1|2026-01-01|2026-01-01|1111111||",
+          "1|2026-01-01|2026-01-01|11111111|07:00:00|", "0|2026-13-01|2037-12-31|0000000||",
+          "0|2026-01-01|2038-01-01|0000000||", "0|2026-01-01|2026-01-01|0000000|24:00:00|",
+          "0|2026-01-01|2026-01-01|0000000|07:00|", "0|2026-1-01|2026-01-01|0000000|7:00|"]),
+        (BOOT + 3, None, ["network|none|none|0|0", "dvd|disk|network|9|1"],
+         ["none|disk|dvd|1|0", "disk|dvd|disk|1|0", "disk|dvd|usb|1|0", "disk|none|none|10|0",
+          "disk|none|none|0|"]),
+        (POWER + 3, "off", [], ["standby", "", "on|"]),
+        (CLOCK, None, [],
+         ["2037-12-32|00:00:00|+00:00|manual||", "2026-01-01|24:00:00|+00:00|manual||",
+          "2026-01-01|00:00:60|+00:00|manual||", "1970-01-01|00:59:59|+01:00|manual||",
+          "2026-01-01|00:00:00|+14:01|manual||", "2026-01-01|00:00:00|01:00|manual||",
+          "2026-01-01|00:00:00|+00:00|servers||192.0.2.1",
+          "2026-01-01|00:00:00|+00:00|gps|192.0.2.1|"]))
 
     def test_records_are_kept_when_they_fit(self):
-        self.start()
-        admin = self.login().session
+        admin, = self.start_as(b"admin")
         for item, first, fit, unfit in self.CONTENTS:
             if first is not None:
-                self.assertEqual(self.get(item, admin), record(*first))
-            for texts in fit:
-                with self.subTest(hex(item), texts=texts):
-                    self.put(item, admin, record(*texts))
-                    self.assertEqual(self.get(item, admin), record(*texts))
+                self.assertEqual(self.get(item, admin), texts(first))
+            for line in fit:
+                with self.subTest(hex(item), line=line):
+                    self.put(item, admin, texts(line))
+                    self.assertEqual(self.get(item, admin), texts(line))
             before = self.get(item, admin)
-            for content in [record(*texts) for texts in unfit] + [before[:-1], before + b"\0"]:
+            for content in [*map(texts, unfit), before[:-1], before + b"\0"]:
                 with self.subTest(hex(item), content=content):
                     self.assertRefused(BAD_REQUEST, self.put, item, admin, content)
-            self.assertEqual(self.get(item, admin), before)
+            self.assertEqual(self.get(item, admin)[:10], before[:10])  # the clock runs
         for missing in (POWER + 4, SCHEDULE + 15, BOOT + 4):
             self.assertRefused(NO_ITEM, self.get, missing, admin)
-            self.assertRefused(NO_ITEM, self.put, missing, admin, record("on"))
+            self.assertRefused(NO_ITEM, self.put, missing, admin, texts("on"))
 
     def test_the_https_port_is_that_of_the_services(self):
-        self.start()
-        admin = self.login().session
+        admin, = self.start_as(b"admin")
         self.put(HTTPS_PORT, admin, number(8443))
-        self.assertEqual(self.get(SERVICES, admin), record(1, 80, 1, 8443, 1, 22, 0, 23))
+        self.assertEqual(self.get(SERVICES, admin), texts("1|80|1|8443|1|22|0|23"))
         self.assertRefused(BAD_REQUEST, self.put, HTTPS_PORT, admin, number(23))
-        self.put(SERVICES, admin, record(1, 80, 1, 444, 1, 22, 0, 23))
+        self.put(SERVICES, admin, texts("1|80|1|444|1|22|0|23"))
         self.assertEqual(self.get(HTTPS_PORT), number(444))
 
     def test_the_access_list(self):
-        self.start()
-        admin = self.login().session
+        admin, = self.start_as(b"admin")
         self.assertEqual(self.get(ACL, admin), b"\0")
         rows = [(f"192.0.2.{n}", n) for n in range(1, 33)]
         for row in rows:
             self.put(ACL_ADD, admin, record(*row))
         self.assertEqual(self.get(ACL, admin), record(*sum(rows, ())))
         self.assertRefused(EXISTS, self.put, ACL_ADD, admin, record(*rows[8]))
-        self.assertRefused(FULL, self.put, ACL_ADD, admin, record("192.0.2.1", 2))
+        self.assertRefused(FULL, self.put, ACL_ADD, admin, texts("192.0.2.1|2"))
         self.put(ACL_REMOVE, admin, record(*rows.pop(8)))
-        self.assertRefused(NOT_FOUND, self.put, ACL_REMOVE, admin, record("192.0.2.1", 2))
+        self.assertRefused(NOT_FOUND, self.put, ACL_REMOVE, admin, texts("192.0.2.1|2"))
         self.assertEqual(self.get(ACL, admin), record(*sum(rows, ())))
 
     def test_power(self):
-        self.start()
-        admin = self.login().session
+        admin, = self.start_as(b"admin")
         for item, operation, powers, status in (
-                (POWER + 3, None, ("on", "on", "on", "off"),
-                 ("normal", "degraded", "normal", "off")),
-                (POWER + 3, "on", ("on", "on", "on", "on"),
-                 ("normal", "degraded", "normal", "normal")),
-                (POWER + 1, "force-off", ("on", "off", "on", "on"),
-                 ("normal", "off", "normal", "normal")),
-                (SYSTEM_POWER, "off", ("off",) * 4, ("off",) * 4),
-                (SYSTEM_POWER, "on", ("on",) * 4, ("normal", "degraded", "normal", "normal"))):
+                (POWER + 3, None, "on on on off", "normal degraded normal off"),
+                (POWER + 3, "on", "on on on on", "normal degraded normal normal"),
+                (POWER + 1, "force-off", "on off on on", "normal off normal normal"),
+                (SYSTEM_POWER, "off", "off off off off", "off off off off"),
+                (SYSTEM_POWER, "on", "on on on on", "normal degraded normal normal")):
+            powers, status = powers.split(), status.split()
             with self.subTest(item=hex(item), operation=operation):
                 if operation:
                     self.put(item, admin, record(operation))
@@ -196,8 +171,8 @@ class ItemsTest(BoardCase):
                 self.assertEqual(rows[:5], [("power", "0", state, system)] + expected)
         self.assertIn(("fan", "2", "warning"), [row[:3] for row in rows])
         self.assertIn(("power-supply", "2", "error"), [row[:3] for row in rows])
-        self.put(POWER, admin, record("off"))
-        self.assertRefused(BAD_REQUEST, self.put, POWER, admin, record("reset"))
+        self.put(POWER, admin, texts("off"))
+        self.assertRefused(BAD_REQUEST, self.put, POWER, admin, texts("reset"))
         self.put(MAINTENANCE_MODE, admin, bytes(18) + b"\1" + bytes(15))
         rows = self.rows(STATUS, admin, 4)
         self.assertEqual(rows[2], ("partition", "1", "maintenance", "on"))
@@ -206,18 +181,15 @@ class ItemsTest(BoardCase):
     # Events
 
     def test_events_are_found(self):
-        self.start()
-        session = self.login(b"guest").session
-        for query in ((), ("info", "", "", "", 0, ""), ("info", "", "", "", 201, ""),
-                      ("all", "", "", "", 1, ""), ("info", "disk", "", "", 1, ""),
-                      ("info", "", "2026-02-30", "", 1, ""), ("info", "", "", "", 1, "x"),
-                      ("info", "", "", "", 1)):
-            self.assertRefused(BAD_REQUEST, self.ask, EVENTS | EXCHANGE, session, record(*query))
+        session, = self.start_as(b"guest")
+        for query in ("", "info||||0|", "info||||201|", "all||||1|", "info|disk|||1|", "info||||1",
+                      "info||2026-02-30||1|", "info||||1|x"):
+            self.assertRefused(BAD_REQUEST, self.ask, EVENTS | EXCHANGE, session, texts(query))
         self.assertRefused(BAD_REQUEST, self.get, EVENTS, session)
         self.assertRefused(NOT_AUTHORISED, self.put, EVENTS, session,
-                           record("info", "", "", "", 1, ""))
+                           texts("info||||1|"))
 
-        everything = self.rows(EVENTS, session, 7, record("info", "", "", "", 200, ""))
+        everything = self.rows(EVENTS, session, 7, texts("info||||200|"))
         numbers, times = ([int(row[column]) for row in everything] for column in (0, 1))
         self.assertEqual(numbers, sorted(numbers, reverse=True))
         self.assertEqual(times, sorted(times, reverse=True))
@@ -238,60 +210,52 @@ class ItemsTest(BoardCase):
                 self.assertEqual(self.rows(EVENTS, session, 7, record(*request)), expected)
 
     def test_what_happens_is_in_the_log(self):
-        self.start()
-        admin = self.login().session
-        for item, content, *events in (
-                (LED, record("blink"), ("info", "hardware", "406", "admin", "blink")),
-                (LED, record("blink")),  # changes nothing, as the next two
-                (OWN_LANGUAGE, number(1)), (HTTPS_PORT, number(443)),
-                (SYSTEM_NAMES, record("x", "", "", ""),
-                 ("info", "settings", "201", "admin", "system names")),
-                (BOOT + 2, record("disk", "dvd", "none", 0, 0),
-                 ("info", "settings", "201", "admin", "boot settings of partition 2")),
-                (SOME_ITEM, b"x", ("info", "settings", "201", "admin", "item 0x02010123")),
-                (POWER + 3, record("on"), ("info", "power", "301", "admin", "partition 3")),
-                (POWER + 3, record("on")),  # is on already
-                (POWER + 2, record("force-off"),
-                 ("warning", "power", "303", "admin", "partition 2")),
-                (SYSTEM_POWER, record("reset"),
-                 *(("warning", "power", "304", "admin", f"partition {n}") for n in (3, 1, 0))),
-                (SYSTEM_POWER, record("off"),
-                 *(("info", "power", "302", "admin", f"partition {n}") for n in (3, 1, 0))),
+        admin, = self.start_as(b"admin")
+        for item, content, *events in (  # the last word of an event says of what it is
+                (LED, texts("blink"), "info hardware 406 blink"), (LED, texts("blink")),
+                (OWN_LANGUAGE, number(1)), (HTTPS_PORT, number(443)),  # nothing changes
+                (SYSTEM_NAMES, texts("x|||"), "info settings 201 system names"),
+                (BOOT + 2, texts("disk|dvd|none|0|0"),
+                 "info settings 201 boot settings of partition 2"),
+                (SOME_ITEM, b"x", "info settings 201 item 0x02010123"),
+                (POWER + 3, texts("on"), "info power 301 partition 3"), (POWER + 3, texts("on")),
+                (POWER + 2, texts("force-off"), "warning power 303 partition 2"),
+                (SYSTEM_POWER, texts("reset"), *(f"warning power 304 partition {n}" for n in "310")),
+                (SYSTEM_POWER, texts("off"), *(f"info power 302 partition {n}" for n in "310")),
                 (MAINTENANCE_MODE, bytes(17) + b"\1\0\1" + bytes(13) + b"\1",
-                 ("info", "maintenance", "601", "admin", "system, partitions 0 2")),
-                (MAINTENANCE_MODE, bytes(34), ("info", "maintenance", "601", "admin", "off"))):
+                 "info maintenance 601 system, partitions 0 2"),
+                (MAINTENANCE_MODE, bytes(34), "info maintenance 601 off")):
+            events = [(*words, "admin", detail) for *words, detail in (
+                event.split(" ", 3) for event in events)]
             with self.subTest(hex(item), content=content):
                 before = self.events(admin, 10)
                 self.put(item, admin, content)
                 self.assertEqual(self.events(admin, 10), (events + before)[:10])
 
     def test_an_event_filter_is_the_users(self):
-        self.start()
-        guest, admin = self.login(b"guest").session, self.login().session
-        self.put(OWN_FILTER, guest, record("warning", "hardware", 200))
-        self.assertRefused(BAD_REQUEST, self.put, OWN_FILTER, guest, record("info", "", 201))
+        guest, admin = self.start_as(b"guest", b"admin")
+        self.put(OWN_FILTER, guest, texts("warning|hardware|200"))
+        self.assertRefused(BAD_REQUEST, self.put, OWN_FILTER, guest, texts("info||201"))
         self.end(signal.SIGKILL)
         self.start()
-        self.assertEqual(self.get(OWN_FILTER, guest), record("warning", "hardware", 200))
-        self.assertEqual(self.get(OWN_FILTER, admin), record("info", "", 50))
+        self.assertEqual(self.get(OWN_FILTER, guest), texts("warning|hardware|200"))
+        self.assertEqual(self.get(OWN_FILTER, admin), texts("info||50"))
 
     def test_nobody_pushes_out_of_the_log_what_others_did(self):
-        self.start()
-        admin, guest = self.login().session, self.login(b"guest").session
-        self.put(SYSTEM_NAMES, admin, record("board", "", "", ""))
+        admin, guest = self.start_as(b"admin", b"guest")
+        self.put(SYSTEM_NAMES, admin, texts("board|||"))
         hardware = self.events(admin, 200, "warning", "hardware")
         self.assertEqual(len(hardware), 5)
         for _ in range(1150):
-            self.put(LED, guest, record("on"))
-            self.put(LED, guest, record("off"))
+            self.put(LED, guest, texts("on"))
+            self.put(LED, guest, texts("off"))
         for language in (0, 1) * 260:
             self.put(OWN_LANGUAGE, guest, number(language))
-        self.put(LED, admin, record("on"))
+        self.put(LED, admin, texts("on"))
         self.assertEqual(self.events(admin, 200, "warning", "hardware"), hardware)
         self.end()
-        with contextlib.closing(sqlite3.connect(self.state)) as database:
-            rows = database.execute("SELECT code, count(*), max(user = 'admin') FROM events"
-                                    " WHERE code IN (201, 406) GROUP BY code").fetchall()
+        rows = self.execute("SELECT code, count(*), max(user = 'admin') FROM events"
+                            " WHERE code IN (201, 406) GROUP BY code")
         self.assertEqual(rows, [(201, 500, 1), (406, 500, 1)])
 
     def test_refused_logins_are_counted_in_few_rows(self):
@@ -307,7 +271,7 @@ class ItemsTest(BoardCase):
         self.assertEqual(several[:4], ("warning", "security", "102", ""))
         self.assertRegex(several[4], r"^192\.0\.2\.7, 30 times until \d\d:\d\d:\d\d$")
         self.end()
-        self.edit("UPDATE events SET time = time - 600 WHERE code = 102",  # the time is over
+        self.execute("UPDATE events SET time = time - 600 WHERE code = 102",  # the time is over
                   "WITH RECURSIVE n(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM n WHERE n < 2100)"
                   " INSERT INTO events (time, severity, code, user, detail)"
                   " SELECT n, 1, 102, '', n FROM n")
@@ -316,26 +280,24 @@ class ItemsTest(BoardCase):
         security = self.events(admin, 200, source="security")
         self.assertEqual(security[0], ("warning", "security", "102", "", "192.0.2.7"))
         self.end()
-        with contextlib.closing(sqlite3.connect(self.state)) as database:
-            rows = database.execute("SELECT code, count(*) FROM events WHERE code IN (102, 106)"
-                                    " GROUP BY code").fetchall()
+        rows = self.execute("SELECT code, count(*) FROM events WHERE code IN (102, 106)"
+                            " GROUP BY code")
         self.assertEqual(rows, [(102, 500), (106, 1)])
 
     def test_what_is_damaged_or_lost_is_an_error_until_it_is_mended(self):
-        self.start()
-        admin = self.login().session
+        admin, = self.start_as(b"admin")
         self.end()
-        self.edit(f"UPDATE items SET content = x'41' WHERE id IN ({POWER + 1}, {ACL}, {LED})",
+        self.execute(f"UPDATE items SET content = x'41' WHERE id IN ({POWER + 1}, {ACL}, {LED})",
                   f"DELETE FROM items WHERE id = {SYSTEM_NAMES}",
                   "UPDATE events SET detail = 'a' || char(10) WHERE number = 1")
         self.start()
         for item in (POWER + 1, SYSTEM_POWER, STATUS, ACL, LED, SYSTEM_NAMES, BACKUP):
             self.assertRefused(BOARD_FAILURE, self.get, item, admin)
-        self.assertRefused(BOARD_FAILURE, self.put, ACL_ADD, admin, record("192.0.2.1", 32))
+        self.assertRefused(BOARD_FAILURE, self.put, ACL_ADD, admin, texts("192.0.2.1|32"))
         self.assertRefused(BOARD_FAILURE, self.events, admin, 200)
-        self.assertRefused(BAD_REQUEST, self.put, POWER + 1, admin, record("reset"))
-        for item, content in ((POWER + 1, record("off")), (LED, record("on")),
-                              (SYSTEM_NAMES, record("x", "", "", ""))):
+        self.assertRefused(BAD_REQUEST, self.put, POWER + 1, admin, texts("reset"))
+        for item, content in ((POWER + 1, texts("off")), (LED, texts("on")),
+                              (SYSTEM_NAMES, texts("x|||"))):
             self.put(item, admin, content)
             self.assertEqual(self.get(item, admin), content)
 
@@ -344,32 +306,23 @@ class ItemsTest(BoardCase):
     NOBODY, PARTITIONS_0_AND_2 = "0" * 16, "101" + "0" * 13
 
     def test_what_a_user_may_be(self):
-        self.start()
-        admin = self.login().session
-        for name, password, role, partitions, language in (
-                ("", "password", "guest", self.NOBODY, 1),
-                ("1x", "password", "guest", self.NOBODY, 1),
-                ("x y", "password", "guest", self.NOBODY, 1),
-                ("x" * 33, "password", "guest", self.NOBODY, 1),
-                ("x", "seven77", "guest", self.NOBODY, 1), ("x", "", "guest", self.NOBODY, 1),
-                ("x", "y" * 33, "guest", self.NOBODY, 1),
-                ("x", "pass word", "guest", self.NOBODY, 1),
-                ("x", "password", "root", self.NOBODY, 1),
-                ("x", "password", "guest", self.NOBODY[1:], 1),
-                ("x", "password", "guest", self.PARTITIONS_0_AND_2, 1),
-                ("x", "password", "partition", self.NOBODY, 1),
-                ("x", "password", "partition", "00001" + self.NOBODY[5:], 1),
-                ("x", "password", "guest", self.NOBODY, 2)):
-            with self.subTest(name=name, password=password, role=role):
-                self.assertRefused(BAD_REQUEST, self.put, USER_ADD, admin,
-                                   record(name, password, role, partitions, language))
+        admin, = self.start_as(b"admin")
+        nobody, some = "|guest|0000000000000000|1", "|guest|1010000000000000|1"
+        for line in (
+                "|password" + nobody, "1x|password" + nobody, "x y|password" + nobody,
+                "x" * 33 + "|password" + nobody, "x|seven77" + nobody, "x|" + nobody,
+                f"x|{'y' * 33}{nobody}", "x|pass word" + nobody, "x|password" + some,
+                "x|password|root|0000000000000000|1", "x|password|guest|000000000000000|1",
+                "x|password|partition|0000000000000000|1", "x|password|guest|0000000000000000|2",
+                "x|password|partition|0000100000000000|1"):
+            with self.subTest(line):
+                self.assertRefused(BAD_REQUEST, self.put, USER_ADD, admin, texts(line))
         self.assertEqual(len(self.rows(USERS, admin, 4)), 5)
         self.put(USER_ADD, admin, record("AaZ" + "z" * 29, "!" * 32, "staff", self.NOBODY, 0))
         self.login(b"AaZ" + b"z" * 29, b"!" * 32)
 
     def test_user_management(self):
-        self.start()
-        admin = self.login().session
+        admin, = self.start_as(b"admin")
         new = ("u-1._", "password", "partition", self.PARTITIONS_0_AND_2, 0)
         self.put(USER_ADD, admin, record(*new))
         self.assertRefused(EXISTS, self.put, USER_ADD, admin, record(*new))
@@ -377,8 +330,8 @@ class ItemsTest(BoardCase):
                       self.rows(USERS, admin, 4))
         session = self.login(b"u-1._", b"password").session
         other = self.login(b"u-1._", b"password").session
-        self.assertRefused(NOT_AUTHORISED, self.put, POWER + 1, session, record("off"))
-        self.put(POWER + 2, session, record("off"))
+        self.assertRefused(NOT_AUTHORISED, self.put, POWER + 1, session, texts("off"))
+        self.put(POWER + 2, session, texts("off"))
 
         # Whoever has other rights, or another password, logs in again; another language is no more
         # than that.
@@ -387,7 +340,7 @@ class ItemsTest(BoardCase):
         self.put(USER_EDIT, admin, record("u-1._", "", "operator", self.NOBODY, 1))
         self.assertRefused(NO_SESSION, self.check, other)
         session, other = (self.login(b"u-1._", b"password").session for _ in range(2))
-        self.put(POWER + 1, session, record("off"))
+        self.put(POWER + 1, session, texts("off"))
         self.put(USER_EDIT, admin, record("u-1._", "another-one", "administrator", self.NOBODY, 1))
         for ended in (session, other):
             self.assertRefused(NO_SESSION, self.check, ended)
@@ -399,15 +352,15 @@ class ItemsTest(BoardCase):
         self.assertRefused(NO_SESSION, self.check, other)
 
         # Somebody who can manage users is left.
-        self.assertRefused(LAST_ADMINISTRATOR, self.put, USER_REMOVE, admin, record("admin"))
+        self.assertRefused(LAST_ADMINISTRATOR, self.put, USER_REMOVE, admin, texts("admin"))
         self.put(USER_EDIT, admin, record("admin", "", "guest", self.NOBODY, 1))
         self.assertRefused(NOT_AUTHORISED, self.get, USERS, admin)
         self.assertRefused(LAST_ADMINISTRATOR, self.put, USER_EDIT, session,
                            record("u-1._", "", "guest", self.NOBODY, 1))
-        self.put(USER_REMOVE, session, record("admin"))
+        self.put(USER_REMOVE, session, texts("admin"))
         self.assertRefused(NO_SESSION, self.check, admin)
         self.assertRefused(REFUSED, self.login)
-        for item, content in ((USER_REMOVE, record("admin")),
+        for item, content in ((USER_REMOVE, texts("admin")),
                               (USER_EDIT, record("admin", "", "guest", self.NOBODY, 1))):
             self.assertRefused(NOT_FOUND, self.put, item, session, content)
         self.assertEqual([event[2:] for event in self.events(session, 5, source="security")][1:4],
@@ -418,8 +371,7 @@ class ItemsTest(BoardCase):
         self.assertNotIn("admin", [row[0] for row in self.rows(USERS, session, 4)])
 
     def test_the_board_has_room_for_64_users(self):
-        self.start()
-        admin = self.login().session
+        admin, = self.start_as(b"admin")
         for n in range(59):
             self.put(USER_ADD, admin, record(f"user{n}", "password", "guest", self.NOBODY, 1))
         self.assertRefused(FULL, self.put, USER_ADD, admin,
@@ -445,9 +397,10 @@ class ItemsTest(BoardCase):
     def test_as_many_sessions_are_listed_as_a_payload_holds(self):
         self.start()
         self.end()
-        self.edit("WITH RECURSIVE n(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM n WHERE n < 1000)"
-                  " INSERT INTO sessions SELECT n, 'guest', printf('%.131c', 'a'),"
-                  f" {int(time.time())}, {int(time.time())}, '' FROM n")
+        self.execute(
+            "WITH RECURSIVE n(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM n WHERE n < 1000)"
+            " INSERT INTO sessions SELECT n, 'guest', printf('%.131c', 'a'),"
+            f" {int(time.time())}, {int(time.time())}, '' FROM n")
         self.start()
         time.sleep(1)
         listed = self.get(SESSIONS, self.login().session)
@@ -458,8 +411,7 @@ class ItemsTest(BoardCase):
     # Clock
 
     def test_the_clock_runs_from_where_it_was_set(self):
-        self.start()
-        admin = self.login().session
+        admin, = self.start_as(b"admin")
 
         def shown():
             day, clock, *rest = self.rows(CLOCK, admin, 6)[0]
@@ -467,7 +419,7 @@ class ItemsTest(BoardCase):
 
         self.assertAlmostEqual(shown()[0], time.time(), delta=2)
         self.put(CLOCK, admin,
-                 record("2037-12-31", "23:59:50", "-05:30", "manual", "", "192.0.2.1"))
+                 texts("2037-12-31|23:59:50|-05:30|manual||192.0.2.1"))
         local = calendar.timegm((2037, 12, 31, 23, 59, 50))
         for _ in range(2):
             seconds, rest = shown()
@@ -475,40 +427,29 @@ class ItemsTest(BoardCase):
             self.assertEqual(rest, ["-05:30", "manual", "", "192.0.2.1"])
             self.end(signal.SIGKILL)
             self.start()
-        self.put(LED, admin, record("on"))
-        event, = self.rows(EVENTS, admin, 7, record("info", "", "", "", 1, ""))
+        self.put(LED, admin, texts("on"))
+        event, = self.rows(EVENTS, admin, 7, texts("info||||1|"))
         self.assertAlmostEqual(int(event[1]), local + 19800, delta=20)
-        self.put(CLOCK, admin, record("", "now", "+14:00", "servers", "192.0.2.1", ""))
+        self.put(CLOCK, admin, texts("|now|+14:00|servers|192.0.2.1|"))
         self.assertAlmostEqual(shown()[0], time.time() + 50400, delta=2)
-        self.put(CLOCK, admin, record("2037-12-31", "23:59:59", "-14:00", "manual", "", ""))
+        self.put(CLOCK, admin, texts("2037-12-31|23:59:59|-14:00|manual||"))
         time.sleep(1.1)
         self.put(CLOCK, admin, self.get(CLOCK, admin))  # it stops there
-        self.put(CLOCK, admin, record("1970-01-01", "00:00:00", "+00:00", "manual", "", ""))
+        self.put(CLOCK, admin, texts("1970-01-01|00:00:00|+00:00|manual||"))
         self.assertIn(("0", "0"), [row[3:] for row in self.rows(SESSIONS, admin, 5)])
-        for texts in (("2037-12-32", "00:00:00", "+00:00", "manual", "", ""),
-                      ("2026-01-01", "24:00:00", "+00:00", "manual", "", ""),
-                      ("2026-01-01", "00:00:60", "+00:00", "manual", "", ""),
-                      ("1970-01-01", "00:59:59", "+01:00", "manual", "", ""),
-                      ("2026-01-01", "00:00:00", "+14:01", "manual", "", ""),
-                      ("2026-01-01", "00:00:00", "01:00", "manual", "", ""),
-                      ("2026-01-01", "00:00:00", "+00:00", "servers", "", "192.0.2.1"),
-                      ("2026-01-01", "00:00:00", "+00:00", "gps", "192.0.2.1", "")):
-            with self.subTest(texts):
-                self.assertRefused(BAD_REQUEST, self.put, CLOCK, admin, record(*texts))
 
     # Backup
 
     def test_a_backup_restores_all_settings(self):
-        self.start()
-        admin, staff = self.login().session, self.login(b"staff").session
+        admin, staff = self.start_as(b"admin", b"staff")
         settings = {
-            SYSTEM_NAMES: record("restored", "", "", "x"), LED: record("blink"),
-            ADDRESSES: record("b", "192.0.2.99", 8, "", "", ""),
-            SERVICES: record(0, 8080, 1, 8443, 0, 22, 1, 23),
-            TRAPS: record(1, "192.0.2.1", "c", 0, "", "", 0, "", ""),
-            MAIL: record(1, "mail", 25, "a", "b", "c"),
-            SCHEDULE + 2: record(1, "2026-01-01", "2026-01-02", "1111111", "07:00:00", ""),
-            BOOT + 3: record("dvd", "none", "none", 9, 1),
+            SYSTEM_NAMES: texts("restored|||x"), LED: texts("blink"),
+            ADDRESSES: texts("b|192.0.2.99|8|||"),
+            SERVICES: texts("0|8080|1|8443|0|22|1|23"),
+            TRAPS: texts("1|192.0.2.1|c|0|||0||"),
+            MAIL: texts("1|mail|25|a|b|c"),
+            SCHEDULE + 2: texts("1|2026-01-01|2026-01-02|1111111|07:00:00|"),
+            BOOT + 3: texts("dvd|none|none|9|1"),
         }
         fresh = self.get(BACKUP, staff)
         for name in (b"part", b"operator", b"guest"):
@@ -518,13 +459,13 @@ class ItemsTest(BoardCase):
                 self.assertRefused(NOT_AUTHORISED, self.ask, kind, session, content)
         for item, content in settings.items():
             self.put(item, admin, content)
-        self.put(ACL_ADD, admin, record("192.0.2.0", 24))
-        self.put(CLOCK, admin, record("2030-01-01", "00:00:00", "+09:00", "manual", "", ""))
+        self.put(ACL_ADD, admin, texts("192.0.2.0|24"))
+        self.put(CLOCK, admin, texts("2030-01-01|00:00:00|+09:00|manual||"))
         changed = self.get(BACKUP, admin)
         body, digest = re.fullmatch(rb"(orv-settings 1\n(?:item [0-9a-f]{4} [0-9a-f]+\n){16})"
                                     rb"sha256 ([0-9a-f]{64})\n", changed).groups()
         self.assertEqual(digest.decode(), hashlib.sha256(body).hexdigest())
-        self.assertIn(b"\nitem 000b " + record("blink").hex().encode() + b"\n", body)
+        self.assertIn(b"\nitem 000b " + texts("blink").hex().encode() + b"\n", body)
         self.put(BACKUP, staff, fresh)
         self.assertEqual(self.get(BACKUP, admin), fresh)
         self.assertEqual(self.events(admin, 1), [("info", "settings", "202", "staff", "")])
@@ -537,11 +478,11 @@ class ItemsTest(BoardCase):
         self.assertEqual(self.rows(ACL, admin, 2), [("192.0.2.0", "24")])
         day, _, zone, *_ = self.rows(CLOCK, admin, 6)[0]
         self.assertEqual((day, zone), ("2030-01-01", "+09:00"))  # set before, and kept
-        self.put(CLOCK, admin, record("", "", "+00:00", "servers", "192.0.2.1", ""))
+        self.put(CLOCK, admin, texts("||+00:00|servers|192.0.2.1|"))
         with_servers = self.get(BACKUP, admin)
-        self.put(CLOCK, admin, record("1970-01-01", "00:00:00", "+00:00", "manual", "", ""))
-        west = self.get(BACKUP, admin).replace(record("+00:00", "manual").hex().encode(),
-                                               record("-05:30", "manual").hex().encode())
+        self.put(CLOCK, admin, texts("1970-01-01|00:00:00|+00:00|manual||"))
+        west = self.get(BACKUP, admin).replace(texts("+00:00|manual").hex().encode(),
+                                               texts("-05:30|manual").hex().encode())
         west = self.signed(west.splitlines(keepends=True)[:-1])
         self.put(BACKUP, staff, west)
         self.assertEqual(self.rows(CLOCK, admin, 6)[0][0], "1970-01-01")
@@ -557,10 +498,9 @@ class ItemsTest(BoardCase):
         return body + b"sha256 " + hashlib.sha256(body).hexdigest().encode() + b"\n"
 
     def test_damaged_backups_change_nothing(self):
-        self.start()
-        admin = self.login().session
+        admin, = self.start_as(b"admin")
         before = self.get(BACKUP, admin)
-        self.put(LED, admin, record("on"))
+        self.put(LED, admin, texts("on"))
         present = self.get(BACKUP, admin)
         lines = before.splitlines(keepends=True)[:-1]
 
@@ -575,10 +515,10 @@ class ItemsTest(BoardCase):
                 before[:-2] + bytes([before[-2] ^ 1]) + b"\n", b"".join(lines), lines[0],
                 self.signed([b"orv-settings 2\n"] + lines[1:]), self.signed(lines[:-1]),
                 self.signed(lines + lines[-1:]), self.signed(lines[:1] + lines[:0:-1]),
-                with_led(b"item 000b " + record("of").hex().encode() + b"\n"),
-                with_led(b"item 000b " + record("off").hex().upper().encode() + b"\n"),
+                with_led(b"item 000b " + texts("of").hex().encode() + b"\n"),
+                with_led(b"item 000b " + texts("off").hex().upper().encode() + b"\n"),
                 with_led(b"item 000b 6f666600f\n"), with_led(b"item 000b\n"),
-                with_led(b"item 003c " + record("off").hex().encode() + b"\n")):
+                with_led(b"item 003c " + texts("off").hex().encode() + b"\n")):
             with self.subTest(content[-80:]):
                 self.assertRefused(DAMAGED, self.put, BACKUP, admin, content)
         self.assertEqual(self.get(BACKUP, admin), present)

@@ -92,8 +92,7 @@ class PasswordsTest(BoardCase):
         self.assertIn((b"staff", BUSY), answers[b"staff"])
 
     def test_a_source_that_guesses_waits_and_no_other(self):
-        self.start()
-        session = self.login().session
+        session, = self.start_as(b"admin")
         device = self.keep(session)
 
         def login(name, source):
@@ -121,8 +120,7 @@ class PasswordsTest(BoardCase):
             self.assertGreater(time.monotonic() - begin, INTERVAL - 1)
 
     def test_a_flood_of_attempts_keeps_nobody_out(self):
-        self.start()
-        session = self.login().session
+        session, = self.start_as(b"admin")
         flood = [self.connect(message(LOGIN, telegram()) + message(
             LOGIN, login_record(b"name%d" % n, b"guess"))) for n in range(100)]
         self.assertEqual(flood[-1].recv(4), number(0x87FF0001))  # has lost its place
@@ -134,8 +132,7 @@ class PasswordsTest(BoardCase):
         self.assertLess(self.take(self.assertRefused, REFUSED, self.login, b"a", b"guess"), 3)
 
     def test_a_device_is_known_to_those_who_logged_in_from_it(self):
-        self.start()
-        guest = self.login(b"guest").session
+        guest, = self.start_as(b"guest")
         for unfit in (b"x\0", b"", record("", ""), record("A" * 32), record("0" * 31)):
             self.assertRefused(BAD_REQUEST, self.ask, OWN_DEVICE | EXCHANGE, guest, unfit)
         made = "0" * 32
