@@ -4,8 +4,8 @@ import pathlib
 import sys
 import tempfile
 
+from console_browser import ConsoleBrowser
 from console_site import ConsoleSite
-from support.console_browser import ConsoleBrowser
 
 ADDRESSES, STATUS, EVENTS, USERS, PARTITION_POWER = 72, 3, 153, 60, 30
 
@@ -48,4 +48,5 @@ def main():
             take_pictures(site, browser, pathlib.Path(folder))
 
 
-main()
+if __name__ == "__main__":
+    main()

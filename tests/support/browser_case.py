@@ -1,7 +1,8 @@
 """The console and a browser, for the tests of one file."""
 
-from support.console_browser import ConsoleBrowser
 from support.site_case import SiteCase
+
+from console_browser import ConsoleBrowser  # of scripts/; needs Selenium
 
 
 class BrowserCase(SiteCase):
