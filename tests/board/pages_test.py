@@ -162,7 +162,3 @@ class Pages(unittest.TestCase):
         self.compare(visits, WITH_A_STALE_SESSION)
         self.assertLessEqual(RECORDED, self.procedures)
         self.assertEqual(list((self.board.root / "var/tmp").iterdir()), [])
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -61,7 +61,3 @@ class Forms(BrowserCase):
         self.browser.open(FIRMWARE)
         self.assertIn("2.0.1", self.browser.text())
         self.assertEqual(list(pathlib.Path("/var/tmp").glob("tmp_*")), [])
-
-
-if __name__ == "__main__":
-    unittest.main()

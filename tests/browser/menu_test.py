@@ -81,7 +81,3 @@ class Menu(BrowserCase):
         self.browser.driver.switch_to.default_content()
         self.browser.wait(lambda driver: driver.current_url.endswith("/common/timeout.cgi"))
         self.assertIn("session has ended", self.browser.text())
-
-
-if __name__ == "__main__":
-    unittest.main()

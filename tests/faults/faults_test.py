@@ -316,7 +316,3 @@ class State(FaultCase):
                 self.assertIn(CHANGED, self.finish_page(page).text())
             kept = self.page(NAMES)
             self.assertEqual(kept.field("system_name"), kept.field("contact"))
-
-
-if __name__ == "__main__":
-    unittest.main()

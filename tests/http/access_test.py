@@ -155,7 +155,3 @@ class Access(SiteCase):
                                     ("content-type", "^text/.*; charset=|^application/"),
                                     ("content-security-policy", "frame-ancestors")):
                     self.assertRegex(headers.get(name, ""), value, (path, name))
-
-
-if __name__ == "__main__":
-    unittest.main()

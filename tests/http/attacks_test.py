@@ -117,7 +117,3 @@ class Attacks(SiteCase):
         while not self.trace_log():
             self.assertLess(time.monotonic(), deadline)
             self.connect(request, "127.0.0.4").recv(4096)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -91,7 +91,3 @@ class Console(SiteCase):
         answer = self.client.get(SEARCH + "?severity=info&source=firmware&count=9&search=1")
         self.assertIn("<i>%s%n", answer.text())
         self.assertNotIn(b"<i>", answer.body)
-
-
-if __name__ == "__main__":
-    unittest.main()

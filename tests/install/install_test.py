@@ -171,7 +171,3 @@ class Install(unittest.TestCase):
     def start(libraries, *page):
         return run(*BUILD.command(*page), REQUEST_METHOD="GET", QUERY_STRING="who=%3Cyou%3E+%26+me",
                    LD_LIBRARY_PATH=str(libraries))
-
-
-if __name__ == "__main__":
-    unittest.main()

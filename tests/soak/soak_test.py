@@ -167,7 +167,3 @@ class Soak(SiteCase):
             self.assertEqual(state.execute("PRAGMA integrity_check").fetchall(), [("ok",)])
             kept = dict(state.execute("SELECT name, refresh_interval FROM users"))
         self.assertEqual([user.name for user in users if str(kept[user.name]) not in user.kept], [])
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -32,7 +32,7 @@ def take_small_disk():
         allowed = subprocess.run([*command, "true"], capture_output=True, check=False)
         os.environ["SMALL_DISK"] = "yes" if allowed.returncode == 0 else ""
         if allowed.returncode == 0:
-            os.execvp("unshare", [*command, sys.executable, "-B", *sys.argv])
+            os.execvp("unshare", [*command, *sys.orig_argv])
     small = os.environ["SMALL_DISK"] != ""
     print("Full disks are", "small ones of our own" if small else "limits on the size of a file")
     return small

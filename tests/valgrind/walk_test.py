@@ -42,7 +42,3 @@ class Walk(unittest.TestCase):
             with self.subTest(program=program):
                 self.assertTrue("ERROR SUMMARY: 0 errors" in text, text)
         self.assertEqual(unseen, set())
-
-
-if __name__ == "__main__":
-    unittest.main()

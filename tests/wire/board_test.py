@@ -383,7 +383,3 @@ class BoardTest(BoardCase):
             with self.subTest(arguments):
                 self.assertRefusesToStart(text, *arguments, status=2)
         self.assertEqual(list(self.folder.iterdir()), [])
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -70,8 +70,3 @@ class Boardctl(BoardCase):
         self.assertEqual(len(session), 32)
         self.assertIn(b"Password: ", shown)
         self.assertNotIn(b"admin-pass", shown)
-
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -150,7 +150,3 @@ class FirmwareTest(BoardCase):
         self.assertEqual(self.get_progress(admin), ("done", "100", "x" * 20))
         self.assertEqual(self.rows(PRODUCT, admin, 3), [(name, serial, "x" * 20)])
         self.assertEqual(self.events(admin, 1)[0][2:], ("502", "admin", "x" * 20))
-
-
-if __name__ == "__main__":
-    unittest.main()

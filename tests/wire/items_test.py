@@ -522,7 +522,3 @@ class ItemsTest(BoardCase):
             with self.subTest(content[-80:]):
                 self.assertRefused(DAMAGED, self.put, BACKUP, admin, content)
         self.assertEqual(self.get(BACKUP, admin), present)
-
-
-if __name__ == "__main__":
-    unittest.main()

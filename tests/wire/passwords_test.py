@@ -167,7 +167,3 @@ class PasswordsTest(BoardCase):
         for _ in range(16):
             self.assertTrue(self.keep(self.login().session))
         self.assertFalse(self.isKnown(device, b"admin"))  # the longest unused one
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -11,10 +11,6 @@
 #include "gui/FormInfo.h"
 #include "gui/JudgeAuthority.h"
 #include "gui/MaintenanceMode.h"
-#include "gui/MenuData.h"
-#include "gui/ORVGUIUtil.h"
-#include "gui/OutlineFramePage.h"
-#include "gui/TimeoutPage.h"
 #include "orv/PException.h"
 #include "support/Captured.h"
 #include "support/CgiRequest.h"
@@ -28,32 +24,15 @@ namespace {
 
 using Address = IPAddressField;
 using Masked = IPAddrMaskField;
-using Map = std::map<string, HTMLComponent*>;
 using Maintenance = ORVUi::PrimitiveTypeWrapper<ORVUi::ORV_MAINTENANCE_MODE>;
-using Object = SerializableObject;
 using Byte = unsigned char;
-using Number = unsigned int;
-using Text = const string&;
 
 struct Main : AbstractMain {
     Main() : AbstractMain(nullptr, 1) {}
     int execMain() override { return 7; }
-    using AbstractMain::getCookie;
-    using AbstractMain::guiCheckLogin;
-    using AbstractMain::guiCheckSession;
-    using AbstractMain::setAutoRefresh;
 };
 
-/// Whether classes have operations of exactly the type `Type`; one that has drifted from it does
-/// not compile.
-template <typename Type, class... Class>
-constexpr bool is(Type Class::*... rows) {
-    return sizeof...(rows) > 0;
-}
-template <typename Type>
-constexpr bool is(Type* /*operation*/) {
-    return true;
-}
+// The operations that the library exports are in tests/install/symbols.txt with their types.
 
 /// Whether classes have values of exactly the type `Type`.
 template <typename Type, typename... Value>
@@ -61,91 +40,11 @@ constexpr bool are(Value*... /*value*/) {
     return (std::is_same_v<Type, Value> && ...);
 }
 
-static_assert(is<bool() const>(&FormInfo::isPostMethod, &CGIAuthority::isSystemAdmin,
-                               &CGIAuthority::isTechnicalStaff, &CGIAuthority::isGuest,
-                               &CGIAuthority::isOperator, &CGIAuthority::isSomePartitionAdmin,
-                               &HTMLCodeGenerator::isError, &HTMLComponent::isError));
-static_assert(is<bool(Text, string&) const>(&FormInfo::getFormData));
-static_assert(is<bool(Text, Byte*) const>(&FormInfo::getFormIPAddr));
-static_assert(is<string()>(&FormInfo::getQueryString));
-static_assert(is<string(CGIRequester&)>(&FormInfo::getURLInfo));
-static_assert(is<bool()>(&FormInfo::isReadSkip));
-static_assert(is<void()>(&FormInfo::readSkipData, &FormInfo::terminate,
-                         &CGIAuthority::setConfigAuthority, &CGIAuthority::setAllAuthority,
-                         &Main::getCookie, &CommonDefaultPage::makeDispPage,
-                         &CommonDefaultPage::makeConfigPage, &CommonDefaultPage::makePage,
-                         &DateField::checkDate, &TimeField::checkTime,
-                         &OutlineFramePage::createPage));
 static_assert(are<FormInfo*>(&FormInfo::myInstance));
-static_assert(is<void(const char*)>(&CGIRequester::setSessionId));
-static_assert(is<string() const>(&CGIRequester::getSessionId));
-static_assert(is<Number(int&)>(&CGIRequester::getLanguage));
-static_assert(is<Number(Text, Text, Text, int&, string&)>(&CGIRequester::login));
-static_assert(is<Number()>(&CGIRequester::logout));
-static_assert(is<Number(int&, Number&, CGIAuthority*, bool)>(&CGIRequester::checkSession));
-static_assert(is<Number(int&, CGIAuthority&, void*)>(&CGIRequester::getUserInfo));
-static_assert(is<int(Number, void*)>(&CGIRequester::getInfo));
-static_assert(is<int(Number, Object&)>(&CGIRequester::getInfo));
-static_assert(is<int(Number, Object&, Object&)>(&CGIRequester::getInfo,
-                                                &CGIRequester::callTransaction));
-static_assert(is<Number(Number, Object&)>(&CGIRequester::setInfo));
-static_assert(is<Number(Number, Number, const void*)>(&CGIRequester::setInfo));
-static_assert(is<void(const Byte*, int)>(&CGIRequester::debugTrace));
-static_assert(is<void(const CGI_AUTHORITY&)>(&CGIAuthority::setAuthority));
-static_assert(is<void(CGI_AUTHORITY&) const>(&CGIAuthority::getAuthority));
-static_assert(is<bool(int) const>(&CGIAuthority::isPartitionAdmin));
-static_assert(is<void(int)>(&CGIAuthority::setPartitionAdmin, &SelectMenu::select));
-static_assert(is<int() const>(&JudgeAuthority::getDisplayMode));
-static_assert(is<int(CGIRequester&) const>(&JudgeAuthority::preCheckDisplayMode));
-static_assert(is<Number(Byte*, Number) const>(&Maintenance::getSerialized));
-static_assert(is<Number() const>(&Maintenance::getSerializedSize));
-static_assert(is<bool(const Byte*, Number)>(&Maintenance::setSerialized));
-static_assert(is<int()>(&AbstractMain::exec, &Main::execMain));
-static_assert(is<void(bool)>(&Main::guiCheckSession));
-static_assert(is<int(int&, bool*, bool)>(&Main::guiCheckLogin));
-static_assert(is<void(HTMLPage&)>(&Main::setAutoRefresh));
-static_assert(is<void(string, int)>(&AbstractMain::errorExit));
-static_assert(is<void(string, int, Byte)>(&AbstractMain::errorExit));
-static_assert(is<void(string, string)>(
-    &AbstractMain::errorExit, &IPAddressField::setOnFocusFunction, &DateField::setOnFocusFunction,
-    &SelectMenu::setOnChangeFunction, &SelectMenu::setOnClickFunction));
 static_assert(are<const char*>(&HTMLPage::SKELETON_FILE_NAME, &HTMLPage::SKELETON_ERR_FILE_NAME));
 static_assert(are<const string>(&HTMLPage::FORM_PAGE_STATE, &HTMLPage::KEY_JAVA_SCRIPT,
                                 &HTMLPage::KEY_BODY, &HTMLPage::KEY_COOKIE));
-static_assert(is<bool(Map&, Text, HTMLComponent*)>(&HTMLMapUtil::insertIntoMap));
-static_assert(is<void() const>(&HTMLCodeGenerator::printHTML, &HTMLComponent::printHTML));
-static_assert(is<int(int, bool)>(&CommonDefaultPage::getNextPageState));
-static_assert(is<void(int*, bool), CommonDefaultPage>(&CommonDefaultPage::addNextPageItem));
-static_assert(is<void(Text, Text, int)>(&CommonDefaultPage::setComplPageItemToMap));
-static_assert(is<string(int)>(&MessageMgr::getString) && is<string(int)>(&ORVGUIUtil::getCGIPath));
-static_assert(is<string(int, int, ...)>(&MessageMgr::getMessage));
-static_assert(is<bool(ORVUi::CsvInfoAccess&, Number, Number&)>(&MessageMgr::getCsvExMsgId));
-static_assert(is<void(string&)>(&MessageMgr::encodeURL) &&
-              is<void(string&)>(&MessageMgr::convertHTML));
-static_assert(is<void(string&, Text, Text)>(&MessageMgr::convertStr));
 static_assert(are<const char[6][16]>(&TextString::colorStyle));
-static_assert(is<HTMLComponent*() const>(&HyperLink::getContent));
-static_assert(is<void(HTMLComponent*)>(&HyperLink::setContent));
-static_assert(is<void(int, int), IPAddressField>(&IPAddressField::setAddress));
-static_assert(is<void(int, string), IPAddressField>(&IPAddressField::setAddress));
-static_assert(is<void(Byte*), IPAddressField>(&IPAddressField::setAddress));
-static_assert(is<void(const int&)>(&IPAddrMaskField::setMaskBit));
-static_assert(is<void(string)>(&IPAddrMaskField::setMaskBit, &JsFunction::addAlertFunction));
-static_assert(is<void(Text, Text, bool)>(&SelectMenu::add));
-static_assert(is<void(Text, Text, Text, bool, bool)>(&RadioButton::add));
-static_assert(is<void(Text, Text, bool, bool)>(&RadioButton::add));
-static_assert(is<void(Text, Text, Text, Text, bool, bool)>(&CheckBox::add));
-static_assert(is<void(Text, Text)>(&Image::setImageDispSize, &JsFunction::addFunction,
-                                   &JsFunction::addMessage));
-static_assert(is<void(string&, string&) const>(&Image::getImageDispSize));
-static_assert(is<bool(Number, Number)>(&Image::resizeImageDispSize));
-static_assert(is<bool(Number, bool)>(&Image::zoomImageDispSize));
-static_assert(is<void(Text)>(&JsFunction::addFunction));
-static_assert(is<void(Text, const std::vector<string>&)>(&JsFunction::addArray));
-static_assert(is<const char*(int, int, char*)>(&MenuData::getTopMenuName));
-static_assert(is<string(int, int)>(&MenuData::getTopMenuFullName));
-static_assert(is<void(int, int)>(&OutlineFramePage::makeMenuPath));
-static_assert(is<void(string, string, string)>(&OutlineFramePage::makeInfoPath));
 
 static_assert(FormInfo::checkStringForm == "Content-Disposition: form-data; name=\"");
 static_assert(FormInfo::checkStringFile == "filename=\"");

@@ -178,7 +178,3 @@ class Mkcatalogue(unittest.TestCase):
                           "--dump --charset EUC-JP in.txt out", "--header N in.txt out"):
             result = self.run_program(*arguments.split())
             self.assertEqual((result.returncode, result.stderr[:7]), (2, b"usage: "), arguments)
-
-
-if __name__ == "__main__":
-    unittest.main()
