@@ -2,6 +2,7 @@
 
 #include <climits>
 #include <memory>
+#include <tuple>
 #include <utility>
 
 #include "support/Captured.h"
@@ -187,18 +188,14 @@ TEST(FileField, PrintsEachDisplayMode) {
         "<input type=\"text\" readonly size=\"40\" name=\"upfile\" value=\"a<b\">\n"
         "<input type=\"button\""
         " onClick=\"browse_upfile.click();upfile.value=browse_upfile.value;\" value=\"Browse\">";
-    struct Case {
-        const int* mode;
-        const char* value;
-        const char* expected;
-    };
-    for (const Case& c :
+    using Case = std::tuple<const int*, const char*, const char*>;
+    for (const auto& [mode, value, expected] :
          {Case{nullptr, "a<b", inputs}, Case{&EDIT, "a<b", inputs},
           Case{&CONFIRM, "a<b", "a<b\n^<input type=\"hidden\" name=\"upfile\" value=\"a<b\">"},
           Case{&CONFIRM, "", "&nbsp;\n^<input type=\"hidden\" name=\"upfile\" value=\"\">"},
           Case{&OTHER, "a<b", "a<b"}, Case{&OTHER, "", "&nbsp;"}}) {
-        const FileField field("upfile", c.value, "f", "Browse", 40, c.mode);
-        EXPECT_EQ(printedWithFlushes(field), c.expected);
+        const FileField field("upfile", value, "f", "Browse", 40, mode);
+        EXPECT_EQ(printedWithFlushes(field), expected);
     }
 }
 
@@ -227,13 +224,8 @@ TEST(Image, TakesItsSizeFromItsName) {
 }
 
 TEST(Image, ShrinksToFitABox) {
-    struct Case {
-        const char* width;
-        const char* height;
-        unsigned int maxWidth, maxHeight;
-        const char* expected;
-    };
-    for (const Case& c :
+    using Case = std::tuple<const char*, const char*, unsigned int, unsigned int, const char*>;
+    for (const auto& [width, height, maxWidth, maxHeight, expected] :
          {Case{"400", "100", 200, 200, "200 by 50"}, Case{"100", "400", 200, 200, "50 by 200"},
           Case{"300", "200", 100, 100, "100 by 66"}, Case{"0200", "0100", 200, 100, "0200 by 0100"},
           Case{"400", "400", 200, 100, "100 by 100"}, Case{"", "400", 200, 200, " by 400"},
@@ -243,22 +235,16 @@ TEST(Image, ShrinksToFitABox) {
           Case{"-1", "-1", 200, 200, "200 by 200"},
           Case{"4294967297", "100", 200, 200, "200 by 0"}}) {
         Image image("");
-        image.setImageDispSize(c.width, c.height);
-        const bool isSized = c.width[0] != '\0' && c.height[0] != '\0';
-        EXPECT_EQ(image.resizeImageDispSize(c.maxWidth, c.maxHeight), isSized);
-        EXPECT_EQ(sizeOf(image), c.expected) << c.width << " by " << c.height;
+        image.setImageDispSize(width, height);
+        const bool isSized = width[0] != '\0' && height[0] != '\0';
+        EXPECT_EQ(image.resizeImageDispSize(maxWidth, maxHeight), isSized);
+        EXPECT_EQ(sizeOf(image), expected) << width << " by " << height;
     }
 }
 
 TEST(Image, ZoomsUnlessNothingWouldBeLeft) {
-    struct Case {
-        const char* width;
-        const char* height;
-        unsigned int factor;
-        bool divide, result;
-        const char* expected;
-    };
-    for (const Case& c :
+    using Case = std::tuple<const char*, const char*, unsigned int, bool, bool, const char*>;
+    for (const auto& [width, height, factor, divide, result, expected] :
          {Case{"3", "5", 4, false, true, "12 by 20"}, Case{"9", "17", 4, true, true, "2 by 4"},
           Case{"3", "5", 4, true, false, "3 by 5"}, Case{"5", "3", 4, true, false, "5 by 3"},
           Case{"3", "5", 0, true, false, "3 by 5"}, Case{"", "5", 2, false, false, " by 5"},
@@ -266,9 +252,9 @@ TEST(Image, ZoomsUnlessNothingWouldBeLeft) {
           Case{"65536", "3", 65536, false, false, "65536 by 3"},
           Case{"-2", "4294967297", 1, false, true, "4294967294 by 2147483647"}}) {
         Image image("");
-        image.setImageDispSize(c.width, c.height);
-        EXPECT_EQ(image.zoomImageDispSize(c.factor, c.divide), c.result);
-        EXPECT_EQ(sizeOf(image), c.expected) << c.width << " by " << c.height;
+        image.setImageDispSize(width, height);
+        EXPECT_EQ(image.zoomImageDispSize(factor, divide), result);
+        EXPECT_EQ(sizeOf(image), expected) << width << " by " << height;
     }
 }
 

@@ -4,6 +4,7 @@
 #include <initializer_list>
 #include <sstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "support/Components.h"
@@ -183,20 +184,17 @@ TEST(IPAddrMaskField, PrintsEachDisplayMode) {
         "<input type=\"hidden\" value=\"255\" name=\"n3\">\n^"
         "<input type=\"hidden\" value=\"24\" name=\"n4\">";
     const std::string text = "192.168.0.255/24&nbsp;";
-    struct Case {
-        const int* mode;
-        bool showText;
-        std::string expected;
-    };
-    for (const Case& c : {Case{nullptr, true, boxes}, Case{&EDIT, false, boxes},
-                          Case{&CONFIRM, true, text + hidden}, Case{&CONFIRM, false, hidden},
-                          Case{&OTHER, true, text}, Case{&OTHER, false, ""}}) {
-        IPAddrMaskField field("n", "", "", c.mode, c.showText);
-        static_cast<IPAddressField&>(field).setDisplayMode(c.mode == &EDIT ? &OTHER : &EDIT);
+    using Case = std::tuple<const int*, bool, std::string>;
+    for (const auto& [mode, showText, expected] :
+         {Case{nullptr, true, boxes}, Case{&EDIT, false, boxes},
+          Case{&CONFIRM, true, text + hidden}, Case{&CONFIRM, false, hidden},
+          Case{&OTHER, true, text}, Case{&OTHER, false, ""}}) {
+        IPAddrMaskField field("n", "", "", mode, showText);
+        static_cast<IPAddressField&>(field).setDisplayMode(mode == &EDIT ? &OTHER : &EDIT);
         field.setOnFocusFunction("go", "");
         field.setAddress(ADDRESS);
         field.setMaskBit(24);
-        EXPECT_EQ(printedWithFlushes(field), c.expected);
+        EXPECT_EQ(printedWithFlushes(field), expected);
     }
 }
 

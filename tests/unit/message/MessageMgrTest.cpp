@@ -2,6 +2,7 @@
 
 #include <climits>
 #include <filesystem>
+#include <tuple>
 
 #include "gui/MessageMgr.h"
 #include "orv/CsvInfoAccess.h"
@@ -121,13 +122,11 @@ TEST(Message, CarriesItsCodeWhenPositive) {
     MessageMgr messages(1);
     const std::string text = messages.getMessage(13, 0);
     EXPECT_NE(text.find("not able to answer"), std::string::npos);
-    struct Case {
-        int code;
-        const char* suffix;
-    };
-    for (const Case& c : {Case{-1, ""}, Case{INT_MIN, ""}, Case{26, " (00:001a)"},
-                          Case{0x1234, " (00:1234)"}, Case{0x12345678, " (00:12345678)"}}) {
-        EXPECT_EQ(messages.getMessage(13, c.code), text + c.suffix);
+    using Case = std::tuple<int, const char*>;
+    for (const auto& [code, suffix] :
+         {Case{-1, ""}, Case{INT_MIN, ""}, Case{26, " (00:001a)"}, Case{0x1234, " (00:1234)"},
+          Case{0x12345678, " (00:12345678)"}}) {
+        EXPECT_EQ(messages.getMessage(13, code), text + suffix);
     }
 }
 

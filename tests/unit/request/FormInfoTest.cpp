@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <stdexcept>
+#include <tuple>
 
 #include "gui/Cookie.h"
 #include "orv/PException.h"
@@ -87,22 +88,18 @@ TEST(UrlEncoded, RestOfALongBodyIsWhatOneReadBrings) {
 }
 
 TEST(Body, LengthDecidesWhatIsRead) {
-    struct Length {
-        const char* announced;
-        const char* joined;
-        bool skipped;
-    };
-    for (const Length& c :
+    using Length = std::tuple<const char*, const char*, bool>;
+    for (const auto& [announced, joined, skipped] :
          {Length{"3", "a=1", false}, Length{"2", "a=", false}, Length{"0", "", false},
           Length{"-1", "", false}, Length{"-2147483648", "", false},
           Length{"-99999999999999999999", "", false}, Length{"", "", false}, Length{"x", "", false},
           Length{" +3x", "a=1", false}, Length{"2097153", "", true}, Length{"4294967299", "", true},
           Length{"99999999999999999999", "", true}}) {
         CgiRequest request;
-        request.post("", "a=1", c.announced);
+        request.post("", "a=1", announced);
         FormInfo form;
-        EXPECT_EQ(form.getQueryString(), c.joined) << c.announced;
-        EXPECT_EQ(form.isReadSkip(), c.skipped) << c.announced;
+        EXPECT_EQ(form.getQueryString(), joined) << announced;
+        EXPECT_EQ(form.isReadSkip(), skipped) << announced;
     }
 }
 
@@ -191,18 +188,15 @@ TEST(Address, IsReadFromFourFieldsCutToBytes) {
 }
 
 TEST(Cookie, IsReadFromTheStartOfTheHeader) {
-    struct Case {
-        const char* header;
-        bool error;
-        const char* sessionId;
-    };
-    for (const Case& c : {Case{"sid=ABC", false, "ABC"}, Case{"sid=", false, ""},
-                          Case{"sid=ABC; x=1", false, "ABC; x=1"}, Case{"SID=ABC", true, ""},
-                          Case{" sid=ABC", true, ""}, Case{"lang=en; sid=ABC", true, ""},
-                          Case{"sid", true, ""}, Case{"", true, ""}}) {
-        setenv("HTTP_COOKIE", c.header, 1);
-        EXPECT_EQ(Cookie().isError(), c.error) << c.header;
-        EXPECT_EQ(Cookie().getSessionId(), c.sessionId) << c.header;
+    using Case = std::tuple<const char*, bool, const char*>;
+    for (const auto& [header, error, sessionId] :
+         {Case{"sid=ABC", false, "ABC"}, Case{"sid=", false, ""},
+          Case{"sid=ABC; x=1", false, "ABC; x=1"}, Case{"SID=ABC", true, ""},
+          Case{" sid=ABC", true, ""}, Case{"lang=en; sid=ABC", true, ""}, Case{"sid", true, ""},
+          Case{"", true, ""}}) {
+        setenv("HTTP_COOKIE", header, 1);
+        EXPECT_EQ(Cookie().isError(), error) << header;
+        EXPECT_EQ(Cookie().getSessionId(), sessionId) << header;
     }
     unsetenv("HTTP_COOKIE");
     EXPECT_TRUE(Cookie().isError());
