@@ -1,8 +1,8 @@
-"""The same requests to pages on the board and on this machine: same output, same telegrams.
+"""The same requests to pages on the board and on this machine: same output and same log.
 
-Each machine runs its own build's pages and orvboardd. Only what is made anew each time is made
-equal before the comparison: the session ID and its forms' token, the process ID in a telegram's
-first four bytes, and time and process ID at the begin of a line of the log.
+Each machine runs its own build's pages and orvboardd. Only values that differ in every run are
+masked: the session ID, the CSRF token, and the time and process ID of a line of the log. The bytes
+of telegrams are tested by the suite wire, which runs on the board too.
 """
 
 import hashlib
@@ -22,7 +22,7 @@ INSPECTOR, REFRESH = "/common/request.cgi", "/network/orv_refresh_set.cgi"
 CONTENT = random.Random(6).randbytes(200_000)
 FORM, MULTIPART = "application/x-www-form-urlencoded", "multipart/form-data; boundary=" + BOUNDARY
 LOG_LINE_BEGIN = re.compile(rb"^[\d-]{10} [\d:.]{15} \[\d+\] ", re.MULTILINE)
-ANY_SESSION, ANY_TOKEN, ANY_PROCESS = b"s" * 31, b"t" * 32, bytes(4)
+ANY_SESSION, ANY_TOKEN = b"s" * 31, b"t" * 32
 TOKEN = re.compile(rb'name="form_end" value="([0-9a-f]{32})"')
 
 
@@ -64,8 +64,6 @@ WITH_A_STALE_SESSION = (
     ("time-out", REFRESH, None, b"/common/timeout.cgi"),
     ("time-out page", "/common/timeout.cgi", None, b"session has ended"),
 )
-# Telegrams that must have been seen: language, log-in, session, a setting and its change.
-RECORDED = {"02010001", "02010002", "02010005", "02010027", "02018027"}
 
 
 class Visit:
@@ -75,18 +73,16 @@ class Visit:
         self.machine, self.session, self.token = machine, "", ANY_TOKEN
 
     def ask(self, target, body):
-        """The answer, what the page logged and the exchanges, with what is made anew made equal."""
+        """The masked answer and what the page logged."""
         content = body[1].replace(ANY_TOKEN, self.token) if body else b""
-        process, output, log, exchanges = self.machine.run_page(
+        output, log = self.machine.run_page(
             target.partition("?")[0], self._environment(target, body), content)
         opened = re.search(rb"^Set-Cookie: sid=([\w-]{31});", output, re.MULTILINE)
         if opened:
             self.session = opened[1].decode()
         if found := TOKEN.search(output):
             self.token = found[1]
-        return (self._settled(output), LOG_LINE_BEGIN.sub(b"", self._settled(log)),
-                [tuple(self._settled(settle_process(side, process)) for side in exchange)
-                 for exchange in exchanges])
+        return self._masked(output), LOG_LINE_BEGIN.sub(b"", self._masked(log))
 
     def _environment(self, target, body):
         path, _, query = target.partition("?")
@@ -97,19 +93,9 @@ class Visit:
                 "QUERY_STRING": query, "CONTENT_TYPE": kind, "CONTENT_LENGTH": str(len(content)),
                 "HTTP_COOKIE": "sid=" + self.session, "ORV_TRACE_LEVEL": "200"}
 
-    def _settled(self, data):
+    def _masked(self, data):
         data = data.replace(self.token, ANY_TOKEN)
         return data.replace(self.session.encode() or ANY_SESSION, ANY_SESSION)
-
-
-def settle_process(messages, process):
-    """Messages without the process ID, which a telegram must begin with."""
-    begin, number = messages[:8], messages[8:12]
-    if begin[:4] == b"\x87\xff\x00\x01":
-        return messages  # an error, which has no telegram
-    if number != process.to_bytes(4, "big"):
-        raise AssertionError(f"a telegram of process {process} says {number.hex()}")
-    return begin + ANY_PROCESS + messages[12:]
 
 
 class Pages(unittest.TestCase):
@@ -120,7 +106,6 @@ class Pages(unittest.TestCase):
         board, host = (Path(os.environ[name]) for name in ("BOARD_BUILD", "HOST_BUILD"))
         cls.board = Board(board, board / "root", os.environ["EMULATOR"], os.environ["CMAKE"])
         cls.addClassCleanup(cls.board.close)
-        print(f"Pages for the board run through the emulator in {board / 'root'} ({cls.board.way})")
         cls.host = Host(host, cls.enterClassContext(tempfile.TemporaryDirectory()))
         cls.addClassCleanup(cls.host.close)
         for machine in (cls.board, cls.host):
@@ -143,15 +128,12 @@ class Pages(unittest.TestCase):
             with self.subTest(name):
                 board, host = (visit.ask(target, body) for visit in visits)
                 self.assertIn(expected, host[0].replace(b"&nbsp;", b" "))
-                for ours, theirs in zip(board, host):
-                    self.assertEqual(ours, theirs)
-                self.procedures |= {request[:4].hex() for request, _ in board[2]}
+                self.assertEqual(board, host)
 
     def test_the_board_answers_byte_for_byte_like_this_machine(self):
         page = (self.board.root / "usr/local/www/htdocs/common/login.cgi").read_bytes()
         self.assertEqual((page[:6], page[18:20]), (b"\x7fELF\x01\x02", b"\x00\x14"))
         visits = [Visit(machine) for machine in (self.board, self.host)]
-        self.procedures = set()
         self.compare(visits, REQUESTS)
         self.restart("--fault", "checkSession:short-payload")
         self.compare(visits, WITH_A_FAULT)
@@ -160,5 +142,4 @@ class Pages(unittest.TestCase):
         for visit in visits:
             visit.session = "stale"
         self.compare(visits, WITH_A_STALE_SESSION)
-        self.assertLessEqual(RECORDED, self.procedures)
         self.assertEqual(list((self.board.root / "var/tmp").iterdir()), [])
