@@ -31,11 +31,8 @@ TEST(HiddenField, EscapesDoubleQuotesOnlyAndKeepsItsValue) {
 }
 
 TEST(TextString, IsEscapedAndColoured) {
-    struct Case {
-        TextString text;
-        const char* expected;
-    };
-    for (const Case& c :
+    using Case = std::tuple<TextString, const char*>;
+    for (const auto& [text, expected] :
          {Case{TextString("a<b c"), "a&lt;b&nbsp;c"},
           Case{TextString("a<b c", false, true), "a<b c"},
           Case{TextString("x", true, false, 0), "<font class=\"err_string\">x</font>"},
@@ -49,8 +46,8 @@ TEST(TextString, IsEscapedAndColoured) {
           Case{TextString("x", false, false, -1), "x"},
           Case{TextString("x", false, false, INT_MIN), "x"},
           Case{TextString(bytes("up to\0here")), "up&nbsp;to"}}) {
-        EXPECT_EQ(printed(c.text), c.expected);
-        EXPECT_EQ(printed(c.text), c.expected) << "printing must not change the text";
+        EXPECT_EQ(printed(text), expected);
+        EXPECT_EQ(printed(text), expected) << "printing must not change the text";
     }
 }
 

@@ -154,18 +154,15 @@ TEST(IPAddressField, ChecksTextsAndKeepsThemEscaped) {
 }
 
 TEST(IPAddressField, WrapsEveryIndexAround) {
-    struct Case {
-        int index;
-        int box;
-    };
-    for (const Case& c :
+    using Case = std::tuple<int, int>;
+    for (const auto& [index, written] :
          {Case{3, 3}, Case{4, 0}, Case{INT_MAX, 3}, Case{-1, 3}, Case{-4, 0}, Case{INT_MIN, 0}}) {
         IPAddressField field("n");
-        field.setAddress(c.index, "10");
+        field.setAddress(index, "10");
         for (int box = 0; box < IPAddressField::ADDR_BYTE_SIZE; ++box) {
-            EXPECT_EQ(field.getAddress(box), box == c.box ? "10" : "") << c.index;
+            EXPECT_EQ(field.getAddress(box), box == written ? "10" : "") << index;
         }
-        EXPECT_EQ(field.getAddress(c.index), "10");
+        EXPECT_EQ(field.getAddress(index), "10");
     }
 }
 

@@ -41,19 +41,14 @@ TEST(EncodeUrl, EncodesBlanksHashesAndHighBytesOnly) {
 }
 
 TEST(ConvertStr, ReplacesLeftToRightAndNeverInWhatItPutIn) {
-    struct Replacement {
-        const char* text;
-        const char* from;
-        const char* to;
-        const char* expected;
-    };
-    for (const Replacement& c :
+    using Replacement = std::tuple<const char*, const char*, const char*, const char*>;
+    for (const auto& [before, from, to, expected] :
          {Replacement{"aaaaa", "aa", "b", "bba"}, Replacement{"ab", "a", "aa", "aab"},
           Replacement{"xyx", "x", "", "y"}, Replacement{"same", "absent", "z", "same"},
           Replacement{"left alone", "", "z", "left alone"}}) {
-        std::string text = c.text;
-        MessageMgr::convertStr(text, c.from, c.to);
-        EXPECT_EQ(text, c.expected);
+        std::string text = before;
+        MessageMgr::convertStr(text, from, to);
+        EXPECT_EQ(text, expected);
     }
 }
 
@@ -145,18 +140,15 @@ TEST(CsvMessageNumber, StandsBehindTheKey) {
     CsvInfoAccess csv(path);
     MessageMgr messages(1);
     const std::locale before = std::locale::global(std::locale(std::locale(), new Grouping));
-    struct Case {
-        unsigned int key;
-        bool found;
-        unsigned int number;
-    };
-    for (const Case& c : {Case{1, true, 500}, Case{4294967295U, true, 7}, Case{2, false, 99},
-                          Case{3, false, 99}, Case{4, false, 99}, Case{5, false, 99}}) {
+    using Case = std::tuple<unsigned int, bool, unsigned int>;
+    for (const auto& [key, found, expected] :
+         {Case{1, true, 500}, Case{4294967295U, true, 7}, Case{2, false, 99}, Case{3, false, 99},
+          Case{4, false, 99}, Case{5, false, 99}}) {
         const CapturedTrace trace;
         unsigned int number = 99;
-        EXPECT_EQ(messages.getCsvExMsgId(csv, c.key, number), c.found) << c.key;
-        EXPECT_EQ(number, c.number);
-        EXPECT_EQ(trace.has(0, MODULE, "MessageMgr::getCsvExMsgId() tmpId"), !c.found);
+        EXPECT_EQ(messages.getCsvExMsgId(csv, key, number), found) << key;
+        EXPECT_EQ(number, expected);
+        EXPECT_EQ(trace.has(0, MODULE, "MessageMgr::getCsvExMsgId() tmpId"), !found);
     }
     std::locale::global(before);
     const CapturedTrace trace;

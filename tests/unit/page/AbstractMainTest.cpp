@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <functional>
 #include <stdexcept>
+#include <tuple>
 
 #include "gui/FormInfo.h"
 #include "orv/PException.h"
@@ -104,23 +105,20 @@ TEST_F(Main, ReturnsWhatThePageReturns) {
 }
 
 TEST_F(Main, TurnsEveryExceptionIntoAnErrorPage) {
-    struct Case {
-        std::function<int(TestMain&)> work;
-        std::string page;
-        const char* trace;
-    };
-    for (const Case& c : {Case{[](TestMain&) -> int { throw exception(1792, 5); },
-                               errorPage(79, 0xd05), "level=0 1/2/99 main: ended by an exception"},
-                          Case{[](TestMain&) -> int { throw exception(1026, 5); },
-                               errorPage(13, 1026), "main: ended by an exception"},
-                          Case{[](TestMain&) -> int { throw std::runtime_error("why"); },
-                               errorPage(24, 1027), "level=0 1/2/99 Aborted:why\n"},
-                          Case{[](TestMain&) -> int { throw 5; }, errorPage(24, 1027),
-                               "level=0 1/2/99 Aborted: Unknown exception\n"}}) {
-        const ChildResult child = run(c.work);
+    using Case = std::tuple<std::function<int(TestMain&)>, std::string, const char*>;
+    for (const auto& [work, page, trace] :
+         {Case{[](TestMain&) -> int { throw exception(1792, 5); }, errorPage(79, 0xd05),
+               "level=0 1/2/99 main: ended by an exception"},
+          Case{[](TestMain&) -> int { throw exception(1026, 5); }, errorPage(13, 1026),
+               "main: ended by an exception"},
+          Case{[](TestMain&) -> int { throw std::runtime_error("why"); }, errorPage(24, 1027),
+               "level=0 1/2/99 Aborted:why\n"},
+          Case{[](TestMain&) -> int { throw 5; }, errorPage(24, 1027),
+               "level=0 1/2/99 Aborted: Unknown exception\n"}}) {
+        const ChildResult child = run(work);
         EXPECT_EQ(child.status, 255);
-        EXPECT_EQ(child.output, c.page);
-        EXPECT_TRUE(has(child.trace, c.trace)) << child.trace;
+        EXPECT_EQ(child.output, page);
+        EXPECT_TRUE(has(child.trace, trace)) << child.trace;
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "gui/CommonDefaultPage.h"
 #include "gui/FormInfo.h"
 #include "gui/TextString.h"
@@ -137,43 +139,35 @@ protected:
 };
 
 TEST_F(ConfigurationPage, CarriesItsNextState) {
-    struct Case {
-        int state;
-        bool redisplay;
-        int next;
-        const char* field;
-    };
+    using Case = std::tuple<int, bool, int, const char*>;
     constexpr char STATE_3[] = R"(<input type="hidden" name="page_state" value="3">)";
     constexpr char STATE_4[] = R"(<input type="hidden" name="page_state" value="4">)";
-    for (const Case& c :
+    for (const auto& [given, redisplay, next, field] :
          {Case{2, false, 3, STATE_3}, Case{2, true, 3, STATE_3}, Case{3, true, 3, STATE_3},
           Case{3, false, 4, STATE_4}, Case{0, true, 0, "none"}, Case{1, false, -1, "none"},
           Case{4, false, -1, "none"}, Case{-1, true, -1, "none"}}) {
         TestPage fresh(messages, &state);
-        EXPECT_EQ(fresh.getNextPageState(c.state, c.redisplay), c.next) << c.state;
-        fresh.addNextPageItem(&c.state, c.redisplay);
-        EXPECT_EQ(fresh.marker("page_state"), c.field) << c.state;
+        EXPECT_EQ(fresh.getNextPageState(given, redisplay), next) << given;
+        fresh.addNextPageItem(&given, redisplay);
+        EXPECT_EQ(fresh.marker("page_state"), field) << given;
     }
     page.addNextPageItem(nullptr, false);
     EXPECT_EQ(page.marker("page_state"), "none");
 }
 
 TEST_F(ConfigurationPage, IsConfiguredByAPostInState2Only) {
-    struct Case {
-        const char* method;
-        int state;
-        const char* made;
-    };
-    for (const Case& c : {Case{"POST", 2, "configured"}, Case{"GET", 2, "displayed"},
-                          Case{"", 2, "displayed"}, Case{"POST", 0, "displayed"},
-                          Case{"POST", 3, "displayed"}, Case{"POST", 4, "displayed"}}) {
+    using Case = std::tuple<const char*, int, const char*>;
+    for (const auto& [method, given, made] :
+         {Case{"POST", 2, "configured"}, Case{"GET", 2, "displayed"}, Case{"", 2, "displayed"},
+          Case{"POST", 0, "displayed"}, Case{"POST", 3, "displayed"},
+          Case{"POST", 4, "displayed"}}) {
         CgiRequest request;
-        setenv("REQUEST_METHOD", c.method, 1);
+        setenv("REQUEST_METHOD", method, 1);
         FormInfo form;
         FormInfo::myInstance = &form;
-        state = c.state;
+        state = given;
         page.makePage();
-        EXPECT_EQ(page.m_made, c.made) << c.method << c.state;
+        EXPECT_EQ(page.m_made, made) << method << given;
         FormInfo::myInstance = nullptr;
     }
     CgiRequest request;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "support/Files.h"
 
 using ORVLib::ORVUi::CsvInfoAccess;
@@ -16,18 +18,14 @@ CsvInfoAccess table(const std::string& text) {
 
 TEST(Csv, FindsTheFirstRecordOfAColumn) {
     const CsvInfoAccess csv = table("a,1,x\r\n\"q,\"\"uo\nted\",2\n\na,3\n,empty\nlast,\"4\"");
-    struct Case {
-        int column;
-        const char* key;
-        const char* record;
-    };
-    for (const Case& c :
+    using Case = std::tuple<int, const char*, const char*>;
+    for (const auto& [column, key, expected] :
          {Case{0, "a", "a,1,x"}, Case{0, "q,\"uo\nted", "q,\"uo\nted,2"}, Case{1, "3", "a,3"},
           Case{0, "last", "last,4"}, Case{1, "empty", ",empty"}, Case{2, "x", "a,1,x"},
           Case{3, "x", nullptr}, Case{-1, "a", nullptr}, Case{0, "1", nullptr}}) {
         std::string record = "untouched";
-        EXPECT_EQ(csv.searchRecord(c.column, c.key, record), c.record != nullptr) << c.key;
-        EXPECT_EQ(record, c.record != nullptr ? c.record : "untouched");
+        EXPECT_EQ(csv.searchRecord(column, key, record), expected != nullptr) << key;
+        EXPECT_EQ(record, expected != nullptr ? expected : "untouched");
     }
 }
 

@@ -4,6 +4,7 @@
 #include <climits>
 #include <memory>
 #include <string>
+#include <tuple>
 
 #include "orv/CommonUtil.h"
 #include "orv/GeneralPurposePacket.h"
@@ -33,21 +34,19 @@ bool take(SerializableObject& object, const std::string& bytes) {
 }
 
 TEST(LongWrapper, IsFourBigEndianBytes) {
-    struct Case {
-        long value;
-        std::string bytes;
-    };
-    for (const Case& c : {Case{0x12345678, "\x12\x34\x56\x78"s}, Case{-2, "\xff\xff\xff\xfe"s},
-                          Case{INT_MAX, "\x7f\xff\xff\xff"s}, Case{INT_MIN, "\x80\0\0\0"s}}) {
+    using Case = std::tuple<long, std::string>;
+    for (const auto& [value, sent] :
+         {Case{0x12345678, "\x12\x34\x56\x78"s}, Case{-2, "\xff\xff\xff\xfe"s},
+          Case{INT_MAX, "\x7f\xff\xff\xff"s}, Case{INT_MIN, "\x80\0\0\0"s}}) {
         EXPECT_EQ(Long().getSerializedSize(), 4U);
-        EXPECT_EQ(serialized(Long(c.value), 4), c.bytes);
-        EXPECT_EQ(serialized(Long(c.value), 3), "");
+        EXPECT_EQ(serialized(Long(value), 4), sent);
+        EXPECT_EQ(serialized(Long(value), 3), "");
         Long read(77);
-        EXPECT_TRUE(take(read, c.bytes));
+        EXPECT_TRUE(take(read, sent));
         for (const std::string& bytes : {""s, "\0\0\1"s, "\0\0\0\0\1"s}) {
             EXPECT_FALSE(take(read, bytes)) << bytes.size();
         }
-        EXPECT_EQ(read.getValue(), c.value);
+        EXPECT_EQ(read.getValue(), value);
     }
     if constexpr (sizeof(long) > sizeof(int)) {
         EXPECT_EQ(serialized(Long(INT_MAX + 1L), 4), "") << "four bytes do not hold it";

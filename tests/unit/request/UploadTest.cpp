@@ -7,6 +7,7 @@
 #include <csignal>
 #include <filesystem>
 #include <memory>
+#include <tuple>
 
 #include "gui/AbstractMain.h"
 #include "gui/FormInfo.h"
@@ -128,24 +129,20 @@ TEST(Upload, IsCutAtTheLargestSize) {
 }
 
 TEST(Upload, KeepsTheNameWithoutFoldersAndTheContentThatCameLast) {
-    struct Case {
-        const char* first;
-        const char* second;
-        const char* kept;
-    };
-    for (const Case& c :
+    using Case = std::tuple<const char*, const char*, const char*>;
+    for (const auto& [first, second, kept] :
          {Case{"one", "two", "one"}, Case{"one", "/d/two", "two"}, Case{"", "two", "two"},
           Case{"fw.bin", "", "fw.bin"}, Case{"C:\\dir\\fw.bin", "", "fw.bin"},
           Case{"/home/u/fw.bin", "", "fw.bin"}, Case{"a/b\\c", "", "c"}, Case{"dir/", "", ""},
           Case{"", "", ""}, Case{"\xa4\xa2.bin", "", "\xa4\xa2.bin"}}) {
         CgiRequest request;
-        request.postMultipart("B", filePart("B", c.first, "first content") +
-                                       filePart("B", c.second, "second") + closing("B"));
+        request.postMultipart("B", filePart("B", first, "first content") +
+                                       filePart("B", second, "second") + closing("B"));
         auto form = std::make_unique<FormInfo>();
         const std::string path = form->getTemporaryFilePath();
         EXPECT_EQ(readFile(path), "second");
         EXPECT_EQ(form->getWrittenSize(), 6U);
-        EXPECT_EQ(form->getUploadedFileName(), c.kept) << c.first;
+        EXPECT_EQ(form->getUploadedFileName(), kept) << first;
         form.reset();
         EXPECT_FALSE(std::filesystem::exists(path));
     }
