@@ -9,7 +9,8 @@ import re
 import sys
 
 PROJECT = pathlib.Path(__file__).resolve().parent.parent
-FOLDERS = (".", "include", "platform/include", "platform", "platform/host", "src", "board", "console")
+FOLDERS = (".", "include", "platform/include", "platform", "platform/host", "src", "board",
+           "console")
 INCLUDE = re.compile(r'^#include "([^"]+)"', re.MULTILINE)
 LIBRARY = tuple("src/" + name
                 for name in ("base", "message", "component", "backend", "request", "page"))
@@ -20,7 +21,8 @@ ALLOWED = {
     "platform/include": (), "platform/common": (), "platform/host": (), "protocol": (),
     **{layer: LIBRARY[:i] for i, layer in enumerate(LIBRARY)}, "src/navigation": LIBRARY,
     **{layer: BOARD[:i] + ("platform/host", "protocol") for i, layer in enumerate(BOARD)},
-    **{layer: FRAMEWORK[:i] + LIBRARY + ("src/navigation", "protocol") for i, layer in enumerate(FRAMEWORK)},
+    **{layer: FRAMEWORK[:i] + LIBRARY + ("src/navigation", "protocol")
+       for i, layer in enumerate(FRAMEWORK)},
     "console/pages": FRAMEWORK + LIBRARY + ("src/navigation", "protocol"),
 }
 FOR_ALL = ("platform/include", "platform/common", "include/gui")

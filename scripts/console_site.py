@@ -201,8 +201,8 @@ class ConsoleSite(contextlib.AbstractContextManager):
         text = (PROJECT / "console" / "lighttpd.conf.in").read_text(encoding="utf-8")
         environment = ", ".join(f'"{name}" => "{value}"'
                                 for name, value in self.environment.items())
-        values = {"PORT": self.port, "PROJECT": PROJECT, "SITE": self.build / "site", "RUN": self.run,
-                  "ENVIRONMENT": environment, "RUNNER": self.runner,
+        values = {"PORT": self.port, "PROJECT": PROJECT, "SITE": self.build / "site",
+                  "RUN": self.run, "ENVIRONMENT": environment, "RUNNER": self.runner,
                   "TLS": TLS % (self.tls_port, self.certificate) if self.tls_port else ""}
         for name, value in values.items():
             text = text.replace(f"@{name}@", str(value))

@@ -41,7 +41,7 @@ DOCUMENT = """\
   a session. On this machine the figure is the peak of its resident memory, including shared libraries. In
   the emulator it is the resident part of the page's own addresses after printing, without the emulator's
   memory. Code that the emulator has only read for translation counts there, too.
-"""
+"""  # noqa: E501
 
 
 def stripped_size(build):
@@ -119,11 +119,11 @@ def excesses(build, figures):
     if figures["size"] > LARGEST_LIBRARY:
         lines.append(f"{where}: the stripped library has {figures['size']} bytes, "
                      f"{figures['size'] - LARGEST_LIBRARY} more than it may")
-    lines += [f"{where}: the library needs {name}, which is neither the C++ runtime nor the platform"
+    lines += [f"{where}: the library needs {name}, neither the C++ runtime nor the platform"
               for name in figures["needed"] if not is_allowed(build, name)]
     if figures["resident"] > LARGEST_PAGE:
-        lines.append(f"{where}: the smallest page takes {figures['resident'] // KIB} KiB of memory, "
-                     f"{LARGEST_PAGE // KIB} are allowed")
+        lines.append(f"{where}: the smallest page takes {figures['resident'] // KIB} KiB of memory,"
+                     f" {LARGEST_PAGE // KIB} are allowed")
     return lines
 
 

@@ -8,10 +8,25 @@ sources() {
     find include src platform protocol board bench console tools scripts tests fuzz -name "$1" 2>/dev/null
 }
 
+# ruff as WebAssembly where npm can fetch it, otherwise pyflakes3.
+check_python() {
+    local node=$build/node settings files
+    mapfile -t files < <(find bench docs scripts tests -name "*.py" -o -name record_pages)
+    mkdir -p "$node" && cp scripts/package.json "$node"
+    if npm install --prefix "$node" --no-package-lock --no-audit --no-fund >"$node/log" 2>&1; then
+        settings=$(/usr/bin/python3 -c 'import json, tomllib
+print(json.dumps(tomllib.load(open("pyproject.toml", "rb"))["tool"]["ruff"]))')
+        node scripts/ruff.mjs "$settings" "$(realpath "$node")" "${files[@]}"
+    else
+        echo "npm cannot fetch ruff: checking with pyflakes3"
+        pyflakes3 "${files[@]}"
+    fi
+}
+
 status=0
 /usr/bin/python3 -B scripts/check_documents.py "$build" || status=1
 /usr/bin/python3 -B scripts/check_includes.py || status=1
-find bench docs scripts tests -name "*.py" -print0 | xargs -0 pyflakes3 || status=1
+check_python || status=1
 grep -lE '^#(!/usr/bin/env | shellcheck shell=)bash' run test .ci/run ./*/run scripts/* \
     2>/dev/null | xargs shellcheck -x || status=1
 sources '*.h' | cat - <(sources '*.cpp') | xargs clang-format --dry-run -Werror || status=1

@@ -3,7 +3,6 @@
 import itertools
 import pathlib
 import tempfile
-import unittest
 
 from selenium.common.exceptions import NoAlertPresentException
 from support import make_image

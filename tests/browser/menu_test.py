@@ -1,7 +1,6 @@
 """The frameset and its menu: what each user finds there."""
 
 import re
-import unittest
 
 from support.browser_case import BrowserCase
 from support.console_pages import FUNCTIONS

@@ -4,7 +4,6 @@ import contextlib
 import hashlib
 import shutil
 import sqlite3
-import unittest
 import urllib.parse
 
 from support import make_image

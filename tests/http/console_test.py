@@ -1,7 +1,6 @@
 """The console in special cases: cookies, failed log-ins, maintenance, a board that fails."""
 
 import time
-import unittest
 
 from support import make_image
 from support.console_client import LOGIN

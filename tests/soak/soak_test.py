@@ -12,7 +12,6 @@ import re
 import socket
 import sqlite3
 import time
-import unittest
 from pathlib import Path
 
 from support.board_client import USER_ADD, record

@@ -7,7 +7,6 @@ import signal
 import sqlite3
 import struct
 import time
-import unittest
 
 from support.board_case import BoardCase
 from support.board_client import (
@@ -351,8 +350,9 @@ class BoardTest(BoardCase):
             holder.execute("PRAGMA user_version = 1")
         holder.close()
         self.assertRefusesToStart("another program")
-        for self.state, text in ((self.folder / "missing" / "board.db", "cannot be opened"),
-                                 (self.folder, "cannot be opened for writing")):
+        for state, text in ((self.folder / "missing" / "board.db", "cannot be opened"),
+                            (self.folder, "cannot be opened for writing")):
+            self.state = state
             self.assertRefusesToStart(text)
 
     # The socket and the command line

@@ -3,7 +3,6 @@
 import os
 import pty
 import subprocess
-import unittest
 
 from support.board_case import EMULATOR, BoardCase
 

@@ -5,7 +5,6 @@ import re
 import signal
 import struct
 import time
-import unittest
 from pathlib import Path
 
 from support.board_case import BoardCase

@@ -6,7 +6,6 @@ import re
 import signal
 import struct
 import time
-import unittest
 
 from support.board_case import BoardCase
 from support.board_client import (
@@ -220,7 +219,8 @@ class ItemsTest(BoardCase):
                 (SOME_ITEM, b"x", "info settings 201 item 0x02010123"),
                 (POWER + 3, texts("on"), "info power 301 partition 3"), (POWER + 3, texts("on")),
                 (POWER + 2, texts("force-off"), "warning power 303 partition 2"),
-                (SYSTEM_POWER, texts("reset"), *(f"warning power 304 partition {n}" for n in "310")),
+                (SYSTEM_POWER, texts("reset"),
+                 *(f"warning power 304 partition {n}" for n in "310")),
                 (SYSTEM_POWER, texts("off"), *(f"info power 302 partition {n}" for n in "310")),
                 (MAINTENANCE_MODE, bytes(17) + b"\1\0\1" + bytes(13) + b"\1",
                  "info maintenance 601 system, partitions 0 2"),

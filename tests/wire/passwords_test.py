@@ -5,7 +5,6 @@ import signal
 import struct
 import threading
 import time
-import unittest
 
 from support.board_case import BoardCase
 from support.board_client import (
