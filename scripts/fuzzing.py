@@ -87,4 +87,5 @@ def main():
     return 0 if all(clean) else 1
 
 
-sys.exit(main())
+if __name__ == "__main__":
+    sys.exit(main())
