@@ -48,7 +48,8 @@ def words(text, sources):
     tests += [", ".join(name.split(".")) + ")"
               for name in re.findall(r"`([A-Z]\w+\.[A-Z]\w+)`", text)]
     options = re.findall(r"`(--[a-z-]+)", text)
-    options += [word for line in re.findall(OURS, text) for word in re.findall(r" (--[a-z-]+)", line)]
+    options += [word for line in re.findall(OURS, text)
+                for word in re.findall(r" (--[a-z-]+)", line)]
     variables = re.findall(r"\bORV(?:GUI)?_[A-Z_]+\b", text)
     return {word for word in (*tests, *options, *variables) if word not in sources}
 
@@ -64,15 +65,16 @@ def code(text):
 def run(script, build, **environment):
     folder = f"{build}/tools"
     done = subprocess.run(["bash", "-ec", script], capture_output=True, text=True, check=False,
-                          env={**os.environ, "PATH": f"{folder}:{os.environ['PATH']}", **environment})
+                          env={**os.environ, "PATH": f"{folder}:{os.environ['PATH']}",
+                               **environment})
     return [] if done.returncode == 0 else [f"{script} fails: {done.stderr}"]
 
 
 def commands(text, build, work):
     """Runs the lines for mkcatalogue, and those for boardctl as a user with a new board."""
     lines = re.findall(r"^ *(mkcatalogue --.*)", text, re.M)
-    session = re.findall(r"^ *\$ (?:build/host/tools/|SID=\$\(build/host/tools/)?(boardctl .*)", text,
-                         re.M)
+    session = re.findall(r"^ *\$ (?:build/host/tools/|SID=\$\(build/host/tools/)?(boardctl .*)",
+                         text, re.M)
     session = [re.sub(r"mI3x…", "$SID", line.rstrip(")")) for line in session]
     session = [f"SID=$({line} <<< admin-pass)" if "login" in line else line for line in session]
     yield from run("\n".join([f"cd {work}", *lines, *session]), build,
