@@ -14,8 +14,8 @@ function(orvgui_python_test label name seconds)
     endif()
     add_test(NAME ${label}_${name} COMMAND ${Python3_EXECUTABLE} -B ${test_UNPARSED_ARGUMENTS}
         WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
-    set(environment CONSOLE_BUILD=${PROJECT_BINARY_DIR} PYTHONPATH=${PROJECT_SOURCE_DIR}/tests
-        ${test_ENVIRONMENT})
+    set(environment CONSOLE_BUILD=${PROJECT_BINARY_DIR}
+        PYTHONPATH=${PROJECT_SOURCE_DIR}/tests:${PROJECT_SOURCE_DIR}/scripts ${test_ENVIRONMENT})
     set_tests_properties(${label}_${name} PROPERTIES LABELS ${label} TIMEOUT ${seconds}
         ENVIRONMENT "${environment}")
 endfunction()

@@ -14,7 +14,7 @@ import unittest
 from pathlib import Path
 from urllib.parse import urlencode
 
-from support.console_client import BOUNDARY, multipart
+from console_client import BOUNDARY, multipart
 from support.machines import Board, Host
 
 LOGIN, FRAME, MENU = "/common/login.cgi", "/common/frame.cgi", "/common/menu.cgi"

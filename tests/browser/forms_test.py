@@ -5,9 +5,9 @@ import pathlib
 import tempfile
 
 from selenium.common.exceptions import NoAlertPresentException
-from support import make_image
+from console_pages import PAGES
+from make_firmware import make_image
 from support.browser_case import BrowserCase
-from support.console_pages import PAGES
 
 FIRMWARE, IMAGE_SIZE = "/maintenance/orv_firmup.cgi", 90 << 20
 # Cut to what a field takes. None holds a blank, which address fields show as another one.

@@ -2,8 +2,8 @@
 
 import re
 
+from console_pages import FUNCTIONS
 from support.browser_case import BrowserCase
-from support.console_pages import FUNCTIONS
 
 TOP_MENUS = ["System", "Partition", "Switch", "User Administration", "Network Configuration",
              "Maintenance"]

@@ -16,11 +16,11 @@ import time
 import unittest
 from pathlib import Path
 
-from support import ConsoleSite
+from console_site import ConsoleSite
 from support.board_client import (
     BOARD_FAILURE, CHECK_SESSION, LOGIN, LOGOUT, NO_SESSION, PRODUCT, SOME_ITEM, STAGE,
     SYSTEM_NAMES, WRITE, BoardError, message, number, telegram)
-from support.console_client import BOUNDARY, multipart
+from console_client import BOUNDARY, multipart
 from support.fault_case import (
     BUILD, ERROR_STATUS, NOT_LOADED, SANITIZED, FaultCase, take_small_disk, uploads)
 from support.site_case import running_pages

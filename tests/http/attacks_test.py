@@ -8,7 +8,7 @@ import time
 import unittest
 import unittest.mock
 
-from support.console_client import LOGIN
+from console_client import LOGIN
 from support.site_case import SiteCase, running_pages
 
 STATUS, INSPECTOR = "/system/sys_status.cgi", "/common/request.cgi"

@@ -2,8 +2,8 @@
 
 import time
 
-from support import make_image
-from support.console_client import LOGIN
+from console_client import LOGIN
+from make_firmware import make_image
 from support.site_case import SiteCase
 
 REFRESH, MAINTENANCE = "/network/orv_refresh_set.cgi", "/maintenance/maintenance_mode.cgi"

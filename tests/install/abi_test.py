@@ -18,7 +18,9 @@ import tempfile
 import unittest
 import xml.etree.ElementTree
 
-from support import PROJECT, BuildFolder
+from build_folder import BuildFolder
+from console_site import PROJECT
+
 
 LISTS = pathlib.Path(__file__).resolve().parent
 BUILD = BuildFolder(os.environ["CONSOLE_BUILD"])

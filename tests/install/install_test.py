@@ -10,7 +10,8 @@ import subprocess
 import tempfile
 import unittest
 
-from support import BuildFolder
+from build_folder import BuildFolder
+
 
 TREE = pathlib.Path(__file__).resolve().parent.parent.parent
 BUILD = BuildFolder(os.environ["CONSOLE_BUILD"])

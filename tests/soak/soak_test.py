@@ -14,8 +14,8 @@ import sqlite3
 import time
 from pathlib import Path
 
+from console_client import ConsoleClient
 from support.board_client import USER_ADD, record
-from support.console_client import ConsoleClient
 from support.fault_case import SANITIZED, take_small_disk, uploads
 from support.site_case import SiteCase
 

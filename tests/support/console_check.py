@@ -4,9 +4,10 @@ import hashlib
 import random
 import re
 
-from support import ConsoleSite, SiteError, make_image
-from support.console_client import LOGOUT, ConsoleClient
-from support.console_pages import (
+from console_client import LOGOUT, ConsoleClient
+from console_site import ConsoleSite, SiteError
+from make_firmware import make_image
+from console_pages import (
     ASKED, DONE, FLOWS, FUNCTIONS, PAGES, PASSWORDS, WRONG)
 
 INSPECTOR, REFRESH = "/common/request.cgi", "/network/orv_refresh_set.cgi"

@@ -12,9 +12,9 @@ import time
 import urllib.parse
 from pathlib import Path
 
+from console_client import BOUNDARY, Answer, multipart
 from support.board_case import BoardCase
 from support.board_client import LIMIT
-from support.console_client import BOUNDARY, Answer, multipart
 from support.site_case import SANITIZER_REPORTS
 
 BUILD = Path(os.environ["CONSOLE_BUILD"])

@@ -7,8 +7,8 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from support import ConsoleSite
-from support.console_client import ConsoleClient
+from console_client import ConsoleClient
+from console_site import ConsoleSite
 
 BUILD = Path(os.environ["CONSOLE_BUILD"])
 SANITIZER_REPORTS = ("AddressSanitizer", "LeakSanitizer", "runtime error:")

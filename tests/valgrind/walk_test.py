@@ -10,7 +10,7 @@ import re
 import tempfile
 import unittest
 
-from support import ConsoleSite
+from console_site import ConsoleSite
 from support.console_check import ALONE, INDEPENDENT
 
 VALGRIND = "/usr/bin/valgrind"
