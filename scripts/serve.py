@@ -48,7 +48,7 @@ def serve(site):
 
 def check(build, port, faults):
     """A check starts from a new board; what somebody set in the console stays."""
-    from support.console_check import run_checks  # serving needs no package of the tests
+    from console_check import run_checks  # needs python3-requests, which serving does not
 
     environment = {"ORV_IPC_TIMEOUT_MS": CHECK_TIME_LIMIT_MS}
     run = tempfile.mkdtemp(prefix="check-", dir=build)

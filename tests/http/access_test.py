@@ -6,10 +6,10 @@ import shutil
 import sqlite3
 import urllib.parse
 
+from console_check import sent
 from console_client import LOGIN, LOGOUT, ConsoleClient
 from console_pages import FUNCTIONS, PAGES, SettingsPage, boxes
 from make_firmware import make_image
-from support.console_check import sent
 from support.site_case import SiteCase
 
 USERS, ACCESS_LIST = "/user/list.cgi", "/network/orv_acl_set.cgi"

@@ -10,8 +10,8 @@ import re
 import tempfile
 import unittest
 
+from console_check import ALONE, INDEPENDENT
 from console_site import ConsoleSite
-from support.console_check import ALONE, INDEPENDENT
 
 VALGRIND = "/usr/bin/valgrind"
 OPTIONS = ("--leak-check=full", "--show-leak-kinds=definite,indirect,possible", "--vgdb=no",

@@ -5,10 +5,9 @@ import random
 import re
 
 from console_client import LOGOUT, ConsoleClient
+from console_pages import ASKED, DONE, FLOWS, FUNCTIONS, PAGES, PASSWORDS, WRONG
 from console_site import ConsoleSite, SiteError
 from make_firmware import make_image
-from console_pages import (
-    ASKED, DONE, FLOWS, FUNCTIONS, PAGES, PASSWORDS, WRONG)
 
 INSPECTOR, REFRESH = "/common/request.cgi", "/network/orv_refresh_set.cgi"
 FIRMWARE, BACKUP = "/maintenance/orv_firmup.cgi", "/maintenance/orv_backup_restore.cgi"
