@@ -2,7 +2,8 @@
 
 #include <cstdint>
 
-#include "orv/PException.h"
+#include "common/LogText.h"
+#include "common/MakeException.h"
 #include "protocol/Errors.h"
 #include "protocol/Items.h"
 #include "protocol/Layouts.h"
@@ -20,8 +21,8 @@ constexpr std::uint32_t PARTITION_COUNT = 4;
 /// The exception of an error response: its text, and the number that is wrong.
 inline PException boardError(ErrorDetail detail, const char* what, std::uint32_t number = 0,
                              ErrorAction actionCode = ACTION_NONE) {
-    const auto argument = static_cast<int>(number);
-    return {2, 1, 1, actionCode, static_cast<int>(detail), 20034, what, argument, 0, 0, 0, 0, 0, 0};
+    return makeException({2, 1, 1, actionCode}, static_cast<int>(detail), LogText::BAD_NUMBER, what,
+                         static_cast<int>(number));
 }
 
 }  // namespace ORVLib::Board

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "common/MakeException.h"
 #include "framework/backend/Digits.h"
-#include "orv/PException.h"
 #include "protocol/Numbers.h"
 #include "protocol/Payload.h"
 
@@ -35,9 +35,8 @@ Record recordOf(const Payload& payload) {
 }  // namespace
 
 void throwRequesterError(const CGIRequester& requester) {
-    throw ORVLib::PException(1, 2, 0, requester.getActionCode(),
-                             static_cast<int>(requester.getErrorDetail()), 0, 0, 0, 0, 0, 0, 0, 0,
-                             0);
+    throw ORVLib::makeException({1, 2, 0, requester.getActionCode()},
+                                static_cast<int>(requester.getErrorDetail()), 0);
 }
 
 std::uint32_t readNumber(CGIRequester& requester, unsigned int item) {

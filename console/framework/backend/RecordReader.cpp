@@ -1,12 +1,12 @@
 #include "framework/backend/RecordReader.h"
 
-#include "orv/PException.h"
+#include "common/ErrorCode.h"
+#include "common/MakeException.h"
 
 namespace Console {
 
 void failDamaged() {
-    constexpr int ERROR_DAMAGED_ANSWER = 1026;
-    throw ORVLib::PException(1, 2, 0, 0, ERROR_DAMAGED_ANSWER, 0, 0, 0, 0, 0, 0, 0, 0, 0);
+    throw ORVLib::makeException({1, 2, 0, 0}, ORVLib::ErrorCode::OUT_OF_PROTOCOL, 0);
 }
 
 const std::string& RecordReader::next() {
