@@ -25,7 +25,7 @@ std::string inQuotes(std::string text) {
 }
 
 /// Checks what holds for every text field. True when its text was accepted.
-bool isFit(const TextField& field, bool allowEmpty) {
+bool isValid(const TextField& field, bool allowEmpty) {
     const auto size = static_cast<long>(field.getValue().size());
     require(field.isError() || (size == 0 ? allowEmpty : size <= field.getMaxLength()));
     require(printed(field).find(inQuotes(field.getValue())) != std::string::npos);
@@ -55,11 +55,11 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string more = input.text();
     const std::string rest = input.text();
 
-    isFit(TextField("t", text, "", 1, number, mode, false, b, a, c), a);
-    isFit(InetAddressField("a", text, "", 1, number, mode, a), a);
-    const bool isMail = isFit(EmailAddressField("m", text, "", 1, number, mode, a), a);
+    isValid(TextField("t", text, "", 1, number, mode, false, b, a, c), a);
+    isValid(InetAddressField("a", text, "", 1, number, mode, a), a);
+    const bool isMail = isValid(EmailAddressField("m", text, "", 1, number, mode, a), a);
     require(!isMail || text.find('@') != std::string::npos);
-    const bool isPort = isFit(PortNumberField("p", text, "", 1, number, mode, b, a, other), a);
+    const bool isPort = isValid(PortNumberField("p", text, "", 1, number, mode, b, a, other), a);
     require(!isPort || isNumber(text, b ? 1 : 1024, other));
     require(printed(HiddenField("h", text)).find(inQuotes(text)) != std::string::npos);
 

@@ -89,7 +89,7 @@ inline void setOpenFile(const std::string& content) {
                                            static_cast<ssize_t>(content.size()));
 }
 
-/// The trace log is written, and goes nowhere.
+/// Trace log entries are made and discarded.
 inline const auto traceBefore = ORVLib::trace::setTraceSink([](const auto&) {});
 
 }  // namespace Fuzz

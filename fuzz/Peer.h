@@ -10,8 +10,8 @@
 #include "Input.h"
 #include "common/FileDescriptor.h"
 
-// A daemon in the harness's own process: what the library connects is one end of a socket pair, in
-// which the whole response lies already. REQUIRES: the link option --wrap=connect.
+// A daemon in the harness's own process: the library connects to one end of a socket pair that
+// holds the whole response already. REQUIRES: the link option --wrap=connect.
 
 namespace Fuzz {
 

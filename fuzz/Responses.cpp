@@ -34,7 +34,7 @@ long judge(Client& client, Input& input) {
 /// An operation, not 0 when it was done, and the type its answer must have.
 struct Operation {
     unsigned int type;
-    long (*carryOut)(Client& client, Input& input);
+    long (*execute)(Client& client, Input& input);
 };
 
 // clang-format off
@@ -79,7 +79,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Client client(input.text().c_str());
     const std::string first = answers(input, operation.type);
     Fuzz::responses = {first, answers(input, ITEM_MAINTENANCE_POWER)};
-    const bool isDone = operation.carryOut(client, input) != 0;
+    const bool isDone = operation.execute(client, input) != 0;
     // Nothing counts as done that was not answered with a telegram of the right type.
     Fuzz::require(!isDone || (first.size() >= 56 &&
                               frame(operation.type, "").compare(0, 4, first, 0, 4) == 0));

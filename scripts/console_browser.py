@@ -55,7 +55,7 @@ class ConsoleBrowser(contextlib.AbstractContextManager):
         self.wait(lambda _: "/common/frame.cgi" in self.driver.current_url)
 
     def show(self, function):
-        """Opens a function inside the frameset, and goes into its frame."""
+        """Opens a function inside the frameset, and switches to its frame."""
         self.open(f"/common/frame.cgi?fid={function}")
         self.enter("CONT_FRAME")
 

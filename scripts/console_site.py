@@ -176,7 +176,7 @@ class ConsoleSite(contextlib.AbstractContextManager):
                               capture_output=True, text=True, check=True).stdout.strip()
 
     def _start(self, *command, **options):
-        # A server goes with whoever started it, even when that one is killed.
+        # A server ends with the process that started it, even if that one is killed.
         process = subprocess.Popen(["setpriv", "--pdeathsig", "TERM", *command],
                                    stdin=subprocess.DEVNULL, umask=PRIVATE, **options)
         self._processes.append(process)

@@ -1,4 +1,4 @@
-"""What lacks, goes, hangs or is damaged: each leaves the right page or the right error."""
+"""Missing, ended, hanging and damaged parts: each leads to the right page or the right error."""
 
 import contextlib
 import errno

@@ -62,7 +62,7 @@ int hexValue(char digit) {
     return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
-// Takes the escape that `text` begins with and returns its byte; a problem goes to `fault`.
+// Takes the escape that `text` begins with and returns its byte; a problem is put into `fault`.
 char takeEscape(std::string_view& text, std::string& fault) {
     const char kind = text.size() > 1 ? text[1] : '\0';
     const bool hex =
