@@ -16,7 +16,7 @@ class BenchError(Exception):
 
 @dataclasses.dataclass
 class Program:
-    """One contender: its words, what is added to the empty environment, its standard input."""
+    """One contender: its command line, its environment, its standard input."""
 
     words: list
     environment: dict = dataclasses.field(default_factory=dict)

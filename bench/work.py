@@ -84,7 +84,7 @@ class Work:
 
 
 def contents(size):
-    """What is uploaded, by name: bytes that repeat on every run."""
+    """The uploads, by name: the same bytes in every run."""
     near = b"\r\n--" + BOUNDARY[:-1].encode()
     return {"random": random.Random(1).randbytes(size), "CR LF": b"\r\n" * (size // 2),
             "near-markers": (near * (size // len(near) + 1))[:size]}

@@ -15,7 +15,7 @@
 
 namespace Fuzz {
 
-/// What is answered on one connection after the other; there are none behind the last.
+/// The answers on one connection after the other; after the last one no connection succeeds.
 inline std::deque<std::string> responses;
 
 /// The other end of the last connection.

@@ -1,4 +1,4 @@
-// Serialised objects and framed messages from anywhere: what is taken is what was sent.
+// Hostile serialised objects and framed messages: an accepted one has the bytes that were sent.
 #include <algorithm>
 #include <memory>
 #include <vector>
@@ -32,7 +32,7 @@ void checkObject(const std::string& bytes) {
     }
 }
 
-/// The messages of a stream, up to what is none.
+/// The messages of a stream, up to the first bytes that are none.
 void checkStream(const std::string& bytes) {
     constexpr int LONGEST = 40000;
     ORVIpc::MessageStream stream(Fuzz::connected(bytes), LONGEST);

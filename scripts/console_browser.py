@@ -64,7 +64,7 @@ class ConsoleBrowser(contextlib.AbstractContextManager):
         self.wait(expected_conditions.frame_to_be_available_and_switch_to_it((By.NAME, frame)))
 
     def wait(self, condition):
-        # A page that reloads itself may take what was found away.
+        # A page that reloads itself may remove the element that was found.
         return WebDriverWait(self.driver, WAIT_SECONDS, ignored_exceptions=(
             StaleElementReferenceException,)).until(condition)
 

@@ -23,7 +23,7 @@ FAULTS = {"error": "(00:0700)", "wrong-type": "(00:0402)", "short-header": "(00:
 
 
 class CheckFailed(Exception):
-    """What was not as it should be."""
+    """A page is not as it should be."""
 
 
 def expect(condition, what):
@@ -117,7 +117,7 @@ def check_menu(site, user):
 
 
 def check_settings(site, page):
-    """A page of settings: what is wrong is refused, what is right is confirmed, set and kept."""
+    """A settings page refuses invalid values; valid ones are confirmed, set and kept."""
     def values(answer):
         fields = answer.form().fields
         return sent({name: fields[name] for name in page.kept if name in fields})

@@ -40,7 +40,7 @@ class Answer:
 
 
 class Form(html.parser.HTMLParser):
-    """`path` is where the page's form goes to, `fields` what is in it."""
+    """`path` is the action of the page's form, `fields` its values."""
 
     def __init__(self, page):
         super().__init__()

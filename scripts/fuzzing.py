@@ -1,4 +1,4 @@
-"""Feeds each harness hostile input for a while: its kept corpus, what was found before, and on."""
+"""Feeds each harness hostile input for some seconds, from its kept corpus on."""
 
 import argparse
 import concurrent.futures

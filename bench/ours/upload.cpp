@@ -1,4 +1,4 @@
-// Takes one uploaded file, as a page that installs an image does, and says what came.
+// Takes one uploaded file, as a page that installs an image does, and reports its size.
 
 #include <cstdio>
 #include <cstdlib>

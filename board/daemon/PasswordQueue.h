@@ -74,7 +74,7 @@ private:
     };
     using Attempts = std::vector<Waiting>;
 
-    /// What is kept of a name that strangers try. A few names share a place.
+    /// The state of a name that strangers try. A few names share one.
     struct Name {
         PasswordBudget budget;
         RecentAttempts sources;

@@ -30,7 +30,7 @@ def form(**fields):
     return FORM, urlencode(fields).encode()
 
 
-# What is asked, with which body, and what the answer has to hold.
+# Requests, their bodies, and a text that the answer must contain.
 REQUESTS = (
     ("log-in page", LOGIN, None, b'name="password"'),
     ("wrong password", LOGIN, form(user="admin", password="wrong"), b"password is wrong"),

@@ -35,7 +35,7 @@ COMPONENTS = {
 if not BUILD.settings["emulator"]:
     COMPONENTS["Development"].append(f"{PREFIX}/bin/mkcatalogue")
 
-# What is seen of a hardened file, what readelf then says or does not say, and of which files.
+# A property of hardened files, readelf's words for it or for its lack, and the files.
 HARDENED = (
     ("its tables are read-only once relocated", r"GNU_RELRO", True, "all"),
     ("no stack that can be run", r"GNU_STACK .* RW +0x", True, "all"),

@@ -9,7 +9,7 @@
 #include "TraceSink.h"
 #include "gui/HTMLComponent.h"
 
-/// What is printed to std::cout while the object lives.
+/// Captures the output of std::cout while the object exists.
 class CapturedOutput {
 public:
     CapturedOutput() : m_before(std::cout.rdbuf(m_text.rdbuf())) {}

@@ -13,7 +13,7 @@ inline std::string readFile(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-/// A text and what comes of it.
+/// A text and the expected result.
 struct TextCase {
     std::string text;
     std::string expected;

@@ -81,7 +81,7 @@ public:
     enum Then { KEEP_OPEN, HANG_UP };
 
     /// Runs `operation` while one connection after the other is answered with the next of
-    /// `responses`. Returns what came over each until the library closed it.
+    /// `responses`. Returns the bytes of each until the library closed it.
     template <typename Operation>
     std::vector<std::string> serve(const std::vector<std::string>& responses, Operation operation,
                                    Then then = KEEP_OPEN) {

@@ -64,7 +64,7 @@ class Host(Machine):
 
 
 class Board(Machine):
-    """What is installed from a build for the board. The emulator looks for files in the staged root
+    """The installed build for the board. The emulator looks for files in the staged root
     first, so that programs use the fixed paths."""
 
     def __init__(self, build, root, emulator, cmake):

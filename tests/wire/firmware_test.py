@@ -40,7 +40,7 @@ class FirmwareTest(BoardCase):
         self.assertEqual((file.read_bytes(), file.stat().st_mode & 0o777), (content, 0o600))
         self.assertEqual(self.rows(STAGED, admin, 3), [(str(len(content)), digest, "2.0.0")])
         self.assertEqual(self.events(admin, 1), [("info", "firmware", "501", "admin", "2.0.0")])
-        # A piece that is not the next one, too long or nothing at all leaves what is there.
+        # A piece that is not the next one, too long or empty changes nothing.
         for offset, piece in ((len(content) - 1, b"x"), (len(content) + 1, b"x"), (-1, b"x"),
                               (len(content), b""), (len(content), bytes(65001))):
             self.assertRefused(BAD_REQUEST, self.put, STAGE, admin, number(offset % 2**32) + piece)
