@@ -119,6 +119,8 @@ constexpr Item ITEMS[] = {
 
 constexpr Item OTHER = {0, BOARD, CONTENT, USERS, A, isAnything, Stored::readOther, Stored::write};
 
+// Under its sanitizers GCC compares no address of a function when it compiles.
+#ifndef __SANITIZE_ADDRESS__
 constexpr bool isComplete(const Item& item) {
     return (item.readers == NOBODY || item.read != nullptr) &&
            (item.writers == NOBODY || item.write != nullptr) &&
@@ -137,6 +139,7 @@ constexpr bool isSound() {
 }
 
 static_assert(isSound(), "an item is listed twice or out of order, or lacks a function");
+#endif
 
 }  // namespace
 
