@@ -70,7 +70,7 @@ public:
     /// Adds the session's device to its user's. The one unused for longest may be removed for it.
     void addDevice(const std::string& digest, const std::string& user, const std::string& session);
 
-    /// Also removes the sessions in `ended`, which make room for `session`.
+    /// Also removes the sessions in `ended`, so that the limit allows `session`.
     void addSession(const StoredSession& session, const std::vector<std::string>& ended,
                     const Event& event);
     void removeSession(const std::string& id, const Event& event);

@@ -63,7 +63,7 @@ public:
 
     std::string explain(const Event& event) {
         const std::string message = messageFor(event);
-        // A message without room for the whole detail gets it appended.
+        // The detail is appended to a message that does not contain all of it.
         return message.find(event.detail) != std::string::npos
                    ? message
                    : message + " (" + event.detail + ')';
