@@ -25,7 +25,8 @@ endif()
 function(orvgui_install_library target)
     add_library(orvgui::${target} ALIAS ${target})
     install(TARGETS ${target} EXPORT orvgui
-        LIBRARY COMPONENT Runtime NAMELINK_COMPONENT Development)
+        LIBRARY COMPONENT Runtime NAMELINK_COMPONENT Development
+        ARCHIVE COMPONENT Development)
 endfunction()
 
 # The platform's part of a page's link line: the host's library, or the libraries that a board build
@@ -48,5 +49,7 @@ install(FILES ${PROJECT_BINARY_DIR}/orvgui.pc DESTINATION ${CMAKE_INSTALL_LIBDIR
         COMPONENT Development)
 install(FILES ${PROJECT_BINARY_DIR}/orvguiConfigVersion.cmake DESTINATION ${package_folder}
         COMPONENT Development)
-install(EXPORT orvgui FILE orvguiConfig.cmake NAMESPACE orvgui:: DESTINATION ${package_folder}
+install(FILES cmake/orvguiConfig.cmake cmake/Console.cmake cmake/page.ld
+        DESTINATION ${package_folder} COMPONENT Development)
+install(EXPORT orvgui FILE orvguiTargets.cmake NAMESPACE orvgui:: DESTINATION ${package_folder}
         COMPONENT Development)

@@ -45,7 +45,7 @@ function(orvgui_require_options folder)
         get_target_property(type ${target} TYPE)
         get_target_property(libraries ${target} LINK_LIBRARIES)
         if(type MATCHES "EXECUTABLE|LIBRARY" AND NOT type STREQUAL "INTERFACE_LIBRARY"
-                AND NOT "orvgui_options" IN_LIST libraries)
+                AND NOT libraries MATCHES "orvgui_options")
             message(SEND_ERROR "Let ${target} link orvgui_options PRIVATE, like every target here")
         endif()
     endforeach()

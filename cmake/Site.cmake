@@ -6,7 +6,7 @@ set(ORVGUI_STAGE_PAGES ${ORVGUI_STAGE}/usr/local/www/htdocs)
 set(ORVGUI_STAGE_CATALOGUES ${ORVGUI_STAGE}/etc/orv/trace)
 
 # It is installed where the library looks for it, whatever the prefix is.
-set(ORVGUI_PAGES ${ORVGUI_SITE_ROOT}/usr/local/www/htdocs)
+set(ORVGUI_PAGES_FOLDER ${ORVGUI_SITE_ROOT}/usr/local/www/htdocs)
 set(ORVGUI_CATALOGUES ${ORVGUI_SITE_ROOT}/etc/orv/trace)
 
 # The folder of the back-end daemon's socket.

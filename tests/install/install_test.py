@@ -24,10 +24,11 @@ COMPONENTS = {
     "Runtime": [f"{LIBDIR}/liborvgui.so.1", f"{LIBDIR}/liborvplatform.so.1"],
     "Development": [f"{PREFIX}/include/gui/AbstractMain.h", f"{PREFIX}/include/orv/PException.h",
                     f"{LIBDIR}/liborvgui.so", f"{LIBDIR}/liborvplatform.so",
+                    f"{LIBDIR}/liborvgui.a", f"{LIBDIR}/liborvplatform.a",
                     f"{LIBDIR}/pkgconfig/orvgui.pc", f"{LIBDIR}/cmake/orvgui/orvguiConfig.cmake"],
     "Console": [f"{SITE}/etc/orv/trace/cgistr.out", f"{SITE}/etc/orv/trace/cgistrj.out",
                 f"{SITE}/usr/local/www/skel/skeleton_top.txt",
-                f"{SITE}/usr/local/www/htdocs/common/login.cgi",
+                f"{SITE}/usr/local/www/htdocs/common/login.cgi", f"{SITE}/usr/local/www/orvguid",
                 f"{SITE}/usr/local/www/htdocs/images/fan_64x64.gif",
                 f"{SITE}/usr/local/www/htdocs/default.css"],
     "Board": [f"{PREFIX}/bin/orvboardd", f"{PREFIX}/bin/boardctl"],
@@ -48,6 +49,9 @@ HARDENED = (
     ("the C++ library's assertions", r"__glibcxx_assert_fail", True, "library"),
 )
 
+# Functions for which a static C library loads shared ones.
+LOADING = r"(dlopen|dlsym|iconv_open|get(addr|name)info|get(host|serv|net|proto|pw|gr|sp)\w+|initgroups)"
+
 # A project with a target of its own whose name is also one here.
 CMAKE_PROJECT = """\
 cmake_minimum_required(VERSION 3.22)
@@ -57,7 +61,29 @@ add_custom_target(docs)
 add_executable(page page.cpp)
 target_link_libraries(page PRIVATE orvgui::orvgui)
 install(TARGETS page)
+if(COMMAND orvgui_add_console)
+    foreach(name IN ITEMS one two)
+        orvgui_add_page(twins ${{name}}/twin.cgi ${{name}}.cpp LIBRARIES orvgui::page)
+    endforeach()
+    orvgui_add_console(twins FOLDER ${{CMAKE_CURRENT_BINARY_DIR}}/www/pages INSTALL www/pages)
+endif()
 """
+
+# A page with the names of another one, which must not run a line of it.
+TWIN = """\
+#include <cstdio>
+#include <stdexcept>
+#include "gui/FormInfo.h"
+struct Main { virtual ~Main() = default; virtual void run(); };
+inline void Main::run() { throw std::runtime_error("NAME runs"); }
+inline struct Global { Global() { puts("NAME begins"); } ~Global() { puts("NAME ends"); } } global;
+__attribute__((destructor)) void last() { puts("NAME is over"); }
+int main() {
+    ORVLib::Gui::FormInfo form;
+    try { Main().run(); } catch (const std::exception& e) { puts(e.what()); }
+}
+"""
+TWIN_OUTPUT = "NAME begins\nNAME runs\nNAME ends\nNAME is over\n"
 
 SKELETON = b"Content-Type: text/html; charset=$destination$\r\n\r\n<p>Hello, $body$!</p>\n$none$"
 PAGE = (b"Content-Type: text/html; charset=iso-8859-1\r\n\r\n"
@@ -94,6 +120,8 @@ class Install(unittest.TestCase):
         cls.outside.mkdir()
         (cls.outside / "page.cpp").write_bytes((TREE / "scripts/smallest_page.cpp").read_bytes())
         (cls.outside / "skeleton.txt").write_bytes(SKELETON)
+        for name in ("one", "two"):
+            (cls.outside / (name + ".cpp")).write_text(TWIN.replace("NAME", name))
 
     def test_components_share_everything_out(self):
         together = []
@@ -106,15 +134,29 @@ class Install(unittest.TestCase):
 
     def test_everything_that_runs_is_hardened(self):
         files = [pathlib.Path(f"{self.stage}{name}") for name in self.installed]
-        files = [file for file in files if file.read_bytes().startswith(b"\x7fELF")]
-        self.assertGreater(len(files), 30)
+        files = {file.stat().st_ino: file for file in files
+                 if file.read_bytes().startswith(b"\x7fELF")}.values()
+        self.assertGreaterEqual(len(files), 5)
         for file in files:
             kinds = ("all", "library" if ".so" in file.name else "program")
-            said = BUILD.tool("readelf", "-lW", "-dW", "--dyn-syms", file)
+            said = BUILD.tool("readelf", "-ldsW", file)
             for what, pattern, expected, kind in HARDENED:
                 if kind in kinds:
                     with self.subTest(what, file=file.name):
                         self.assertEqual(bool(re.search(pattern, said)), expected)
+
+    def test_a_static_program_calls_nothing_that_loads_shared_libraries(self):
+        program = pathlib.Path(f"{self.stage}{SITE}/usr/local/www/orvguid")
+        if "INTERP" in BUILD.tool("readelf", "-lW", program):
+            self.skipTest("the console is linked dynamically")
+        self.assertIn("(RELR)", BUILD.tool("readelf", "-dW", program))
+        text = (BUILD.folder / "console/console.map").read_text()
+        table = text[text.index("\nCross Reference Table"):]
+        uses = re.findall(r"^(\S+) +(\S+)\n((?: +\S+\n)*)", table, re.MULTILINE)
+        self.assertGreater(len(uses), 1000)
+        users = [(name, file) for name, _, files in uses if re.fullmatch(LOADING, name)
+                 for file in files.split() if not re.search(r"lib(c|stdc\+\+)\.a\(", file)]
+        self.assertEqual(users, [])
 
     def test_every_header_is_usable(self):
         include = pathlib.Path(f"{self.stage}{PREFIX}/include")
@@ -152,6 +194,7 @@ class Install(unittest.TestCase):
                 self.assertNotIn("BUILD_TESTING", (built / "CMakeCache.txt").read_text())
                 run("cmake", "--install", built)
                 self.ask(root / "bin/page", libraries)
+                self.ask_twins(root / "www", libraries)
 
     def test_library_is_built_on_a_platform_that_is_given(self):
         product = self.work / "product"
@@ -167,6 +210,16 @@ class Install(unittest.TestCase):
         answer = self.start(libraries, page, self.outside / "skeleton.txt")
         self.assertEqual(answer.stdout, PAGE)
         self.assertIn(b"printed", answer.stderr)
+
+    def ask_twins(self, folder, libraries):
+        for name in ("one", "two"):
+            shown = self.start(libraries, folder / f"pages/{name}/twin.cgi").stdout.decode()
+            self.assertEqual(shown, TWIN_OUTPUT.replace("NAME", name))
+        elsewhere = folder / "pages/one/other.cgi"
+        elsewhere.unlink(missing_ok=True)
+        elsewhere.hardlink_to(folder / "orvguid")
+        with self.assertRaisesRegex(AssertionError, "no page of this console is at .*other.cgi"):
+            self.start(libraries, elsewhere)
 
     @staticmethod
     def start(libraries, *page):
