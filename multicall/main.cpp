@@ -1,4 +1,4 @@
-// The main() of a console's program: runs the page that it is started as.
+// The main() of a console's program: runs the page that it is started as, or the page server.
 
 #include <sys/auxv.h>
 #include <unistd.h>
@@ -7,6 +7,7 @@
 #include <string>
 
 #include "common/FileIo.h"
+#include "multicall/PageServer.h"
 #include "multicall/Pages.h"
 
 using namespace ORVLib::MultiCall;
@@ -14,6 +15,7 @@ using namespace ORVLib::MultiCall;
 namespace {
 
 constexpr int USAGE_STATUS = 2;
+constexpr std::string_view SERVER_NAME = "orvguid";
 
 /// The path that the kernel was given. Unlike argv[0], every web server passes it in full.
 std::string_view startedPath(char** argv) {
@@ -42,6 +44,9 @@ int refuse(std::string_view path) {
 
 int main(int argc, char** argv) {
     const std::string_view path = startedPath(argv);
+    if (path.substr(path.rfind('/') + 1) == SERVER_NAME) {
+        return servePages(argc, argv);
+    }
     const Page* page = findPage(path);
     if (page == nullptr) {
         page = findPage(fullPath());

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "multicall/Listener.h"
+
+/// A server that is executed anew keeps its process, its listener and its running pages.
+namespace ORVLib::MultiCall {
+
+/// What a server has from before its start.
+struct Inheritance {
+    Listener listener;
+    std::vector<pid_t> children;  ///< processes of pages
+    bool isRestart;
+};
+
+/// Takes over from the server that this process ran before, or the socket of a supervisor, or
+/// nothing. Removes the variables for that from the environment, so that pages do not see them.
+/// `path` is that of the socket file. Throws std::runtime_error for a socket that cannot be used.
+std::optional<Inheritance> takeInheritance(const std::string& path);
+
+/// Executes this program's file, which may be a newer one now, with the same arguments. Returns
+/// only when that fails, with errno set. The server can then go on.
+void executeAnew(const Listener& listener, const std::vector<pid_t>& children, char** argv);
+
+}  // namespace ORVLib::MultiCall
