@@ -19,7 +19,7 @@ namespace ORVLib::MultiCall {
 namespace {
 
 // A form fits into a block. The page cache keeps a block of this size in one piece.
-constexpr std::size_t BLOCK_SIZE = 64 * 1024;
+constexpr std::size_t BLOCK_SIZE = 0x10000;
 constexpr char FOLDER[] = "/var/tmp";
 constexpr char NAME_PATTERN[] = "/var/tmp/orvguid_XXXXXX";
 constexpr mode_t OWNER_ONLY = 0600;

@@ -16,7 +16,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr std::size_t BLOCK_SIZE = 16 * 1024;
+constexpr std::size_t BLOCK_SIZE = 0x4000;
 constexpr std::chrono::seconds DISCARD_TIME{2};
 
 [[noreturn]] void refuseEarlyEnd() {

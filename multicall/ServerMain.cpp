@@ -32,7 +32,7 @@ void print(int descriptor, const std::string& text) {
 void openStandardDescriptors() {
     int descriptor = 0;
     do {
-        descriptor = ::open("/dev/null", O_RDWR);
+        descriptor = ::open("/dev/null", O_RDWR | O_CLOEXEC);
     } while (descriptor >= 0 && descriptor <= STDERR_FILENO);
     ::close(descriptor);
 }

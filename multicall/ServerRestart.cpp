@@ -103,7 +103,8 @@ void executeAnew(const Listener& listener, const std::vector<pid_t>& children, c
     ::setenv(STATE_NAME, state.c_str(), 1);
     setInherited(listener, true);
     // The path that the program was executed by leads to a newer version, if there is one.
-    ::execv(reinterpret_cast<const char*>(::getauxval(AT_EXECFN)), argv);
+    const auto path = reinterpret_cast<const char*>(::getauxval(AT_EXECFN));  // NOLINT
+    ::execv(path, argv);
     const int error = errno;
     setInherited(listener, false);
     ::unsetenv(STATE_NAME);

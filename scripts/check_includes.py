@@ -18,7 +18,8 @@ FRAMEWORK = tuple("console/framework/" + name
                   for name in ("backend", "component", "access", "input", "page"))
 BOARD = ("board/wire", "board/state", "board/item", "board/daemon")
 ALLOWED = {
-    "platform/include": (), "platform/common": (), "platform/host": (), "protocol": (),
+    "platform/include": (), "platform/common": (), "platform/host": (), "multicall": (),
+    "protocol": (),
     **{layer: LIBRARY[:i] for i, layer in enumerate(LIBRARY)}, "src/navigation": LIBRARY,
     **{layer: BOARD[:i] + ("platform/host", "protocol") for i, layer in enumerate(BOARD)},
     **{layer: FRAMEWORK[:i] + LIBRARY + ("src/navigation", "protocol")
@@ -47,7 +48,7 @@ def find(name, source):
 
 
 def problems():
-    for folder in ("include", "src", "platform", "protocol", "board", "console"):
+    for folder in ("include", "src", "platform", "multicall", "protocol", "board", "console"):
         for file in sorted((PROJECT / folder).rglob("*.[hc]*")):
             source = file.relative_to(PROJECT)
             layer = layer_of(source)

@@ -5,7 +5,7 @@ cd "$(dirname "$0")/.." || exit 1
 build=$1
 
 sources() {
-    find include src platform protocol board bench console tools scripts tests fuzz -name "$1" 2>/dev/null
+    find include src platform multicall protocol board bench console tools scripts tests fuzz -name "$1" 2>/dev/null
 }
 
 # ruff as WebAssembly where npm can fetch it, otherwise pyflakes3.

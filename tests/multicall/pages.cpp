@@ -3,8 +3,8 @@
 
 #include <csignal>
 #include <cstdlib>
-#include <iterator>
 #include <iostream>
+#include <iterator>
 
 #include "gui/FormInfo.h"
 #include "multicall/PageServer.h"
@@ -28,14 +28,13 @@ int echo(int /*argc*/, char** argv, char** environment) {
 
 int sleepLong(int /*argc*/, char** /*argv*/, char** /*environment*/) {
     std::cout << "begun" << std::endl;
-    const FormInfo request;  // an upload is stored
+    const FormInfo request;  // has stored an upload
     return static_cast<int>(sleep(20));
 }
 
-// Lasts as many milliseconds as the query says.
 int sleepShort(int /*argc*/, char** /*argv*/, char** /*environment*/) {
     std::cout << "begun" << std::endl;
-    usleep(1000 * static_cast<unsigned int>(std::atoi(std::getenv("QUERY_STRING"))));
+    usleep(300'000);
     std::cout << "ended" << std::endl;
     return 0;
 }

@@ -168,7 +168,7 @@ class PageServer(unittest.TestCase):
         self.start("--children", 2)
         for number in (signal.SIGHUP, signal.SIGTERM):
             before = self.layout()
-            running = [self.begin("short", b"", "QUERY_STRING", 500) for _ in range(2)]
+            running = [self.begin("short") for _ in range(2)]
             queued = connect(self.path, request("echo"))
             self.log.rename(self.folder / f"log{number}")
             self.server.send_signal(number)
@@ -188,7 +188,7 @@ class PageServer(unittest.TestCase):
             longest = 0
             for page, body, more in (("long", UPLOAD, FORM), ("flood", b"", ()),
                                      ("echo", bytes(200 * KIB), ()),
-                                     ("short", b"", ("QUERY_STRING", 300))):
+                                     ("short", b"", ())):
                 data = request(page, body, *more)
                 # Cut within the body; a page that has begun is left to itself.
                 with connect(self.path, data[:150 * KIB] if page == "echo" else data) as client:
@@ -216,7 +216,7 @@ class PageServer(unittest.TestCase):
     def test_a_crash_changes_the_addresses_and_nothing_for_others(self):
         self.start()
         before = self.layout()
-        other = self.begin("short", b"", "QUERY_STRING", 300)
+        other = self.begin("short")
         self.assertEqual(self.ask("crash"), b"")
         self.assertLogged(r"process \d+ of crash.cgi was ended by signal 6 \(Aborted\)")
         self.assertIn(b"/test/echo.cgi", self.ask("echo"))
