@@ -69,12 +69,8 @@ PageServer::PageServer(const ServerOptions& options, Inheritance inheritance, ch
       m_listener(std::move(inheritance.listener)),
       m_argv(argv),
       m_signals(openSignals()),
-      m_nextAttempt(Clock::now()) {
-    const std::chrono::seconds longest(options.requestTime + options.pageTime);
-    for (const pid_t page : inheritance.children) {
-        m_pages.emplace(page, Clock::now() + longest + KILL_DELAY);
-    }
-}
+      m_pages(std::move(inheritance.pages)),
+      m_nextAttempt(Clock::now()) {}
 
 void PageServer::run() {
     collectPages();
@@ -203,18 +199,14 @@ void PageServer::killOverdue() {
     for (auto& [page, deadline] : m_pages) {
         if (Clock::now() >= deadline) {
             ::kill(page, SIGKILL);
-            deadline = Clock::time_point::max();
+            deadline = Clock::now() + KILL_DELAY;
         }
     }
 }
 
 void PageServer::restart() {
     m_isRestartDue = false;
-    std::vector<pid_t> pages;
-    for (const auto& [page, deadline] : m_pages) {
-        pages.push_back(page);
-    }
-    executeAnew(m_listener, pages, m_argv);
+    executeAnew(m_listener, m_pages, m_argv);
     logError("cannot execute the page server anew: " + std::generic_category().message(errno));
 }
 

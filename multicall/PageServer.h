@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <csignal>
-#include <map>
 
 #include "common/FileDescriptor.h"
 #include "multicall/Listener.h"
@@ -43,8 +42,8 @@ private:
     Listener m_listener;
     char** m_argv;
     FileDescriptor m_signals;
-    FileDescriptor m_connection;                 // accepted, and without a process as yet
-    std::map<pid_t, Clock::time_point> m_pages;  // when a process is to be killed
+    FileDescriptor m_connection;  // accepted, and without a process as yet
+    PageDeadlines m_pages;
     Clock::time_point m_nextAttempt;
     bool m_isStopped = false;
     bool m_isRestartDue = false;

@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <stdexcept>
 #include <string_view>
+#include <vector>
 
 #include "common/ParseNumber.h"
 
@@ -17,8 +18,11 @@ namespace ORVLib::MultiCall {
 
 namespace {
 
-// The numbers of the process, the listener, its lock or -1, and the processes of pages. The first
-// tells whether the variable is for this process, as that of LISTEN_PID does.
+using Clock = std::chrono::steady_clock;
+
+// The numbers of the process, the listener, and its lock or -1, and for each page its process and
+// its deadline in seconds. The first tells whether the variable is for this process, as LISTEN_PID
+// does.
 constexpr char STATE_NAME[] = "ORVGUID_STATE";
 constexpr std::size_t STATE_WORDS = 3;
 constexpr int SUPERVISORS_SOCKET = 3;
@@ -54,9 +58,11 @@ std::optional<Inheritance> takeRestart(const std::string& path, const std::strin
         return std::nullopt;
     }
     Inheritance taken{Listener(path, descriptorOf(words[1]), descriptorOf(words[2])), {}, true};
-    for (std::size_t i = STATE_WORDS; i < words.size(); ++i) {
-        if (const std::optional<int> child = parseNumber(words[i], 1, INT_MAX)) {
-            taken.children.push_back(*child);
+    for (std::size_t i = STATE_WORDS; i + 1 < words.size(); i += 2) {
+        const std::optional<int> process = parseNumber(words[i], 1, INT_MAX);
+        const std::optional<int> deadline = parseNumber(words[i + 1], 0, INT_MAX);
+        if (process && deadline) {
+            taken.pages[*process] = Clock::time_point(std::chrono::seconds(*deadline));
         }
     }
     return taken;
@@ -93,12 +99,13 @@ std::optional<Inheritance> takeInheritance(const std::string& path) {
     return Inheritance{Listener(path, SUPERVISORS_SOCKET, -1), {}, false};
 }
 
-void executeAnew(const Listener& listener, const std::vector<pid_t>& children, char** argv) {
+void executeAnew(const Listener& listener, const PageDeadlines& pages, char** argv) {
     std::string state = std::to_string(::getpid()) + ' ' +
                         std::to_string(listener.getDescriptor()) + ' ' +
                         std::to_string(listener.getLock());
-    for (const pid_t child : children) {
-        state.append(" ").append(std::to_string(child));
+    for (const auto& [process, deadline] : pages) {
+        const auto time = std::chrono::ceil<std::chrono::seconds>(deadline.time_since_epoch());
+        state += ' ' + std::to_string(process) + ' ' + std::to_string(time.count());
     }
     ::setenv(STATE_NAME, state.c_str(), 1);
     setInherited(listener, true);

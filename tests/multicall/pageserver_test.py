@@ -1,6 +1,5 @@
 """The page server, from malformed requests to the death of the server and of pages."""
 
-import contextlib
 import os
 import re
 import resource
@@ -177,6 +176,9 @@ class PageServer(unittest.TestCase):
             if number == signal.SIGHUP:
                 self.waitFor(lambda: self.stack() not in ([], before))
                 self.waitFor(self.log.exists)
+                queued.settimeout(0.1)  # the pages from before are still counted
+                self.assertRaises(TimeoutError, queued.recv, 1)
+                queued.settimeout(LIMIT)
             self.assertEqual([rest(connection) for connection in running], [b"ended\n"] * 2)
             self.assertIn(b"/test/echo.cgi", rest(queued))
         self.assertEqual(self.server.wait(LIMIT), 0)
