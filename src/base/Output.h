@@ -1,24 +1,39 @@
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 namespace ORVLib::Gui {
 
-/// Writes to std::cout without its format: texts are not padded, and numbers are decimal digits.
+/// Gathers the pieces of a component and writes them to std::cout at once, because a write of the
+/// stream costs far more than a copy.
+///
+/// The format of std::cout has no effect: texts are not padded, and numbers are decimal digits.
 /// Format flags, width, fill character and locale that a page sets remain as they are.
+///
+/// REQUIRES: a component calls print() at its end, and before other code may write to std::cout.
 class Output {
 public:
-    const Output& operator<<(std::string_view text) const;
-    const Output& operator<<(char character) const;
-    const Output& operator<<(int number) const;
+    Output() = default;
+    Output(const Output&) = delete;
+    Output& operator=(const Output&) = delete;
+
+    Output& operator<<(std::string_view text);
+    Output& operator<<(char character);
+    Output& operator<<(int number);
 
     /// Ends the line and sends what is printed so far, so that long lists show as they come.
-    void endLine() const;
+    void endLine();
 
-    /// Sends what is printed so far. Returns false when not all of the page was sent.
-    bool flush() const;
+    /// Writes the pieces to std::cout.
+    void print();
+
+    /// Sends what is in std::cout. Returns false when not all of the page was sent.
+    static bool flush();
+
+private:
+    std::size_t m_size = 0;
+    char m_pieces[1024];
 };
-
-inline constexpr Output output;
 
 }  // namespace ORVLib::Gui

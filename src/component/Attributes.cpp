@@ -1,6 +1,5 @@
 #include "component/Attributes.h"
 
-#include "base/Output.h"
 #include "gui/DisplayMode.h"
 #include "gui/MessageMgr.h"
 
@@ -27,47 +26,49 @@ std::string callAttribute(const char* event, const std::string& function,
     return attribute;
 }
 
-void printInputStart(const char* type, const std::string& name, const std::string& value) {
+void printInputStart(Output& output, const char* type, const std::string& name,
+                     const std::string& value) {
     output << "<input type=\"" << type << "\" name=\"" << name << "\" value=\"" << value << '"';
 }
 
-void printEvent(const char* event, const std::string& script, bool quoted) {
+void printEvent(Output& output, const char* event, const std::string& script, bool quoted) {
     if (!script.empty()) {
         const char* const quote = quoted ? "\"" : "";
         output << ' ' << event << '=' << quote << script << quote;
     }
 }
 
-void printSizes(int size, int maxLength) {
+void printSizes(Output& output, int size, int maxLength) {
     output << " size=\"" << size << "\" maxlength=\"" << maxLength << '"';
 }
 
-void printNumberedValue(const std::string& value, const std::string& name, int number) {
+void printNumberedValue(Output& output, const std::string& value, const std::string& name,
+                        int number) {
     output << " value=\"" << value << "\" name=\"" << name << number << '"';
 }
 
-void printBoxStart(const NumberedBox& box, const std::string& name) {
+void printBoxStart(Output& output, const NumberedBox& box, const std::string& name) {
     output << "<input type=\"text\"";
-    printSizes(box.size, box.maxLength);
+    printSizes(output, box.size, box.maxLength);
     output << box.style;
-    printNumberedValue(box.value, name, box.number);
+    printNumberedValue(output, box.value, name, box.number);
 }
 
-void printBox(const NumberedBox& box, const std::string& name, const std::string& onFocus,
-              const int* displayMode) {
-    printBoxStart(box, name);
+void printBox(Output& output, const NumberedBox& box, const std::string& name,
+              const std::string& onFocus, const int* displayMode) {
+    printBoxStart(output, box, name);
     output << ' ' << onFocus;
-    printDisabledUnlessEditable(displayMode);
+    printDisabledUnlessEditable(output, displayMode);
     output << '>';
 }
 
-void printDisabled() {
+void printDisabled(Output& output) {
     output << " class=\"disabled\" disabled";
 }
 
-void printDisabledUnlessEditable(const int* displayMode) {
+void printDisabledUnlessEditable(Output& output, const int* displayMode) {
     if (!isEditable(displayMode)) {
-        printDisabled();
+        printDisabled(output);
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "base/Output.h"
+
 namespace ORVLib::Gui {
 
 /// True for fields that the user may change. `displayMode` may be null.
@@ -18,14 +20,15 @@ std::string callAttribute(const char* event, const std::string& function,
                           const std::string& arguments);
 
 /// Writes `type`, name and value of an input element, without its closing bracket.
-void printInputStart(const char* type, const std::string& name, const std::string& value);
+void printInputStart(Output& output, const char* type, const std::string& name,
+                     const std::string& value);
 
 /// Writes an event attribute, or nothing for an empty script. Unless `quoted`, the script must
 /// contain its own quotes.
-void printEvent(const char* event, const std::string& script, bool quoted = false);
+void printEvent(Output& output, const char* event, const std::string& script, bool quoted = false);
 
 /// Writes the size and maxlength attributes of a text input.
-void printSizes(int size, int maxLength);
+void printSizes(Output& output, int size, int maxLength);
 
 /// One of the text boxes that make up a field. Its name is the field's name followed by its number.
 struct NumberedBox {
@@ -37,17 +40,18 @@ struct NumberedBox {
 };
 
 /// Writes the box without its closing bracket.
-void printBoxStart(const NumberedBox& box, const std::string& name);
+void printBoxStart(Output& output, const NumberedBox& box, const std::string& name);
 
 /// Writes the box, disabled unless it may be changed. `onFocus` is a complete attribute or empty.
-void printBox(const NumberedBox& box, const std::string& name, const std::string& onFocus,
-              const int* displayMode);
+void printBox(Output& output, const NumberedBox& box, const std::string& name,
+              const std::string& onFocus, const int* displayMode);
 
 /// Writes value and name of one of the inputs that make up a field.
-void printNumberedValue(const std::string& value, const std::string& name, int number);
+void printNumberedValue(Output& output, const std::string& value, const std::string& name,
+                        int number);
 
 /// Writes the attributes of an input that is shown grey and cannot be changed.
-void printDisabled();
-void printDisabledUnlessEditable(const int* displayMode);
+void printDisabled(Output& output);
+void printDisabledUnlessEditable(Output& output, const int* displayMode);
 
 }  // namespace ORVLib::Gui

@@ -6,12 +6,14 @@
 namespace ORVLib::Gui {
 
 void Button::printHTML() const {
-    printInputStart("button", getName(), getValue());
-    printEvent("onClick", m_onClick);
+    Output output;
+    printInputStart(output, "button", getName(), getValue());
+    printEvent(output, "onClick", m_onClick);
     if (m_disabled) {
         output << " disabled";
     }
     output << '>';
+    output.print();
 }
 
 bool Button::isError() const {

@@ -12,24 +12,24 @@ void CheckBox::add(const std::string& name, const std::string& value, const std:
 }
 
 void CheckBox::printHTML() const {
-    bool isFirst = true;
     for (const auto& box : m_items) {
-        if (!isFirst) {
-            output.endLine();
-        }
-        isFirst = false;
         printBox(*box);
     }
 }
 
 void CheckBox::printBox(const CheckBoxData& box) const {
-    printInputStart("checkbox", box.name, box.value);
+    Output output;
+    if (&box != m_items.front().get()) {
+        output.endLine();
+    }
+    printInputStart(output, "checkbox", box.name, box.value);
     if (!box.id.empty()) {
         output << " id=\"" << box.id << '"';
     }
-    printEvent("onClick", m_onClick, m_quoteScript);
+    printEvent(output, "onClick", m_onClick, m_quoteScript);
     const bool disabled = m_disabled || box.disabled || !isEditable(m_displayMode);
     output << (box.checked ? " checked" : "") << (disabled ? " disabled" : "") << '>' << box.label;
+    output.print();
 }
 
 bool CheckBox::isError() const {

@@ -39,12 +39,14 @@ void DateField::setOnFocusFunction(std::string function, std::string arguments) 
 }
 
 void DateField::printHTML() const {
-    printBox({5, 4, m_year, 0}, getName(), m_onFocus, m_displayMode);
+    Output output;
+    printBox(output, {5, 4, m_year, 0}, getName(), m_onFocus, m_displayMode);
     output << '-';
-    printBox({3, 2, m_month, 1}, getName(), m_onFocus, m_displayMode);
+    printBox(output, {3, 2, m_month, 1}, getName(), m_onFocus, m_displayMode);
     output << '-';
-    printBox({3, 2, m_day, 2}, getName(), m_onFocus, m_displayMode);
+    printBox(output, {3, 2, m_day, 2}, getName(), m_onFocus, m_displayMode);
     output.endLine();
+    output.print();
 }
 
 bool DateField::isError() const {

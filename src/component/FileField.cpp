@@ -10,15 +10,18 @@ void FileField::printHTML() const {
         printInputs();
         return;
     }
+    Output output;
     output << (getValue().empty() ? "&nbsp;" : getValue());
     if (isCarried(m_displayMode)) {
         output.endLine();
-        printInputStart("hidden", getName(), getValue());
+        printInputStart(output, "hidden", getName(), getValue());
         output << '>';
     }
+    output.print();
 }
 
 void FileField::printInputs() const {
+    Output output;
     const std::string& name = getName();
     const std::string hidden = "browse_" + name;
     output << "<input type=\"file\" name=\"" << hidden << "\" style=\"display: none;\">\n"
@@ -26,6 +29,7 @@ void FileField::printInputs() const {
            << "\" value=\"" << getValue() << "\">\n"
            << "<input type=\"button\" onClick=\"" << hidden << ".click();" << name
            << ".value=" << hidden << ".value;\" value=\"" << m_buttonLabel << "\">";
+    output.print();
 }
 
 bool FileField::isError() const {

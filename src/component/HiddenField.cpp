@@ -6,8 +6,10 @@
 namespace ORVLib::Gui {
 
 void HiddenField::printHTML() const {
-    printInputStart("hidden", getName(), quoteEscaped(getValue()));
+    Output output;
+    printInputStart(output, "hidden", getName(), quoteEscaped(getValue()));
     output << '>';
+    output.print();
 }
 
 bool HiddenField::isError() const {

@@ -5,6 +5,7 @@
 namespace ORVLib::Gui {
 
 void HyperLink::printHTML() const {
+    Output output;
     output << "<a ";
     if (!m_cssClass.empty()) {
         output << "class=\"" << m_cssClass << "\" ";
@@ -15,9 +16,11 @@ void HyperLink::printHTML() const {
         output << "href=\"" << m_url << "\" target=\"" << m_target << "\" onClick='blur()'>";
     }
     if (m_content) {
+        output.print();
         m_content->printHTML();
     }
     output << "</a>";
+    output.print();
 }
 
 bool HyperLink::isError() const {

@@ -9,9 +9,10 @@ namespace ORVLib::Gui {
 
 namespace {
 
-void printHiddenInput(const std::string& value, const std::string& name, int number) {
+void printHiddenInput(Output& output, const std::string& value, const std::string& name,
+                      int number) {
     output << "<input type=\"hidden\"";
-    printNumberedValue(value, name, number);
+    printNumberedValue(output, value, name, number);
     output << '>';
 }
 
@@ -51,8 +52,9 @@ void IPAddrMaskField::printHTML() const {
 }
 
 void IPAddrMaskField::printBoxes() const {
+    Output output;
     for (int i = 0; i < ADDR_BYTE_SIZE; ++i) {
-        printBoxStart({IP_SIZE, IP_MAX_LENGTH, getAddress(i), i}, getName());
+        printBoxStart(output, {IP_SIZE, IP_MAX_LENGTH, getAddress(i), i}, getName());
         output << '>';
         if (i < ADDR_BYTE_SIZE - 1) {
             output << "&nbsp;.";
@@ -61,26 +63,31 @@ void IPAddrMaskField::printBoxes() const {
     }
     output << "&nbsp;/";
     output.endLine();
-    printBoxStart({MASK_SIZE, MASK_MAX_LENGTH, m_mask, ADDR_BYTE_SIZE}, getName());
+    printBoxStart(output, {MASK_SIZE, MASK_MAX_LENGTH, m_mask, ADDR_BYTE_SIZE}, getName());
     output << '>';
+    output.print();
 }
 
 void IPAddrMaskField::printReadOnlyText() const {
+    Output output;
     const char* separator = "";
     for (int i = 0; i < ADDR_BYTE_SIZE; ++i) {
         output << separator << getAddress(i);
         separator = ".";
     }
     output << '/' << m_mask << "&nbsp;";
+    output.print();
 }
 
 void IPAddrMaskField::printHiddenInputs() const {
+    Output output;
     output.endLine();
     for (int i = 0; i < ADDR_BYTE_SIZE; ++i) {
-        printHiddenInput(getAddress(i), getName(), i);
+        printHiddenInput(output, getAddress(i), getName(), i);
         output.endLine();
     }
-    printHiddenInput(m_mask, getName(), ADDR_BYTE_SIZE);
+    printHiddenInput(output, m_mask, getName(), ADDR_BYTE_SIZE);
+    output.print();
 }
 
 bool IPAddrMaskField::isError() const {

@@ -43,13 +43,15 @@ void IPAddressField::setOnFocusFunction(std::string function, std::string argume
 }
 
 void IPAddressField::printHTML() const {
+    Output output;
     for (int i = 0; i < ADDR_BYTE_SIZE; ++i) {
-        printBox({SIZE, MAX_LENGTH, getAddress(i), i, " style=\"width:30px;\""}, getName(),
+        printBox(output, {SIZE, MAX_LENGTH, getAddress(i), i, " style=\"width:30px;\""}, getName(),
                  m_onFocus, m_displayMode);
         if (i < ADDR_BYTE_SIZE - 1) {
             output << "&nbsp;.\n";
         }
     }
+    output.print();
 }
 
 bool IPAddressField::isError() const {

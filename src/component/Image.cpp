@@ -91,6 +91,7 @@ bool Image::zoomImageDispSize(unsigned int factor, bool divide) {
 }
 
 void Image::printHTML() const {
+    Output output;
     if (m_cell) {
         output << "<td>";
     }
@@ -101,12 +102,13 @@ void Image::printHTML() const {
     if (!m_height.empty()) {
         output << " height=\"" << m_height << '"';
     }
-    printEvent("onClick", m_onClick, m_quoteScript);
+    printEvent(output, "onClick", m_onClick, m_quoteScript);
     output << " border=\"" << m_border << "\" name=\"" << m_name << "\" id=\"" << m_id
            << "\" alt=\"" << m_alt << "\">";
     if (m_cell) {
         output << "</td>";
     }
+    output.print();
 }
 
 bool Image::isError() const {

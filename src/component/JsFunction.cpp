@@ -5,11 +5,13 @@
 namespace ORVLib::Gui {
 
 void JsFunction::printHTML() const {
+    Output output;
     output << "function " << m_head << "{\n";
     for (const std::string& line : m_lines) {
         output << line << '\n';
     }
     output << "}\n";
+    output.print();
 }
 
 bool JsFunction::isError() const {

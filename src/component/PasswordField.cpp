@@ -6,15 +6,17 @@
 namespace ORVLib::Gui {
 
 void PasswordField::printHTML() const {
+    Output output;
     if (isEditable(m_displayMode)) {
         output << "<input type=\"password\"";
-        printSizes(m_size, m_maxLength);
+        printSizes(output, m_size, m_maxLength);
         output << " name=\"" << getName() << "\" value=\"\">";
     } else if (getValue().empty()) {
         output << "&nbsp;";
     } else {
         output << std::string(getValue().size(), '*');
     }
+    output.print();
 }
 
 bool PasswordField::isError() const {

@@ -24,9 +24,6 @@ void RadioButton::printHTML() const {
     auto id = m_ids.begin();
     auto itemDisabled = m_itemDisabled.begin();
     for (auto item = m_items.begin(); item != m_items.end(); ++item) {
-        if (item != m_items.begin()) {
-            output.endLine();
-        }
         printItem(item, *id, m_disabled || *itemDisabled || !isEditable(m_displayMode));
         ++id;
         ++itemDisabled;
@@ -35,16 +32,21 @@ void RadioButton::printHTML() const {
 
 void RadioButton::printItem(Items::const_iterator item, const std::string& id,
                             bool disabled) const {
+    Output output;
+    if (item != m_items.begin()) {
+        output.endLine();
+    }
     if (!id.empty()) {
         output << "<label for=\"" << id << "\">";
     }
-    printInputStart("radio", getName(), item->first);
+    printInputStart(output, "radio", getName(), item->first);
     if (!id.empty()) {
         output << " id=\"" << id << '"';
     }
-    printEvent("onClick", m_onClick, true);
+    printEvent(output, "onClick", m_onClick, true);
     output << (item == m_checked ? " checked" : "") << (disabled ? " disabled" : "") << '>'
            << item->second << (id.empty() ? "" : "</label>");
+    output.print();
 }
 
 bool RadioButton::isError() const {

@@ -6,8 +6,10 @@
 namespace ORVLib::Gui {
 
 void ResetButton::printHTML() const {
-    printInputStart("reset", getName(), getValue());
+    Output output;
+    printInputStart(output, "reset", getName(), getValue());
     output << '>';
+    output.print();
 }
 
 bool ResetButton::isError() const {

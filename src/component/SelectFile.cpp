@@ -6,8 +6,10 @@
 namespace ORVLib::Gui {
 
 void SelectFile::printHTML() const {
+    Output output;
     output << "<input type=\"file\" name=\"" << getName() << "\" size=\"" << m_size
            << "\" value=\"\"" << (isEditable(m_displayMode) ? ">\n" : "disable >\n");
+    output.print();
 }
 
 bool SelectFile::isError() const {

@@ -30,12 +30,13 @@ void SelectMenu::printHTML() const {
     if (m_options.empty()) {
         return;
     }
+    Output output;
     output << "<select name=\"" << getName() << '"' << m_onChange << m_onClick;
     // A disabled menu on a read-only page gets the attributes twice. Browsers use the first.
     if (m_disabled) {
-        printDisabled();
+        printDisabled(output);
     }
-    printDisabledUnlessEditable(m_displayMode);
+    printDisabledUnlessEditable(output, m_displayMode);
     output << ">\n";
     int index = 0;
     for (const auto& [value, label] : m_options) {
@@ -44,6 +45,7 @@ void SelectMenu::printHTML() const {
         output.endLine();
     }
     output << "</select>";
+    output.print();
 }
 
 bool SelectMenu::isError() const {

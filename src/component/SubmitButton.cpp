@@ -6,9 +6,11 @@
 namespace ORVLib::Gui {
 
 void SubmitButton::printHTML() const {
-    printInputStart("submit", getName(), getValue());
-    printEvent("onClick", m_onClick);
+    Output output;
+    printInputStart(output, "submit", getName(), getValue());
+    printEvent(output, "onClick", m_onClick);
     output << '>';
+    output.print();
 }
 
 bool SubmitButton::isError() const {

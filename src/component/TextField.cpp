@@ -9,10 +9,12 @@
 namespace ORVLib::Gui {
 
 void TextField::printHTML() const {
+    Output output;
     output << "<input type=\"text\"";
-    printDisabledUnlessEditable(m_displayMode);
-    printSizes(m_size, m_maxLength);
+    printDisabledUnlessEditable(output, m_displayMode);
+    printSizes(output, m_size, m_maxLength);
     output << " name=\"" << getName() << "\" value=\"" << quoteEscaped(getValue()) << "\">";
+    output.print();
 }
 
 bool TextField::isError() const {

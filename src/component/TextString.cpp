@@ -15,6 +15,7 @@ const char TextString::colorStyle[6][16] = {
 };
 
 void TextString::printHTML() const {
+    Output output;
     std::string text = m_text.substr(0, m_text.find('\0'));
     if (!m_raw) {
         MessageMgr::convertHTML(text);
@@ -24,6 +25,7 @@ void TextString::printHTML() const {
     } else {
         output << "<font class=\"" << colorStyle[m_colour] << "\">" << text << "</font>";
     }
+    output.print();
 }
 
 bool TextString::isError() const {

@@ -25,14 +25,16 @@ void TimeField::checkTime() {
 }
 
 void TimeField::printHTML() const {
+    Output output;
     int number = 0;
     for (const std::string* const text : {&m_hour, &m_minute, &m_second}) {
         if (number > 0) {
             output << ':';
             output.endLine();
         }
-        printBox({3, 2, *text, number++}, getName(), "", m_displayMode);
+        printBox(output, {3, 2, *text, number++}, getName(), "", m_displayMode);
     }
+    output.print();
 }
 
 bool TimeField::isError() const {

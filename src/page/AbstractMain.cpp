@@ -143,7 +143,7 @@ int AbstractMain::runPage() {
 
 /// Sends the rest of the page. Writes a trace entry when the web server did not take all of it.
 void AbstractMain::checkOutput() {
-    if (!output.flush()) {
+    if (!Output::flush()) {
         m_trace.putLog(Log::ERROR_LEVEL, "the page could not be written to its end");
     }
 }

@@ -84,23 +84,28 @@ void HTMLCodeGenerator::printHTML() const {
         return;
     }
     MarkerScanner scanner;
-    const auto onText = [](std::string_view text) { output << text; };
-    const auto onMarker = [this](const std::string& name) { printMarker(name); };
+    Output output;
+    const auto onText = [&output](std::string_view text) { output << text; };
+    const auto onMarker = [this, &output](const std::string& name) {
+        if (name.empty()) {
+            output << MARKER;
+        } else {
+            output.print();
+            printMarker(name);
+        }
+    };
     while (length > 0) {
         scanner.scan(block, block + length, onText, onMarker);
         length = readSome(skeleton.get(), block, BLOCK_SIZE);
     }
     scanner.finish(onMarker);
+    output.print();
     if (length < 0) {
         logUnreadable();
     }
 }
 
 void HTMLCodeGenerator::printMarker(const std::string& name) const {
-    if (name.empty()) {
-        output << MARKER;
-        return;
-    }
     if (m_map == nullptr) {
         return;
     }
@@ -111,8 +116,10 @@ void HTMLCodeGenerator::printMarker(const std::string& name) const {
 }
 
 void HTMLCodeGenerator::printUnreadable() const {
+    Output output;
     output
         << MessageMgr(NO_SKELETON_LANGUAGE).getMessage(NO_SKELETON_MESSAGE, ErrorCode::NO_SKELETON);
+    output.print();
     logUnreadable();
 }
 

@@ -29,12 +29,14 @@ Cookie::Cookie() {
 }
 
 void Cookie::printHTML() const {
+    Output output;
     const auto end = std::find_if(m_sessionId.begin(), m_sessionId.end(), endsLine);
     output << "Set-Cookie: sid=" << std::string(m_sessionId.begin(), end);
     if (m_expired) {
         output << "; path=/; expires=Thu,01-Jan-1970 09:00:00 GMT";
     }
     output.endLine();
+    output.print();
 }
 
 bool Cookie::isError() const {
