@@ -5,6 +5,12 @@
 
 namespace ORVLib::Gui {
 
+namespace {
+
+constexpr char QUOTE_ENTITY[] = "&quot;";
+
+}  // namespace
+
 bool isEditable(const int* displayMode) {
     return displayMode == nullptr || *displayMode == EDIT_MODE;
 }
@@ -14,8 +20,18 @@ bool isCarried(const int* displayMode) {
 }
 
 std::string quoteEscaped(std::string value) {
-    MessageMgr::convertStr(value, "\"", "&quot;");
+    MessageMgr::convertStr(value, "\"", QUOTE_ENTITY);
     return value;
+}
+
+void printQuoteEscaped(Output& output, std::string_view value) {
+    std::size_t quote = value.find('"');
+    while (quote != std::string_view::npos) {
+        output << value.substr(0, quote) << QUOTE_ENTITY;
+        value.remove_prefix(quote + 1);
+        quote = value.find('"');
+    }
+    output << value;
 }
 
 std::string callAttribute(const char* event, const std::string& function,

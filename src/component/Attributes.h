@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "base/Output.h"
 
@@ -14,6 +15,9 @@ bool isCarried(const int* displayMode);
 
 /// A copy of `value` for an attribute in double quotes.
 std::string quoteEscaped(std::string value);
+
+/// Prints `value` as quoteEscaped() returns it, without a copy.
+void printQuoteEscaped(Output& output, std::string_view value);
 
 /// A complete event attribute that calls a script function, with a blank before it.
 std::string callAttribute(const char* event, const std::string& function,

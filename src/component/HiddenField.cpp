@@ -7,8 +7,9 @@ namespace ORVLib::Gui {
 
 void HiddenField::printHTML() const {
     Output output;
-    printInputStart(output, "hidden", getName(), quoteEscaped(getValue()));
-    output << '>';
+    output << "<input type=\"hidden\" name=\"" << getName() << "\" value=\"";
+    printQuoteEscaped(output, getValue());
+    output << "\">";
     output.print();
 }
 

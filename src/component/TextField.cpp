@@ -13,7 +13,9 @@ void TextField::printHTML() const {
     output << "<input type=\"text\"";
     printDisabledUnlessEditable(output, m_displayMode);
     printSizes(output, m_size, m_maxLength);
-    output << " name=\"" << getName() << "\" value=\"" << quoteEscaped(getValue()) << "\">";
+    output << " name=\"" << getName() << "\" value=\"";
+    printQuoteEscaped(output, getValue());
+    output << "\">";
     output.print();
 }
 

@@ -1,7 +1,7 @@
 #include "gui/TextString.h"
 
 #include "base/Output.h"
-#include "gui/MessageMgr.h"
+#include "message/Escaping.h"
 
 namespace ORVLib::Gui {
 
@@ -16,14 +16,18 @@ const char TextString::colorStyle[6][16] = {
 
 void TextString::printHTML() const {
     Output output;
-    std::string text = m_text.substr(0, m_text.find('\0'));
-    if (!m_raw) {
-        MessageMgr::convertHTML(text);
+    const bool hasColour = m_colour >= ERROR_COLOUR && m_colour <= MAINTENANCE_COLOUR;
+    if (hasColour) {
+        output << "<font class=\"" << colorStyle[m_colour] << "\">";
     }
-    if (m_colour < ERROR_COLOUR || m_colour > MAINTENANCE_COLOUR) {
+    const std::string_view text(m_text.c_str());
+    if (m_raw) {
         output << text;
     } else {
-        output << "<font class=\"" << colorStyle[m_colour] << "\">" << text << "</font>";
+        printEscaped(output, text);
+    }
+    if (hasColour) {
+        output << "</font>";
     }
     output.print();
 }

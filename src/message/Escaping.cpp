@@ -1,3 +1,5 @@
+#include "message/Escaping.h"
+
 #include <array>
 #include <cstring>
 #include <string_view>
@@ -119,6 +121,19 @@ void MessageMgr::convertStr(std::string& text, const std::string& from, const st
     }
     result.append(text, copied, std::string::npos);
     text = std::move(result);
+}
+
+void printEscaped(Output& output, std::string_view text) {
+    std::size_t printed = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const Replacement& replacement = HTML_TABLE[static_cast<unsigned char>(text[i])];
+        if (replacement.differs) {
+            output << text.substr(printed, i - printed)
+                   << std::string_view(replacement.text, replacement.length);
+            printed = i + 1;
+        }
+    }
+    output << text.substr(printed);
 }
 
 void MessageMgr::convertHTML(std::string& text) {
