@@ -27,10 +27,6 @@ Output& Output::operator<<(std::string_view text) {
     return *this;
 }
 
-Output& Output::operator<<(char character) {
-    return *this << std::string_view(&character, 1);
-}
-
 Output& Output::operator<<(int number) {
     char digits[sizeof "-2147483648"];
     const std::to_chars_result written = std::to_chars(digits, digits + sizeof digits, number);

@@ -19,7 +19,13 @@ public:
     Output& operator=(const Output&) = delete;
 
     Output& operator<<(std::string_view text);
-    Output& operator<<(char character);
+    Output& operator<<(char character) {
+        if (m_size == sizeof m_pieces) {
+            print();
+        }
+        m_pieces[m_size++] = character;
+        return *this;
+    }
     Output& operator<<(int number);
 
     /// Ends the line and sends what is printed so far, so that long lists show as they come.
