@@ -27,9 +27,9 @@ public:
     /// other cookie for the paths of its pages.
     Cookie();
 
-    /// Prints and flushes the header line that sets a cookie for the browser's session, or, with
-    /// isExpired(), the line that deletes it. The session ID is printed up to its first line end or
-    /// NUL, so that it cannot inject another header.
+    /// Prints the header line that sets a cookie for the browser's session, or, with isExpired(),
+    /// the line that deletes it. The session ID is printed up to its first line end or NUL, so that
+    /// it cannot inject another header.
     void printHTML() const override;
 
     /// True when the request carried no session cookie.

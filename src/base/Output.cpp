@@ -2,7 +2,9 @@
 
 #include <charconv>
 #include <cstring>
+#include <ext/stdio_sync_filebuf.h>
 #include <iostream>
+#include <typeinfo>
 
 namespace ORVLib::Gui {
 
@@ -10,6 +12,12 @@ namespace {
 
 void writeText(std::string_view text) {
     std::cout.write(text.data(), static_cast<std::streamsize>(text.size()));
+}
+
+/// True when std::cout writes to C's standard output.
+bool hasStandardBuffer() {
+    const std::streambuf* const buffer = std::cout.rdbuf();
+    return buffer != nullptr && typeid(*buffer) == typeid(__gnu_cxx::stdio_sync_filebuf<char>);
 }
 
 }  // namespace
@@ -35,8 +43,10 @@ Output& Output::operator<<(int number) {
 
 void Output::endLine() {
     *this << '\n';
-    print();
-    std::cout.flush();
+    if (!hasStandardBuffer()) {
+        print();
+        std::cout.flush();
+    }
 }
 
 void Output::print() {

@@ -28,7 +28,9 @@ public:
     }
     Output& operator<<(int number);
 
-    /// Ends the line and sends what is printed so far, so that long lists show as they come.
+    /// Ends the line. The standard buffer of std::cout is sent when it is full and at the end of
+    /// the page: a page in one write costs the browser and the web server least. Any other buffer,
+    /// which the page has chosen, is flushed.
     void endLine();
 
     /// Writes the pieces to std::cout.
