@@ -18,7 +18,8 @@ namespace ORVLib::Gui {
 
 namespace {
 
-constexpr std::size_t BLOCK_SIZE = 16384;
+// A larger block would touch more pages of the stack, each of which costs more than a read.
+constexpr std::size_t BLOCK_SIZE = 4096;
 constexpr char MARKER = '$';
 
 // The message in place of a page whose skeleton cannot be read.

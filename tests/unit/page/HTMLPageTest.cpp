@@ -57,7 +57,7 @@ TEST(Skeleton, MarkersAreReplaced) {
 
 // A marker at every place relative to the end of the block that the file is read in.
 TEST(Skeleton, MarkersMayCrossBlocks) {
-    for (std::size_t before = 16384 - 8; before < 16384 + 4; ++before) {
+    for (std::size_t before = 4096 - 8; before < 4096 + 4; ++before) {
         const std::string text(before, 'x');
         EXPECT_EQ(pageOf(text + "$body$y$$z$body"), text + "By$zB");
     }
