@@ -2,7 +2,6 @@
 
 #include <string.h>
 
-#include <cstdio>
 #include <cstring>
 
 #include "backend/LoginRecord.h"
@@ -82,10 +81,10 @@ unsigned int CGIRequester::perform(unsigned int procedureId, const char* where, 
 void CGIRequester::setErrorInfo(const PException& exception, const char* where) {
     m_errorDetail = exception.getExceptionDetail();
     m_actionCode = exception.getActionCode();
-    char procedure[sizeof " procId=0x" + 8];
-    std::snprintf(procedure, sizeof procedure, " procId=0x%8x",
-                  static_cast<unsigned int>(m_procedureId));
-    m_trace->putLog(Log::ERROR_LEVEL, std::string(where) + " sid=" + getSessionId() + procedure);
+    std::string text = where;
+    text.append(" sid=").append(getSessionId()).append(" procId=0x");
+    Hex::append(text, static_cast<unsigned int>(m_procedureId), 8);
+    m_trace->putLog(Log::ERROR_LEVEL, text);
 }
 
 unsigned int CGIRequester::getLanguage(int& language) {

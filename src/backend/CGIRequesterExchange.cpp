@@ -1,10 +1,10 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
 
 #include "backend/Telegram.h"
+#include "base/Hex.h"
 #include "base/Log.h"
 #include "common/ByteOrder.h"
 #include "common/ErrorCode.h"
@@ -45,6 +45,12 @@ PException sentException(const unsigned char* data, int size) {
     PException exception;
     exception.setSerialized(data, static_cast<unsigned int>(std::max(size, 0)));
     return exception;
+}
+
+constexpr std::size_t LONGEST_TRACE = 128;
+
+const char* flagDigit(bool flag) {
+    return flag ? "1" : "0";
 }
 
 }  // namespace
@@ -189,13 +195,16 @@ void CGIRequester::traceTelegram(const char* head, const char* idName, int id,
     const CGI_AUTHORITY record = Telegram::authority(telegram);
     CGIAuthority authority;
     authority.setAuthority(record);
-    char fields[128];
-    std::snprintf(fields, sizeof fields, "%s%8x lang=%x admin=%x ce=%x guset=%x part=0x%x", idName,
-                  static_cast<unsigned int>(id),
-                  static_cast<unsigned int>(Telegram::language(telegram)),
-                  authority.isSystemAdmin() ? 1U : 0U, authority.isTechnicalStaff() ? 1U : 0U,
-                  authority.isGuest() ? 1U : 0U, record.partitions);
-    m_trace->putLog(Log::PROTOCOL_LEVEL, head + Telegram::sessionId(telegram) + fields);
+    std::string text;
+    text.reserve(LONGEST_TRACE);
+    text.append(head).append(Telegram::sessionId(telegram)).append(idName);
+    Hex::append(text, static_cast<unsigned int>(id), 8);
+    Hex::append(text.append(" lang="), static_cast<unsigned int>(Telegram::language(telegram)));
+    text.append(" admin=").append(flagDigit(authority.isSystemAdmin()));
+    text.append(" ce=").append(flagDigit(authority.isTechnicalStaff()));
+    text.append(" guset=").append(flagDigit(authority.isGuest()));
+    Hex::append(text.append(" part=0x"), record.partitions);
+    m_trace->putLog(Log::PROTOCOL_LEVEL, text);
 }
 
 }  // namespace ORVLib::Gui

@@ -36,9 +36,13 @@ Output& Output::operator<<(std::string_view text) {
 }
 
 Output& Output::operator<<(int number) {
-    char digits[sizeof "-2147483648"];
-    const std::to_chars_result written = std::to_chars(digits, digits + sizeof digits, number);
-    return *this << std::string_view(digits, static_cast<std::size_t>(written.ptr - digits));
+    constexpr std::size_t LONGEST = sizeof "-2147483648";
+    if (sizeof m_pieces - m_size < LONGEST) {
+        print();
+    }
+    char* const start = m_pieces + m_size;
+    m_size += static_cast<std::size_t>(std::to_chars(start, start + LONGEST, number).ptr - start);
+    return *this;
 }
 
 void Output::endLine() {

@@ -5,10 +5,10 @@
 
 #include <algorithm>
 #include <cstdarg>
-#include <cstdio>
 #include <sstream>
 #include <vector>
 
+#include "base/Hex.h"
 #include "base/Log.h"
 #include "base/SitePaths.h"
 #include "common/ByteOrder.h"
@@ -84,9 +84,9 @@ bool readWords(std::ifstream& file, unsigned int* words, unsigned int count) {
 }
 
 std::string codeSuffix(int code) {
-    char suffix[sizeof " (00:ffffffff)"];
-    std::snprintf(suffix, sizeof suffix, " (00:%04x)", static_cast<unsigned int>(code));
-    return suffix;
+    std::string suffix = " (00:";
+    Hex::append(suffix, static_cast<unsigned int>(code), 4, '0');
+    return suffix + ")";
 }
 
 }  // namespace
