@@ -13,7 +13,8 @@ import subprocess
 import sys
 import tempfile
 
-from console_site import ConsoleSite, SiteError
+from console_site import ConsoleSite
+from site_parts import SiteError
 from costs import BenchError, Meter, Program, Spread, growth
 from work import MIB, Work, body_of, contents, require_same
 

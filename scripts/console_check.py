@@ -6,7 +6,8 @@ import re
 
 from console_client import LOGOUT, ConsoleClient
 from console_pages import ASKED, DONE, FLOWS, FUNCTIONS, PAGES, PASSWORDS, WRONG
-from console_site import ConsoleSite, SiteError
+from console_site import ConsoleSite
+from site_parts import SiteError
 from make_firmware import make_image
 
 INSPECTOR, REFRESH = "/common/request.cgi", "/network/orv_refresh_set.cgi"

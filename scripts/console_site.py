@@ -1,67 +1,20 @@
-"""The console of a build folder: a simulated board and lighttpd on loopback."""
+"""The console of a build folder: a simulated board and a web server on loopback."""
 
 import contextlib
 import os
 import pathlib
-import random
 import shutil
-import signal
 import socket
 import subprocess
 import time
 
-PROJECT = pathlib.Path(__file__).resolve().parent.parent
+from page_server import PageServer
+from site_parts import PRIVATE, SiteError, free_port, make_certificate, require_port
+from web_servers import WEB_SERVERS
+
 START_LIMIT_SECONDS = 10
-PRIVATE = 0o077  # file mode mask: state, keys and logs are for whoever starts the servers
 LARGEST_LOG = 1 << 20  # bytes
 LOGS_KEPT = 4
-COMMAND_WORD = 3  # where a server's own command begins, behind setpriv's words
-
-
-class SiteError(Exception):
-    """Why the console cannot be served, in one line that says what to do."""
-
-
-TLS = """
-$SERVER["socket"] == "127.0.0.1:%d" {
-    ssl.engine = "enable"
-    ssl.pemfile = "%s"
-}
-"""
-CERTIFICATE_DAYS = 3650
-
-
-def free_port():
-    """A port below those that the kernel gives to clients, which could take it meanwhile."""
-    while True:
-        port = random.randrange(10000, 32768)
-        with socket.socket() as probe, contextlib.suppress(OSError):
-            probe.bind(("127.0.0.1", port))
-            return port
-
-
-def require_port(port):
-    with socket.socket() as probe:
-        probe.setsockopt(socket.SOL_SOCKET, socket.SO_REUSEADDR, 1)
-        try:
-            probe.bind(("127.0.0.1", port))
-        except OSError as error:
-            raise SiteError(f"port {port} cannot be used ({error.strerror}):"
-                            " choose another one with --port or --tls-port") from None
-
-
-def make_certificate(path):
-    """Makes a key and a certificate signed with it, for this machine alone."""
-    draft = path.with_suffix(".new")
-    command = ("openssl", "req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:P-256",
-               "-noenc", "-days", str(CERTIFICATE_DAYS), "-subj", "/CN=127.0.0.1", "-addext",
-               "subjectAltName=IP:127.0.0.1,DNS:localhost", "-keyout", draft, "-out", "-")
-    made = subprocess.run(command, umask=PRIVATE, capture_output=True, check=False)
-    if made.returncode != 0:
-        raise SiteError("openssl made no certificate: " + made.stderr.decode().strip())
-    with draft.open("ab") as file:
-        file.write(made.stdout)
-    draft.rename(path)
 
 
 class ConsoleSite(contextlib.AbstractContextManager):
@@ -70,11 +23,13 @@ class ConsoleSite(contextlib.AbstractContextManager):
     `build` is a build folder; `run` is where the board's state, its socket, logs and the generated
     configuration go. `environment` is added to that of the pages, `board_options` to the words on
     the board's command line. With `tls_port`, where 0 is a free one, there is HTTPS too. `runner`
-    is the path of a program that runs pages and board, which are its first argument.
+    is the path of a program that runs pages and board, which are its first argument; only lighttpd
+    with plain CGI takes it. `server` is a name in WEB_SERVERS; with `scgi` it sends requests to the
+    page server instead of starting a page for each.
     """
 
     def __init__(self, build, run, port=0, environment=None, board_options=(), tls_port=None,
-                 runner=""):
+                 runner="", server="lighttpd", scgi=False):
         self.build = pathlib.Path(build).resolve()
         self.run = pathlib.Path(run).resolve()
         self.socket = self.run / "board.sock"
@@ -88,23 +43,23 @@ class ConsoleSite(contextlib.AbstractContextManager):
         self.tls_port = free_port() if tls_port == 0 else tls_port
         self.tls_url = f"https://127.0.0.1:{self.tls_port}"
         self.certificate = self.run / "tls.pem"
-        self.trace_log = self.run / "trace.log"
+        self.trace_log, self.server_log = self.run / "trace.log", self.run / "server.log"
         self.board_options = board_options
         self.runner = runner
-        self._processes = []
+        self.scgi = scgi
+        self._web_server = WEB_SERVERS[server](self)
+        self._processes = {}  # their names
         self.board = None
-        self.server = None
+        self.server = None  # the web server's process
+        self.page_server = None
 
     def __enter__(self):
         require_port(self.port)
         try:
-            self.run.mkdir(parents=True, exist_ok=True)
-            self.run.chmod(0o777 & ~PRIVATE)
-            if self.tls_port is not None:
-                require_port(self.tls_port)
-                if not self.certificate.exists():
-                    make_certificate(self.certificate)
+            self._prepare()
             self.start_board(*self.board_options)
+            if self.scgi:
+                self.page_server = PageServer(self)
             self._start_web_server()
         except OSError as error:
             self.stop()
@@ -117,9 +72,25 @@ class ConsoleSite(contextlib.AbstractContextManager):
     def __exit__(self, *_):
         self.stop()
 
+    def _prepare(self):
+        self.run.mkdir(parents=True, exist_ok=True)
+        self.run.chmod(0o777 & ~PRIVATE)
+        # A web server that was killed keeps here what it had received.
+        uploads = self.run / "uploads"
+        if uploads.exists():
+            shutil.rmtree(uploads)
+        uploads.mkdir()
+        if self.tls_port is not None:
+            require_port(self.tls_port)
+            if not self.certificate.exists():
+                make_certificate(self.certificate)
+
     def stop(self):
         while self._processes:
-            self._end(self._processes[-1])
+            self._end(list(self._processes)[-1])
+        if self.page_server:
+            self.page_server.stop()
+            self.page_server = None
 
     def _end(self, process):
         process.terminate()
@@ -130,35 +101,37 @@ class ConsoleSite(contextlib.AbstractContextManager):
             process.wait()
         if process.stdout:
             process.stdout.close()
-        self._processes.remove(process)
+        del self._processes[process]
 
     def wait(self):
         """Returns when one of the servers has ended, with its name. Meanwhile rotates the logs."""
         while True:
             self.rotate_logs()
-            for process in self._processes:
+            for process, name in self._processes.items():
                 if process.poll() is not None:
-                    return pathlib.Path(process.args[COMMAND_WORD]).name
+                    return name
+            if self.page_server and self.page_server.failure:
+                return self.page_server.failure
             time.sleep(0.2)
 
     def rotate_logs(self):
         """Begins a log anew when it is large; keeps the last few as trace.log.1 and so on."""
-        large = [log for log in (self.trace_log, self.run / "server.log")
-                 if log.exists() and log.stat().st_size > LARGEST_LOG]
-        for log in large:
+        for log in (self.trace_log, self.server_log):
+            if not log.exists() or log.stat().st_size <= LARGEST_LOG:
+                continue
             for age in range(LOGS_KEPT - 1, 0, -1):
                 older = log.with_name(f"{log.name}.{age}")
                 if older.exists():
                     older.rename(log.with_name(f"{log.name}.{age + 1}"))
-            log.rename(log.with_name(log.name + ".1"))
-        if large:
-            self.server.send_signal(signal.SIGHUP)  # lighttpd opens its logs again
+            # Processes append to the log and keep it open: it is emptied, not replaced.
+            shutil.copy(log, log.with_name(log.name + ".1"))
+            os.truncate(log, 0)
 
     def start_board(self, *options):
         """Starts the simulated board with further words on its command line."""
-        self.board = self._start(*filter(None, [self.runner]), self.build / "board" / "orvboardd",
-                                 "--state", self.run / "board.db", "--socket", self.socket,
-                                 *options, stdout=subprocess.PIPE)
+        self.board = self.start(*filter(None, [self.runner]), self.build / "board" / "orvboardd",
+                                "--state", self.run / "board.db", "--socket", self.socket,
+                                *options, stdout=subprocess.PIPE)
         if not self.board.stdout.readline().startswith(b"orvboardd: ready"):
             raise SiteError("orvboardd did not start: it says why above")
 
@@ -175,38 +148,25 @@ class ConsoleSite(contextlib.AbstractContextManager):
                               env={**os.environ, "ORV_IPC_SOCKET": str(self.socket)},
                               capture_output=True, text=True, check=True).stdout.strip()
 
-    def _start(self, *command, **options):
-        # A server ends with the process that started it, even if that one is killed.
-        process = subprocess.Popen(["setpriv", "--pdeathsig", "TERM", *command],
-                                   stdin=subprocess.DEVNULL, umask=PRIVATE, **options)
-        self._processes.append(process)
+    def page_environment(self):
+        """The environment of a process that runs pages."""
+        return {**os.environ, **{name: str(value) for name, value in self.environment.items()}}
+
+    def start(self, *command, before=(), **options):
+        """Starts a server, which ends with the process that started it, even if that one is killed.
+        `before` are the words of commands that start it."""
+        process = subprocess.Popen([*before, "setpriv", "--pdeathsig", "TERM", *command],
+                                   **{"stdin": subprocess.DEVNULL, "umask": PRIVATE, **options})
+        self._processes[process] = pathlib.Path(command[0]).name
         return process
 
     def _start_web_server(self):
-        program = shutil.which("lighttpd", path=os.environ["PATH"] + ":/usr/sbin")
-        if program is None:
-            raise SiteError("lighttpd is not installed: install the package lighttpd")
-        for left in self.run.glob("lighttpd-upload-*"):
-            left.unlink()  # by a web server that was killed, which keeps what it receives there
-        configuration = self.run / "lighttpd.conf"
-        configuration.write_text(self._configuration(), encoding="utf-8")
-        server = self.server = self._start(program, "-D", "-f", str(configuration))
+        self.server = self._web_server.start()
         deadline = time.monotonic() + START_LIMIT_SECONDS
         while not self._answers():
-            if server.poll() is not None or time.monotonic() > deadline:
-                raise SiteError(f"lighttpd did not start: see {self.run / 'server.log'}")
+            if self.server.poll() is not None or time.monotonic() > deadline:
+                raise SiteError(f"{self._web_server.program} did not start: see {self.server_log}")
             time.sleep(0.05)
-
-    def _configuration(self):
-        text = (PROJECT / "console" / "lighttpd.conf.in").read_text(encoding="utf-8")
-        environment = ", ".join(f'"{name}" => "{value}"'
-                                for name, value in self.environment.items())
-        values = {"PORT": self.port, "PROJECT": PROJECT, "SITE": self.build / "site",
-                  "RUN": self.run, "ENVIRONMENT": environment, "RUNNER": self.runner,
-                  "TLS": TLS % (self.tls_port, self.certificate) if self.tls_port else ""}
-        for name, value in values.items():
-            text = text.replace(f"@{name}@", str(value))
-        return text
 
     def _answers(self):
         try:

@@ -7,7 +7,9 @@ import signal
 import sys
 import tempfile
 
-from console_site import ConsoleSite, SiteError
+from console_site import ConsoleSite
+from site_parts import SiteError
+from web_servers import WEB_SERVERS
 
 DEFAULT_PORT = 8080
 DEFAULT_TLS_PORT = 8443
@@ -26,6 +28,10 @@ def parse_arguments():
                         help=f"port on loopback (default {DEFAULT_PORT}; with --check a free one)")
     parser.add_argument("--tls-port", type=port_number, default=DEFAULT_TLS_PORT,
                         help=f"port of HTTPS on loopback (default {DEFAULT_TLS_PORT})")
+    parser.add_argument("--server", choices=WEB_SERVERS, default="lighttpd",
+                        help="the web server (default lighttpd)")
+    parser.add_argument("--scgi", action="store_true",
+                        help="pages run in the page server instead of as CGI programs")
     parser.add_argument("--check", action="store_true",
                         help="use every page, print the results, stop, exit with 0 or 1")
     parser.add_argument("--fault", action="append", default=[], metavar="PROCEDURE:KIND",
@@ -46,13 +52,13 @@ def serve(site):
     raise SiteError(f"a server ended by itself ({ended}): see the logs in {site.run}")
 
 
-def check(build, port, faults):
+def check(build, port, faults, way):
     """A check starts from a new board; what somebody set in the console stays."""
     from console_check import run_checks  # needs python3-requests, which serving does not
 
     environment = {"ORV_IPC_TIMEOUT_MS": CHECK_TIME_LIMIT_MS}
     run = tempfile.mkdtemp(prefix="check-", dir=build)
-    with ConsoleSite(build, run, port, environment, faults) as site:
+    with ConsoleSite(build, run, port, environment, faults, **way) as site:
         passed = run_checks(site)
     if passed:
         shutil.rmtree(run)
@@ -74,14 +80,15 @@ def main():
     if arguments.parse_only:
         return 0
     faults = [word for fault in arguments.fault for word in ("--fault", fault)]
+    way = {"server": arguments.server, "scgi": arguments.scgi}
     for number in (signal.SIGINT, signal.SIGTERM):
         signal.signal(number, stop)
     try:
         if arguments.check:
-            return check(arguments.build, arguments.port or 0, faults)
+            return check(arguments.build, arguments.port or 0, faults, way)
         run = pathlib.Path(arguments.build) / "run"
         with ConsoleSite(arguments.build, run, arguments.port or DEFAULT_PORT,
-                         board_options=faults, tls_port=arguments.tls_port) as site:
+                         board_options=faults, tls_port=arguments.tls_port, **way) as site:
             serve(site)
     except SiteError as problem:
         print(f"run: {problem}", file=sys.stderr)
