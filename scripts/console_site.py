@@ -152,12 +152,12 @@ class ConsoleSite(contextlib.AbstractContextManager):
         """The environment of a process that runs pages."""
         return {**os.environ, **{name: str(value) for name, value in self.environment.items()}}
 
-    def start(self, *command, before=(), **options):
+    def start(self, *command, name=None, before=(), **options):
         """Starts a server, which ends with the process that started it, even if that one is killed.
         `before` are the words of commands that start it."""
         process = subprocess.Popen([*before, "setpriv", "--pdeathsig", "TERM", *command],
                                    **{"stdin": subprocess.DEVNULL, "umask": PRIVATE, **options})
-        self._processes[process] = pathlib.Path(command[0]).name
+        self._processes[process] = name or pathlib.Path(command[0]).name
         return process
 
     def _start_web_server(self):

@@ -28,6 +28,16 @@ done
 wait
 """
 
+# Apache with plain CGI has a second process, which starts pages and outlives it. Both are in this
+# shell's process group. A page loses its client and ends.
+START_APACHE = """
+end() { trap '' TERM; kill -TERM 0; kill -KILL $!; exit; }
+trap end TERM
+"$0" "$@" &
+wait
+end
+"""
+
 
 class WebServer:
     """A web server for `site`, which runs pages as CGI programs, or sends requests to the page
@@ -48,13 +58,11 @@ class WebServer:
         for template in self.templates:
             text = self.filled((TEMPLATES / f"{template}.in").read_text(encoding="utf-8"))
             (self.site.run / template).write_text(text, encoding="utf-8")
-        return self.site.start(program, *self.options, str(self.site.run / self.templates[0]),
-                               before=("prlimit", f"--nofile={descriptor_limit()}:",
-                                       *self.other_user()))
+        return self.launch(program, *self.options, str(self.site.run / self.templates[0]))
 
-    def other_user(self):
-        """A command that starts the server as the user whom it needs."""
-        return ()
+    def launch(self, *command, before=(), **options):
+        return self.site.start(*command, name=self.program, before=(
+            "prlimit", f"--nofile={descriptor_limit()}:", *before), **options)
 
     def filled(self, text):
         """A template with its values: each line that begins with a condition which does not hold
@@ -110,7 +118,8 @@ class Nginx(WebServer):
             raise SiteError("fcgiwrap is not installed: install the package fcgiwrap")
         with listen(self.site.run / "pages.sock", QUEUE) as listener, \
                 open(self.site.trace_log, "ab") as log:
-            self.site.start("sh", "-c", START_FCGIWRAP, "fcgiwrap", str(PAGES_AT_A_TIME), stdin=listener,
+            self.site.start("sh", "-c", START_FCGIWRAP, "sh", str(PAGES_AT_A_TIME),
+                            name="fcgiwrap", stdin=listener,
                             stdout=subprocess.DEVNULL, stderr=log,
                             env=self.site.page_environment())
 
@@ -121,13 +130,18 @@ class Nginx(WebServer):
 class Apache(WebServer):
     program, package = "apache2", "apache2-bin"
     templates = ("apache.conf",)
-    options = ("-X", "-f")  # one process, so that nothing is left when it is killed
+    options = ("-X", "-f")
 
     def values(self):
         return {"ENVIRONMENT": "\n".join(
             f'SetEnv {name} "{value}"' for name, value in self.site.environment.items())}
 
-    def other_user(self):
+    def launch(self, *command, **options):
+        return super().launch("sh", "-c", START_APACHE, *command, before=self.other_user(),
+                              process_group=0, **options)
+
+    @staticmethod
+    def other_user():
         """Apache refuses to be root. In a user namespace, this machine's root has another name."""
         if os.geteuid() != 0:
             return ()
