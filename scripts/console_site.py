@@ -4,6 +4,7 @@ import contextlib
 import os
 import pathlib
 import shutil
+import signal
 import socket
 import subprocess
 import time
@@ -48,7 +49,7 @@ class ConsoleSite(contextlib.AbstractContextManager):
         self.runner = runner
         self.scgi = scgi
         self._web_server = WEB_SERVERS[server](self)
-        self._processes = {}  # their names
+        self._processes = {}  # their names and the signals that end them
         self.board = None
         self.server = None  # the web server's process
         self.page_server = None
@@ -93,7 +94,7 @@ class ConsoleSite(contextlib.AbstractContextManager):
             self.page_server = None
 
     def _end(self, process):
-        process.terminate()
+        process.send_signal(self._processes[process][1])
         try:
             process.wait(START_LIMIT_SECONDS)
         except subprocess.TimeoutExpired:
@@ -107,7 +108,7 @@ class ConsoleSite(contextlib.AbstractContextManager):
         """Returns when one of the servers has ended, with its name. Meanwhile rotates the logs."""
         while True:
             self.rotate_logs()
-            for process, name in self._processes.items():
+            for process, (name, _) in self._processes.items():
                 if process.poll() is not None:
                     return name
             if self.page_server and self.page_server.failure:
@@ -152,12 +153,13 @@ class ConsoleSite(contextlib.AbstractContextManager):
         """The environment of a process that runs pages."""
         return {**os.environ, **{name: str(value) for name, value in self.environment.items()}}
 
-    def start(self, *command, name=None, before=(), **options):
-        """Starts a server, which ends with the process that started it, even if that one is killed.
-        `before` are the words of commands that start it."""
-        process = subprocess.Popen([*before, "setpriv", "--pdeathsig", "TERM", *command],
+    def start(self, *command, name=None, before=(), ending=signal.SIGTERM, **options):
+        """Starts a server, which the signal `ending` ends: when the site is left, and when the
+        process that started it has ended, even if that one was killed. `before` are the words of
+        commands that start it."""
+        process = subprocess.Popen([*before, "setpriv", "--pdeathsig", ending.name[3:], *command],
                                    **{"stdin": subprocess.DEVNULL, "umask": PRIVATE, **options})
-        self._processes[process] = name or pathlib.Path(command[0]).name
+        self._processes[process] = name or pathlib.Path(command[0]).name, ending
         return process
 
     def _start_web_server(self):

@@ -2,8 +2,12 @@
 # preset.
 # shellcheck shell=bash disable=SC2015,SC2034
 
-BUILD_PACKAGES="cmake g++ libc-bin libcrypt-dev libsqlite3-dev lighttpd lighttpd-mod-openssl
-    lighttpd-modules-lua ninja-build nettle-dev openssl python3 util-linux"
+BUILD_PACKAGES="cmake g++ libc-bin libcrypt-dev libsqlite3-dev ninja-build nettle-dev openssl
+    python3 util-linux"
+LIGHTTPD_PACKAGES="lighttpd lighttpd-mod-openssl lighttpd-modules-lua"
+NGINX_PACKAGES="fcgiwrap libnginx-mod-http-headers-more-filter nginx"
+APACHE_PACKAGES="apache2-bin"
+SERVER_PACKAGES="$LIGHTTPD_PACKAGES $NGINX_PACKAGES $APACHE_PACKAGES"
 CHECK_PACKAGES="python3-requests"
 TEST_PACKAGES="$CHECK_PACKAGES abigail-tools binutils clang-format clang-tidy cppcheck doxygen
     libgtest-dev mount pkg-config pyflakes3 shellcheck"
@@ -18,6 +22,32 @@ BENCH_PEERS="libcgicc-dev libcgi-pm-perl php-cgi"
 fail() {
     printf '%s: %s\n' "${0##*/}" "$1" >&2
     exit 1
+}
+
+# Run as root. Packages of web servers start a service and enable it for the next boot, but ./run starts
+# servers of its own: no service is started, and those of the new packages are disabled.
+INSTALL_WITHOUT_SERVICES='
+    policy=/usr/sbin/policy-rc.d
+    if [ ! -e $policy ]; then
+        trap "rm -f $policy" EXIT
+        trap "exit 1" HUP INT TERM
+        printf "#!/bin/sh\nexit 101\n" >$policy && chmod 755 $policy || exit 1
+    fi
+    export DEBIAN_FRONTEND=noninteractive
+    apt-get update -qq && apt-get install -y -qq --no-install-recommends "$@" >/dev/null || exit 1
+    for unit in fcgiwrap.service fcgiwrap.socket lighttpd.service nginx.service; do
+        case " $* " in
+            *" ${unit%.*} "*) deb-systemd-helper disable "$unit" && update-rc.d "${unit%.*}" disable ;;
+        esac || echo "$unit may start at the next boot: disable it" >&2
+    done'
+
+# server_packages NAME : those of a web server of ./run --server.
+server_packages() {
+    case $1 in
+        nginx) echo "$NGINX_PACKAGES" ;;
+        apache) echo "$APACHE_PACKAGES" ;;
+        *) echo "$LIGHTTPD_PACKAGES" ;;
+    esac
 }
 
 # install_packages NAME… : those of the Debian packages that are not installed yet.
@@ -35,9 +65,7 @@ install_packages() {
         privileged=(sudo)
     fi
     echo "Installing ${missing[*]}"
-    "${privileged[@]}" apt-get update -qq &&
-        "${privileged[@]}" env DEBIAN_FRONTEND=noninteractive \
-            apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null ||
+    "${privileged[@]}" sh -c "$INSTALL_WITHOUT_SERVICES" sh "${missing[@]}" ||
         fail "apt-get could not install: ${missing[*]}"
 }
 

@@ -5,6 +5,7 @@ import pathlib
 import re
 import resource
 import shutil
+import signal
 import subprocess
 
 from site_parts import SiteError, listen
@@ -26,16 +27,6 @@ for number in $(seq "$1"); do
     started="$started $!"
 done
 wait
-"""
-
-# Apache with plain CGI has a second process, which starts pages and outlives it. Both are in this
-# shell's process group. A page loses its client and ends.
-START_APACHE = """
-end() { trap '' TERM; kill -TERM 0; kill -KILL $!; exit; }
-trap end TERM
-"$0" "$@" &
-wait
-end
 """
 
 
@@ -61,7 +52,7 @@ class WebServer:
         return self.launch(program, *self.options, str(self.site.run / self.templates[0]))
 
     def launch(self, *command, before=(), **options):
-        return self.site.start(*command, name=self.program, before=(
+        return self.site.start(*command, before=(
             "prlimit", f"--nofile={descriptor_limit()}:", *before), **options)
 
     def filled(self, text):
@@ -117,7 +108,7 @@ class Nginx(WebServer):
         if shutil.which("fcgiwrap", path=os.environ["PATH"] + ":/usr/sbin") is None:
             raise SiteError("fcgiwrap is not installed: install the package fcgiwrap")
         with listen(self.site.run / "pages.sock", QUEUE) as listener, \
-                open(self.site.trace_log, "ab") as log:
+                open(self.site.trace_log, "ab", opener=private) as log:
             self.site.start("sh", "-c", START_FCGIWRAP, "sh", str(PAGES_AT_A_TIME),
                             name="fcgiwrap", stdin=listener,
                             stdout=subprocess.DEVNULL, stderr=log,
@@ -130,15 +121,17 @@ class Nginx(WebServer):
 class Apache(WebServer):
     program, package = "apache2", "apache2-bin"
     templates = ("apache.conf",)
-    options = ("-X", "-f")
+    options = ("-X", "-f")  # one process, so that nothing is left when it is killed
 
     def values(self):
         return {"ENVIRONMENT": "\n".join(
             f'SetEnv {name} "{value}"' for name, value in self.site.environment.items())}
 
     def launch(self, *command, **options):
-        return super().launch("sh", "-c", START_APACHE, *command, before=self.other_user(),
-                              process_group=0, **options)
+        # When told to end, Apache waits for its slowest client.
+        with open(self.site.trace_log, "ab", opener=private) as log:
+            return super().launch(*command, before=self.other_user(), ending=signal.SIGKILL,
+                                  stdout=log, **options)
 
     @staticmethod
     def other_user():
@@ -153,6 +146,10 @@ class Apache(WebServer):
 
 
 WEB_SERVERS = {"lighttpd": Lighttpd, "nginx": Nginx, "apache": Apache}
+
+
+def private(path, flags):
+    return os.open(path, flags, 0o600)
 
 
 def descriptor_limit():

@@ -59,9 +59,10 @@ class Access(SiteCase):
         super().tearDown()
         # The log notes failed exchanges with their session, and is therefore not for everybody.
         self.assertEqual(self.site.trace_log.stat().st_mode & 0o077, 0)
-        log = [line for line in self.trace_log().splitlines() if " CGIRequester::" not in line]
-        server = (self.site.run / "server.log").read_text(encoding="latin-1")
-        written = "\n".join((*log, server, *WatchedClient.pages))
+        lines = [line for log in self.site.run.glob("*.log")
+                 for line in log.read_text(encoding="latin-1").splitlines()
+                 if " CGIRequester::" not in line]
+        written = "\n".join((*lines, *WatchedClient.pages))
         self.assertEqual([secret for secret in SECRETS if secret in written], [])
 
     def state(self):

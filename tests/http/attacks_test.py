@@ -9,7 +9,7 @@ import unittest
 import unittest.mock
 
 from console_client import LOGIN
-from support.site_case import SiteCase, running_pages
+from support.site_case import WAY, SiteCase, running_pages
 
 STATUS, INSPECTOR = "/system/sys_status.cgi", "/common/request.cgi"
 TIMEOUT, STYLES = "/common/timeout.cgi", "/default.css"
@@ -49,20 +49,23 @@ class Attacks(SiteCase):
                 self.assertIn(b"413 ", self.answer(f"{head}{size}\r\n\r\n".encode())[:20])
         for path, size, status in ((LOGIN, FORM_LIMIT, 200), (INSPECTOR, 2 * 2**20, 200),
                                    (INSPECTOR, 2 * 2**20 + 6, 413)):
+            if size > FORM_LIMIT and WAY == {"server": "nginx", "scgi": False}:
+                status = 502  # fcgiwrap insists on writing the whole body
             self.assertEqual(self.client.request("POST", path, "%05x&" % 1 * (size // 6) +
                                                  "x" * (size % 6)).status, status)
 
     def test_refusals_and_what_follows_a_page_have_the_security_headers(self):
         end = b" HTTP/1.1\r\nHost: a\r\nConnection: close\r\n"
-        for request, status in (
+        for request, *statuses in (
                 (b"GET /common/login.cgi/x" + end, 404), (b"GET /common/login.cgi%2fx" + end, 404),
                 (b"GET /common/login.cgi/" + end, 404), (b"GET /default.css/x" + end, 404),
-                (b"GET /no.cgi" + end, 404), (b"GET /common/" + end, 403), (b"GET /\1" + end, 400),
-                (b"GET / HTTP/1.1\r\n", 400), (b"nothing known\r\n", 400), (b"FOO /" + end, 501),
-                (b"PUT /default.css" + end, 501), (b"GET /" + b"a" * 9000 + end, 431),
+                (b"GET /no.cgi" + end, 404), (b"GET /common/" + end, 403, 404),
+                (b"GET /\1" + end, 400), (b"GET / HTTP/1.1\r\n", 400),
+                (b"nothing known\r\n", 400), (b"FOO /" + end, 501),
+                (b"PUT /default.css" + end, 501), (b"GET /" + b"a" * 9000 + end, 414, 431),
                 (b"POST /common/login.cgi" + end + b"Content-Length: 99999999\r\n", 413)):
             answer = self.answer(request + b"\r\n")
-            self.assertIn(b" %d " % status, answer[:20])
+            self.assertIn(int(answer.split()[1]), statuses, request[:40])
             for header in SECURITY_HEADERS:
                 self.assertIn(header, answer, request[:40])
 

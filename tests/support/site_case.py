@@ -11,6 +11,9 @@ from console_client import ConsoleClient
 from console_site import ConsoleSite
 
 BUILD = Path(os.environ["CONSOLE_BUILD"])
+# The way of serving: a web server, and whether pages run in the page server.
+WAY = {"server": os.environ.get("CONSOLE_SERVER", "lighttpd"),
+       "scgi": os.environ.get("CONSOLE_SCGI", "") not in ("", "0")}
 SANITIZER_REPORTS = ("AddressSanitizer", "LeakSanitizer", "runtime error:")
 
 
@@ -31,7 +34,7 @@ class SiteCase(unittest.TestCase):
         cls.run_folder = cls.enterClassContext(tempfile.TemporaryDirectory())
         cls.site = cls.enterClassContext(ConsoleSite(BUILD, cls.run_folder,
                                                      environment=cls.environment,
-                                                     tls_port=cls.tls_port))
+                                                     tls_port=cls.tls_port, **WAY))
         cls.client = ConsoleClient(cls.site.url)
 
     def tearDown(self):
