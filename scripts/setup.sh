@@ -26,6 +26,7 @@ fail() {
 
 # Run as root. Packages of web servers start a service and enable it for the next boot, but ./run starts
 # servers of its own: no service is started, and those of the new packages are disabled.
+# shellcheck disable=SC2016
 INSTALL_WITHOUT_SERVICES='
     policy=/usr/sbin/policy-rc.d
     if [ ! -e $policy ]; then
@@ -37,7 +38,10 @@ INSTALL_WITHOUT_SERVICES='
     apt-get update -qq && apt-get install -y -qq --no-install-recommends "$@" >/dev/null || exit 1
     for unit in fcgiwrap.service fcgiwrap.socket lighttpd.service nginx.service; do
         case " $* " in
-            *" ${unit%.*} "*) deb-systemd-helper disable "$unit" && update-rc.d "${unit%.*}" disable ;;
+            *" ${unit%.*} "*)
+                DPKG_MAINTSCRIPT_PACKAGE=${unit%.*} deb-systemd-helper disable "$unit" &&
+                    update-rc.d "${unit%.*}" disable
+                ;;
         esac || echo "$unit may start at the next boot: disable it" >&2
     done'
 
