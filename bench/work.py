@@ -18,19 +18,24 @@ class Work:
 
     def __init__(self, build, folder):
         self.build = pathlib.Path(build)
-        self.pages = self.build / "site/usr/local/www/htdocs/bench"
+        self.pages = self.build / "site/usr/local/www/htdocs"
         self.folder = pathlib.Path(folder)
         self.page = (PEERS / "page.txt").read_bytes()
 
-    def ours(self, name, *arguments, environment=None, source="/dev/null"):
-        return Program([self.pages / f"{name}.cgi", *arguments],
+    def ours(self, name, *arguments, environment=None, source="/dev/null", folder="bench"):
+        """A page of the static console or, in the folder shared, one that links the library."""
+        return Program([self.pages / folder / f"{name}.cgi", *arguments],
                        {**REQUEST, **(environment or {})}, source)
+
+    def bare(self, name, environment=None, source="/dev/null"):
+        """A lower bound: it prints the page's bytes, or copies its input."""
+        return self.ours(name, environment=environment, source=source, folder="peers")
 
     def peer(self, kind, name, environment=None, source="/dev/null"):
         """The peer's program, or None when the peer is not on this machine."""
         environment = {**REQUEST, **(environment or {})}
         if kind == "cgicc":
-            program = self.pages / f"cgicc_{name}.cgi"
+            program = self.pages / "peers" / f"cgicc_{name}.cgi"
             return Program([program], environment, source) if program.exists() else None
         if kind == "PHP":
             program = shutil.which("php-cgi")
