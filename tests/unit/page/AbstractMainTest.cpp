@@ -1,13 +1,17 @@
 #include "gui/AbstractMain.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <cstdio>
 #include <filesystem>
 #include <functional>
 #include <stdexcept>
 #include <tuple>
 
 #include "gui/FormInfo.h"
+#include "gui/SelectMenu.h"
+#include "gui/TextString.h"
 #include "orv/PException.h"
 #include "support/Captured.h"
 #include "support/CgiRequest.h"
@@ -102,6 +106,21 @@ TEST_F(Main, ReturnsWhatThePageReturns) {
     EXPECT_EQ(child.status, 7);
     EXPECT_EQ(child.output, "page");
     EXPECT_TRUE(has(child.trace, "level=200 1/2/99 CGI program started\n"));
+}
+
+TEST_F(Main, SendsThePageInOrderAndAtOnce) {
+    const ChildResult child = run([](TestMain&) {
+        std::setvbuf(stdout, nullptr, _IOFBF, BUFSIZ);
+        std::cout << "1";
+        SelectMenu menu("n");
+        menu.add("a", "A");
+        menu.printHTML();
+        std::printf("2");
+        TextString("3").printHTML();
+        return static_cast<int>(lseek(STDOUT_FILENO, 0, SEEK_CUR));
+    });
+    EXPECT_EQ(child.status, 0) << "bytes were sent before the page's end";
+    EXPECT_EQ(child.output, "1<select name=\"n\">\n<option value=\"a\" selected>A\n</select>23");
 }
 
 TEST_F(Main, TurnsEveryExceptionIntoAnErrorPage) {
