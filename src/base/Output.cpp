@@ -2,9 +2,7 @@
 
 #include <charconv>
 #include <cstring>
-#include <ext/stdio_sync_filebuf.h>
 #include <iostream>
-#include <typeinfo>
 
 namespace ORVLib::Gui {
 
@@ -14,11 +12,9 @@ void writeText(std::string_view text) {
     std::cout.write(text.data(), static_cast<std::streamsize>(text.size()));
 }
 
-/// True when std::cout writes to C's standard output.
-bool hasStandardBuffer() {
-    const std::streambuf* const buffer = std::cout.rdbuf();
-    return buffer != nullptr && typeid(*buffer) == typeid(__gnu_cxx::stdio_sync_filebuf<char>);
-}
+/// The buffer that std::cout has when the program starts, which is that of C's stdout.
+// NOLINTNEXTLINE(cppcoreguidelines-interfaces-global-init): <iostream> constructs std::cout first
+const std::streambuf* const standardBuffer = std::cout.rdbuf();
 
 }  // namespace
 
@@ -47,7 +43,7 @@ Output& Output::operator<<(int number) {
 
 void Output::endLine() {
     *this << '\n';
-    if (!hasStandardBuffer()) {
+    if (std::cout.rdbuf() != standardBuffer) {
         print();
         std::cout.flush();
     }
