@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <iostream>
 #include <iterator>
@@ -47,6 +48,9 @@ int flood(int /*argc*/, char** /*argv*/, char** /*environment*/) {
 }
 
 int crash(int /*argc*/, char** /*argv*/, char** /*environment*/) {
+    if (std::cin.peek() != EOF) {
+        std::raise(SIGTERM);
+    }
     std::abort();
 }
 

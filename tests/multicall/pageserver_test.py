@@ -97,9 +97,10 @@ class PageServer(unittest.TestCase):
             self.assertEqual((server.returncode, output), (status, ""), options)
             self.assertRegex(errors, rf"^orvguid: [^\n]*{text}[^\n]*\n$")
         self.assertEqual(self.path.stat().st_mode & 0o777, 0o600)
+        self.begin("short").close()
         self.server.kill()
         self.server.wait()
-        self.start()  # replaces the socket that is left
+        self.start()  # replaces the socket that is left, while the page runs
         self.assertIn(b"/test/echo.cgi", self.ask("echo"))
 
     def test_malformed_requests_are_refused(self):
@@ -109,7 +110,7 @@ class PageServer(unittest.TestCase):
                 (b"GET / HTTP/1.0\r\n\r\n", 400), (b":,", 400), (b"-1:,", 400), (b"07:a,", 400),
                 (b" 7:", 400), (b"201:", 413), (b"99999999999999999999", 413), (b"0:,", 400),
                 (good[:-1] + b";", 400), (netstring(good[3:-2]), 400), (netstring(b"A\0\0"), 400),
-                (header("SCGI", 1, *PARAMETERS), 400), (header(*PARAMETERS[:2]), 400),
+                (header("LENGTH", *PARAMETERS[1:]), 400), (header(*PARAMETERS[:2]), 400),
                 (header(*PARAMETERS[:3], 2), 400), (header(*PARAMETERS, "SCGI", 1), 400),
                 (header(*PARAMETERS, "a", ""), 400), (header(*PARAMETERS, "", ""), 400),
                 (header(*PARAMETERS, "A-B", ""), 400), (header("CONTENT_LENGTH", ""), 400),
@@ -122,6 +123,15 @@ class PageServer(unittest.TestCase):
             with self.subTest(data=data[:100]):
                 answer = ask(self.path, data)
                 self.assertRegex(answer, rb"^Status: %d [^\n]*\nContent-Type: text/plain" % status)
+        with connect(self.path) as slow:
+            for byte in good[:15]:
+                slow.sendall(bytes([byte]))
+                time.sleep(0.1)
+            self.assertIn(b"Status: 408", slow.recv(100))
+        end = time.monotonic() + LIMIT
+        with connect(self.path, b"x") as endless, self.assertRaises(ConnectionError):
+            while time.monotonic() < end:
+                endless.sendall(bytes(KIB**2))
         log = self.log.read_bytes()
         self.assertRegex(log, rb"level=0 1/3/1 request refused: 404, no page is at /x\\x0a\\x1b/e")
         self.assertNotRegex(log, rb"[^ -~\n]")
@@ -132,7 +142,8 @@ class PageServer(unittest.TestCase):
         self.assertEqual(self.log.read_bytes().count(b"\n"), log.count(b"\n") + 1)
 
     def test_a_page_is_a_cgi_program(self):
-        self.start(env={"ORV_X": "own", "PATH": "own", "LISTEN_FDS": "1", "LISTEN_PID": "1"})
+        self.start(env={"ORV_X": "own", "PATH": "own", "LISTEN_PID": "1", "LISTEN_FDS": "1",
+                        "LISTEN_FDNAMES": "x"})
         names = ("ORV_X", "PATH", "LD_PRELOAD", "ORV_Y", "PATH_INFO", "HTTP_COOKIE")
         for size in (0, 1, 64 * KIB, 64 * KIB + 1, KIB**2 + 1):
             body = os.urandom(size)
@@ -221,8 +232,9 @@ class PageServer(unittest.TestCase):
         self.start()
         before = self.stack()
         other = self.begin("short")
-        self.assertEqual(self.ask("crash"), b"")
-        self.assertLogged(r"process \d+ of crash.cgi was ended by signal 6 \(Aborted\)")
+        for body, name in ((b"x", r"15 \(Terminated\)"), (b"", r"6 \(Aborted\)")):
+            self.assertEqual(self.ask("crash", body), b"")
+            self.assertLogged(rf"process \d+ of crash.cgi was ended by signal {name}")
         self.assertIn(b"/test/echo.cgi", self.ask("echo"))
         self.waitFor(lambda: self.stack() not in ([], before))
         self.assertEqual(rest(other), b"ended\n")

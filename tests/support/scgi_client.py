@@ -1,6 +1,5 @@
 """A client that speaks SCGI."""
 
-import contextlib
 import socket
 
 
@@ -18,12 +17,11 @@ def request(page, body=b"", *more):
 
 
 def connect(path, data=b"", limit=10):
-    """A connection on which `data` has been sent, as far as the server wanted it."""
+    """A connection on which `data` has been sent."""
     connection = socket.socket(socket.AF_UNIX)
     connection.settimeout(limit)
     connection.connect(str(path))
-    with contextlib.suppress(BrokenPipeError):
-        connection.sendall(data)
+    connection.sendall(data)
     return connection
 
 
