@@ -1,11 +1,11 @@
 """The console of a build folder: a simulated board and a web server on loopback."""
 
 import contextlib
+import http.client
 import os
 import pathlib
 import shutil
 import signal
-import socket
 import subprocess
 import time
 
@@ -166,13 +166,21 @@ class ConsoleSite(contextlib.AbstractContextManager):
         self.server = self._web_server.start()
         deadline = time.monotonic() + START_LIMIT_SECONDS
         while not self._answers():
+            if self.page_server and self.page_server.failure:
+                raise SiteError(self.page_server.failure)
             if self.server.poll() is not None or time.monotonic() > deadline:
                 raise SiteError(f"{self._web_server.program} did not start: see {self.server_log}")
             time.sleep(0.05)
 
     def _answers(self):
+        """Whether the web server accepts connections, and the page server runs pages."""
+        connection = http.client.HTTPConnection("127.0.0.1", self.port, START_LIMIT_SECONDS)
         try:
-            with socket.create_connection(("127.0.0.1", self.port)):
-                return True
-        except OSError:
+            with contextlib.closing(connection):
+                connection.connect()
+                if not self.scgi:
+                    return True
+                connection.request("GET", "/common/timeout.cgi")
+                return connection.getresponse().status == 200
+        except (OSError, http.client.HTTPException):
             return False
