@@ -117,7 +117,7 @@ private:
     void readPostData(int length);
     unsigned int readToBuffer(const char* from, const char* to, unsigned int limit);
     void readUrlEncoded(unsigned int length, unsigned int buffered);
-    void tokenize(std::string_view rest);
+    void tokenize(std::string_view text);
     static void decode(std::string& text);
     bool isBodyRead() const;
 

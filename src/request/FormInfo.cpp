@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <cstdlib>
 #include <cstring>
 #include <stdexcept>
@@ -12,7 +13,6 @@
 #include "base/Hex.h"
 #include "base/Log.h"
 #include "base/Numbers.h"
-#include "base/Tokens.h"
 #include "common/ByteOrder.h"
 #include "common/ErrorCode.h"
 #include "common/FileIo.h"
@@ -58,22 +58,87 @@ char unescaped(char first, char second) {
     return static_cast<char>(std::strtoul(digits, nullptr, 16) & 0xff);
 }
 
-/// The position of `name` in the order of the names, if it is within a few fields of `place`;
-/// otherwise some other position.
-FormInfo::FieldMap::iterator searchNear(FormInfo::FieldMap& fields,
+/// The characters that end or change a name or value of a URL-encoded text.
+class SpecialCharacters {
+public:
+    constexpr SpecialCharacters() : m_isSpecial() {
+        for (const char character : {'=', '&', '%', '+'}) {
+            m_isSpecial[static_cast<unsigned char>(character)] = true;
+        }
+    }
+
+    /// The first special character in [from, to), or `to`.
+    const char* find(const char* from, const char* to) const {
+        while (from != to && !m_isSpecial[static_cast<unsigned char>(*from)]) {
+            ++from;
+        }
+        return from;
+    }
+
+private:
+    bool m_isSpecial[UCHAR_MAX + 1];
+};
+
+constexpr SpecialCharacters SPECIAL_CHARACTERS;
+
+/// The names and values of a URL-encoded text, in one pass.
+class Tokens {
+public:
+    explicit Tokens(std::string_view text) : m_next(text.data()), m_end(m_next + text.size()) {}
+
+    /// Takes the next name or value of the pair, still encoded. It is empty when the pair has no
+    /// further one, because several "=" count as one.
+    std::string_view take() {
+        skip('=');
+        const char* const start = m_next;
+        m_next = SPECIAL_CHARACTERS.find(start, m_end);
+        m_isEncoded = m_next != m_end && *m_next != '=' && *m_next != '&';
+        while (m_next != m_end && *m_next != '=' && *m_next != '&') {
+            m_next = SPECIAL_CHARACTERS.find(m_next + 1, m_end);
+        }
+        return {start, static_cast<std::size_t>(m_next - start)};
+    }
+
+    /// True when the last name or value has characters to decode.
+    bool isEncoded() const { return m_isEncoded; }
+
+    /// Goes to the next pair, over the rest of this one. Returns false after the last pair.
+    bool nextPair() {
+        m_next = std::find(m_next, m_end, '&');
+        skip('&');
+        return m_next != m_end;
+    }
+
+private:
+    void skip(char delimiter) {
+        while (m_next != m_end && *m_next == delimiter) {
+            ++m_next;
+        }
+    }
+
+    const char* m_next;
+    const char* m_end;
+    bool m_isEncoded = false;
+};
+
+/// The first field whose name is not less than `name`. It is searched next to `place` first: fields
+/// that are next to each other in a form mostly have similar names.
+FormInfo::FieldMap::iterator searchFrom(FormInfo::FieldMap& fields,
                                         FormInfo::FieldMap::iterator place,
                                         const std::string& name) {
     constexpr int STEPS = 4;
-    for (int step = 0; step < STEPS; ++step) {
-        if (place != fields.end() && place->first < name) {
-            ++place;
-        } else if (place != fields.begin() && name < std::prev(place)->first) {
-            --place;
-        } else {
-            break;
-        }
+    int step = 0;
+    for (; step < STEPS && place != fields.end() && place->first < name; ++step) {
+        ++place;
     }
-    return place;
+    const bool isForward = step > 0;
+    for (; step < STEPS; ++step) {
+        if (isForward || place == fields.begin() || std::prev(place)->first < name) {
+            return place;
+        }
+        --place;
+    }
+    return fields.lower_bound(name);
 }
 
 }  // namespace
@@ -240,24 +305,29 @@ void FormInfo::readUrlEncoded(unsigned int length, unsigned int buffered) {
     tokenize({text, strnlen(text, length)});
 }
 
-void FormInfo::tokenize(std::string_view rest) {
-    std::string_view pair;
+void FormInfo::tokenize(std::string_view text) {
+    Tokens tokens(text);
+    const auto takeDecoded = [&tokens] {
+        std::string token(tokens.take());
+        if (tokens.isEncoded()) {
+            decode(token);
+        }
+        return token;
+    };
     FieldMap::iterator near = m_fields.end();
-    while (takeToken(rest, '&', pair)) {
-        std::string_view nameToken;
-        std::string_view valueToken;
-        if (!takeToken(pair, '=', nameToken)) {
+    do {
+        std::string name = takeDecoded();
+        if (name.empty()) {
             continue;
         }
-        takeToken(pair, '=', valueToken);
-        std::string name(nameToken);
-        std::string value(valueToken);
-        decode(name);
-        decode(value);
-        // Fields that are next to each other in a form mostly have similar names.
-        const auto place = searchNear(m_fields, near, name);
-        near = m_fields.insert_or_assign(place, std::move(name), std::move(value));
-    }
+        std::string value = takeDecoded();
+        near = searchFrom(m_fields, near, name);
+        if (near != m_fields.end() && near->first == name) {
+            near->second = std::move(value);
+        } else {
+            near = m_fields.emplace_hint(near, std::move(name), std::move(value));
+        }
+    } while (tokens.nextPair());
 }
 
 void FormInfo::decode(std::string& text) {
