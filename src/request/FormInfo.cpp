@@ -150,8 +150,7 @@ private:
 /// The first field whose name is not less than `name`. It is searched next to `place` first: fields
 /// that are next to each other in a form mostly have similar names.
 FormInfo::FieldMap::iterator searchFrom(FormInfo::FieldMap& fields,
-                                        FormInfo::FieldMap::iterator place,
-                                        const std::string& name) {
+                                        FormInfo::FieldMap::iterator place, std::string_view name) {
     constexpr int STEPS = 4;
     int step = 0;
     for (; step < STEPS && place != fields.end() && place->first < name; ++step) {
@@ -164,7 +163,7 @@ FormInfo::FieldMap::iterator searchFrom(FormInfo::FieldMap& fields,
         }
         --place;
     }
-    return fields.lower_bound(name);
+    return fields.lower_bound(std::string(name));
 }
 
 }  // namespace
@@ -333,25 +332,29 @@ void FormInfo::readUrlEncoded(unsigned int length, unsigned int buffered) {
 
 void FormInfo::tokenize(std::string_view text) {
     Tokens tokens(text);
-    const auto takeDecoded = [&tokens] {
-        std::string token(tokens.take());
-        if (tokens.isEncoded()) {
-            decode(token);
+    const auto takeDecoded = [&tokens](std::string& buffer) -> std::string_view {
+        const std::string_view token = tokens.take();
+        if (!tokens.isEncoded()) {
+            return token;
         }
-        return token;
+        buffer.assign(token);
+        decode(buffer);
+        return buffer;
     };
+    std::string decodedName;
+    std::string decodedValue;
     FieldMap::iterator near = m_fields.end();
     do {
-        std::string name = takeDecoded();
+        const std::string_view name = takeDecoded(decodedName);
         if (name.empty()) {
             continue;
         }
-        std::string value = takeDecoded();
+        const std::string_view value = takeDecoded(decodedValue);
         near = searchFrom(m_fields, near, name);
         if (near != m_fields.end() && near->first == name) {
-            near->second = std::move(value);
+            near->second = value;
         } else {
-            near = m_fields.emplace_hint(near, std::move(name), std::move(value));
+            near = m_fields.emplace_hint(near, name, value);
             if (m_fields.size() % FIELDS_PREPARED == 0) {
                 prepareHeap(FIELDS_PREPARED * FIELD_SIZE);
             }
