@@ -16,6 +16,9 @@ void writeText(std::string_view text) {
 // NOLINTNEXTLINE(cppcoreguidelines-interfaces-global-init): <iostream> constructs std::cout first
 const std::streambuf* const standardBuffer = std::cout.rdbuf();
 
+int openPages = 0;
+bool isFlushDue = false;
+
 }  // namespace
 
 Output& Output::operator<<(std::string_view text) {
@@ -43,10 +46,12 @@ Output& Output::operator<<(int number) {
 
 void Output::endLine() {
     *this << '\n';
-    if (std::cout.rdbuf() != standardBuffer) {
-        print();
-        std::cout.flush();
+    if (openPages > 0 && std::cout.rdbuf() == standardBuffer) {
+        isFlushDue = true;
+        return;
     }
+    print();
+    std::cout.flush();
 }
 
 void Output::print() {
@@ -58,6 +63,21 @@ void Output::print() {
 
 bool Output::flush() {
     return !std::cout.flush().fail();
+}
+
+Output::Page::Page() {
+    ++openPages;
+}
+
+Output::Page::~Page() {
+    --openPages;
+}
+
+void Output::Page::end() const {
+    if (openPages == 1 && isFlushDue) {
+        isFlushDue = false;
+        std::cout.flush();
+    }
 }
 
 }  // namespace ORVLib::Gui

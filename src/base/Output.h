@@ -28,9 +28,9 @@ public:
     }
     Output& operator<<(int number);
 
-    /// Ends the line. The standard buffer of std::cout is sent when it is full and at the end of
-    /// the page: a page in one write costs the browser and the web server least. Any other buffer,
-    /// which the page has chosen, is flushed.
+    /// Ends the line and flushes std::cout. While a page is printed from its skeleton, the standard
+    /// buffer of std::cout is flushed once at the end instead: one write costs least. A buffer that
+    /// the page has chosen is always flushed.
     void endLine();
 
     /// Writes the pieces to std::cout.
@@ -38,6 +38,18 @@ public:
 
     /// Sends what is in std::cout. Returns false when not all of the page was sent.
     static bool flush();
+
+    /// A page is printed from its skeleton during this object's lifetime. Pages may be nested.
+    class Page {
+    public:
+        Page();
+        ~Page();
+        Page(const Page&) = delete;
+        Page& operator=(const Page&) = delete;
+
+        /// Does the flush that was left out, at the end of the outermost page.
+        void end() const;
+    };
 
 private:
     std::size_t m_size = 0;

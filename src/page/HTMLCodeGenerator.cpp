@@ -84,6 +84,7 @@ void HTMLCodeGenerator::printHTML() const {
         printUnreadable();
         return;
     }
+    const Output::Page page;
     MarkerScanner scanner;
     Output output;
     const auto onText = [&output](std::string_view text) { output << text; };
@@ -101,6 +102,7 @@ void HTMLCodeGenerator::printHTML() const {
     }
     scanner.finish(onMarker);
     output.print();
+    page.end();
     if (length < 0) {
         logUnreadable();
     }

@@ -11,7 +11,6 @@
 
 #include "gui/FormInfo.h"
 #include "gui/SelectMenu.h"
-#include "gui/TextString.h"
 #include "orv/PException.h"
 #include "support/Captured.h"
 #include "support/CgiRequest.h"
@@ -108,19 +107,35 @@ TEST_F(Main, ReturnsWhatThePageReturns) {
     EXPECT_TRUE(has(child.trace, "level=200 1/2/99 CGI program started\n"));
 }
 
-TEST_F(Main, SendsThePageInOrderAndAtOnce) {
-    const ChildResult child = run([](TestMain&) {
+off_t sent() {
+    return lseek(STDOUT_FILENO, 0, SEEK_CUR);
+}
+
+TEST_F(Main, SendsAPageInOrderAndAtOnce) {
+    struct Probe : HTMLComponent {
+        void printHTML() const override { std::printf("%d", static_cast<int>(sent())); }
+        bool isError() const override { return false; }
+    };
+    const std::string skeleton = testing::TempDir() + "skeleton.txt";
+    writeFile(skeleton, "<$menu$$probe$>");
+    const ChildResult child = run([&skeleton](TestMain&) {
         std::setvbuf(stdout, nullptr, _IOFBF, BUFSIZ);
+        auto menu = std::make_unique<SelectMenu>("n");
+        menu->add("a", "A");
         std::cout << "1";
-        SelectMenu menu("n");
-        menu.add("a", "A");
-        menu.printHTML();
-        std::printf("2");
-        TextString("3").printHTML();
-        return static_cast<int>(lseek(STDOUT_FILENO, 0, SEEK_CUR));
+        menu->printHTML();  // by itself, with its lines flushed
+        const int direct = static_cast<int>(sent());
+        HTMLPage page(1);
+        HTMLMapUtil::insertIntoMap(page.getMap(), "menu", std::move(menu));
+        HTMLMapUtil::insertIntoMap(page.getMap(), "probe", new Probe);
+        page.getGenerator().setSkeletonFileName(skeleton);
+        page.getGenerator().printHTML();
+        return sent() > direct ? 0 : 1;  // sent by the generator, not only at the page's end
     });
-    EXPECT_EQ(child.status, 0) << "bytes were sent before the page's end";
-    EXPECT_EQ(child.output, "1<select name=\"n\">\n<option value=\"a\" selected>A\n</select>23");
+    EXPECT_EQ(child.status, 0);
+    const std::string lines = "<select name=\"n\">\n<option value=\"a\" selected>A\n";
+    const std::string menu = lines + "</select>";
+    EXPECT_EQ(child.output, "1" + menu + "<" + menu + std::to_string(1 + lines.size()) + ">");
 }
 
 TEST_F(Main, TurnsEveryExceptionIntoAnErrorPage) {
