@@ -64,7 +64,7 @@ std::string nameOf(pid_t process) {
 
 }  // namespace
 
-PageServer::PageServer(const ServerOptions& options, Inheritance inheritance, char** argv)
+PageServer::PageServer(const ServerOptions& options, Inheritance&& inheritance, char** argv)
     : m_options(options),
       m_listener(std::move(inheritance.listener)),
       m_argv(argv),

@@ -18,7 +18,7 @@ namespace ORVLib::MultiCall {
 class PageServer {
 public:
     /// `argv` are the words to execute the program anew with.
-    PageServer(const ServerOptions& options, Inheritance inheritance, char** argv);
+    PageServer(const ServerOptions& options, Inheritance&& inheritance, char** argv);
 
     /// Returns after SIGTERM or SIGINT, when the pages of all accepted connections have ended.
     void run();

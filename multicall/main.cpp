@@ -19,7 +19,7 @@ constexpr std::string_view SERVER_NAME = "orvguid";
 
 /// The path that the kernel was given. Unlike argv[0], every web server passes it in full.
 std::string_view startedPath(char** argv) {
-    const auto path = reinterpret_cast<const char*>(getauxval(AT_EXECFN));
+    const auto path = reinterpret_cast<const char*>(getauxval(AT_EXECFN));  // NOLINT
     return path != nullptr ? path : argv[0] != nullptr ? argv[0] : "";
 }
 
