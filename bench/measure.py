@@ -22,6 +22,7 @@ from work import MIB, Work, body_of, contents, require_same
 PROJECT = pathlib.Path(__file__).resolve().parent.parent
 LINEAR = 1.1  # the largest exponent that counts as linear, and as n log n at these sizes
 PASSES = 32
+BUDGETS = {"the page": 265000, "the session page": 280000, "a field": 1500, "an option": 1150}
 BARE = {"bare_static": "bare C++, static", "bare": "bare C++", "bare_c": "bare C"}
 
 
@@ -316,6 +317,27 @@ class Rows:
         require_same(page, "".join(f"Unit&nbsp;{i}\n" for i in range(count)).encode(), whole=True)
         return page
 
+    def budgets(self):
+        """Instructions, which repeat exactly on one kind of processor."""
+        session = self.work.session(self.site)
+        fields = []
+        for count in (40000, 80000):
+            environment, body = self.work.form(count)
+            fields.append(self.work.ours("fields", environment=environment, source=body))
+        options = [self.work.ours("big_page", "menu", count) for count in (2500, 5000)]
+        counts = {"the page": self.meter.instructions(self.work.ours("page")),
+                  "the session page": self.meter.instructions(
+                      self.work.ours("session_page", environment=session)),
+                  "a field": self._each(fields, 40000), "an option": self._each(options, 2500)}
+        return [Line(f"budget of {what}", "–", f"{count:,.0f} instructions", "–",
+                     target=f"≤ {BUDGETS[what]:,}", met=count <= BUDGETS[what])
+                for what, count in counts.items()]
+
+    def _each(self, programs, more):
+        """What one more unit costs, from two programs the second of which has `more` of them."""
+        fewer, most = map(self.meter.instructions, programs)
+        return (most - fewer) / more
+
     def start_up(self):
         lines = []
         for folder, row, name in (("bench", "start-up", "bare_static"),
@@ -331,7 +353,8 @@ class Rows:
 ROWS = {"page": Rows.page, "session page": Rows.session_page, "served": Rows.served,
         "clients": Rows.served_clients, "size": Rows.size,
         "upload": Rows.upload, "upload memory": Rows.upload_memory, "fields": Rows.fields,
-        "escape": Rows.escape, "big page": Rows.big_page, "start-up": Rows.start_up}
+        "escape": Rows.escape, "big page": Rows.big_page, "start-up": Rows.start_up,
+        "budgets": Rows.budgets}
 
 
 def machine():
@@ -376,6 +399,8 @@ def main():
                          indent=1, ensure_ascii=False))
     else:
         print_table(lines, where)
+    if any(line.row.startswith("budget") and not line.met for line in lines):
+        raise BenchError("a budget is exceeded: find the cause, or justify a new one in the change")
 
 
 if __name__ == "__main__":
