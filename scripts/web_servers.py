@@ -128,6 +128,7 @@ class Apache(WebServer):
             f'SetEnv {name} "{value}"' for name, value in self.site.environment.items())}
 
     def launch(self, *command, **options):
+        (self.site.run / "apache.pid").unlink(missing_ok=True)
         # When told to end, Apache waits for its slowest client.
         with open(self.site.trace_log, "ab", opener=private) as log:
             return super().launch(*command, before=self.other_user(), ending=signal.SIGKILL,
