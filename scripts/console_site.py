@@ -45,6 +45,7 @@ class ConsoleSite(contextlib.AbstractContextManager):
         self.tls_url = f"https://127.0.0.1:{self.tls_port}"
         self.certificate = self.run / "tls.pem"
         self.trace_log, self.server_log = self.run / "trace.log", self.run / "server.log"
+        self.uploads = self.run / "uploads"  # of the web server
         self.board_options = board_options
         self.runner = runner
         self.scgi = scgi
@@ -77,10 +78,9 @@ class ConsoleSite(contextlib.AbstractContextManager):
         self.run.mkdir(parents=True, exist_ok=True)
         self.run.chmod(0o777 & ~PRIVATE)
         # A web server that was killed keeps here what it had received.
-        uploads = self.run / "uploads"
-        if uploads.exists():
-            shutil.rmtree(uploads)
-        uploads.mkdir()
+        if self.uploads.exists():
+            shutil.rmtree(self.uploads)
+        self.uploads.mkdir()
         if self.tls_port is not None:
             require_port(self.tls_port)
             if not self.certificate.exists():

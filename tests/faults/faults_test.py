@@ -23,7 +23,7 @@ from support.board_client import (
 from console_client import BOUNDARY, multipart
 from support.fault_case import (
     BUILD, ERROR_STATUS, NOT_LOADED, SANITIZED, FaultCase, take_small_disk, uploads)
-from support.site_case import running_pages
+from support.site_case import WAY, running_pages
 
 INSPECTOR, NAMES = "/common/request.cgi", "/system/sys_info.cgi"
 SEARCH, FIRMWARE = "/system/sel_filtering.cgi", "/maintenance/orv_firmup.cgi"
@@ -261,8 +261,8 @@ class Peers(FaultCase):
         for ending in (signal.SIGTERM, signal.SIGKILL):
             for sent, delay in ((len(body) // 2, 0.01), *((len(body), i / 200) for i in range(6))):
                 with self.subTest(ending=ending, sent=sent, delay=delay), \
-                        ConsoleSite(BUILD, self.folder) as site:
-                    self.assertEqual(list(self.folder.glob("lighttpd-upload*")), [])
+                        ConsoleSite(BUILD, self.folder, **WAY) as site:
+                    self.assertEqual([path for path in site.uploads.rglob("*") if path.is_file()], [])
                     connection = http.client.HTTPConnection("127.0.0.1", site.port)
                     connection.putrequest("POST", INSPECTOR)
                     connection.putheader("Content-Type",
