@@ -1,10 +1,12 @@
-"""Ports, the certificate and the error of a served console."""
+"""Ports, sockets, the certificate and the error of a served console."""
 
 import contextlib
+import pathlib
 import random
 import socket
 import subprocess
 
+PROJECT = pathlib.Path(__file__).resolve().parent.parent
 PRIVATE = 0o077  # file mode mask: state, keys and logs are for whoever starts the servers
 CERTIFICATE_DAYS = 3650
 

@@ -1,16 +1,15 @@
-"""The web servers that can serve the console: configuration, command line and logs of each."""
+"""The web servers that can serve the console (docs/servers.md): configuration and start of each."""
 
 import os
-import pathlib
 import re
 import resource
 import shutil
 import signal
 import subprocess
 
-from site_parts import SiteError, listen
+from site_parts import PROJECT, SiteError, listen
 
-TEMPLATES = pathlib.Path(__file__).resolve().parent.parent / "console" / "servers"
+TEMPLATES = PROJECT / "console" / "servers"
 CONDITION = re.compile(r"^@([a-z]+)@")  # a line for plain CGI, SCGI, HTTPS or root alone
 DESCRIPTORS = 16384  # for 8192 clients, and a page for each
 PAGES_AT_A_TIME = 200  # more than the places for pages, so that a page refuses what is too much
@@ -52,6 +51,7 @@ class WebServer:
         return self.launch(program, *self.options, str(self.site.run / self.templates[0]))
 
     def launch(self, *command, before=(), **options):
+        """Starts a command with as many descriptors as a server needs; `before` is of site.start()."""
         return self.site.start(*command, before=(
             "prlimit", f"--nofile={descriptor_limit()}:", *before), **options)
 
@@ -70,7 +70,7 @@ class WebServer:
                 lines.append(line[condition.end():])
         text = "".join(lines)
         values = {"PORT": site.port, "TLS_PORT": site.tls_port, "CERTIFICATE": site.certificate,
-                  "PROJECT": TEMPLATES.parent.parent, "SITE": site.build / "site",
+                  "PROJECT": PROJECT, "SITE": site.build / "site",
                   "RUN": site.run, "FILE_PAGES": FILE_PAGES, **self.values()}
         return re.sub("@(%s)@" % "|".join(values), lambda word: str(values[word[1]]), text)
 
@@ -110,9 +110,8 @@ class Nginx(WebServer):
         with listen(self.site.run / "pages.sock", QUEUE) as listener, \
                 open(self.site.trace_log, "ab", opener=private) as log:
             self.site.start("sh", "-c", START_FCGIWRAP, "sh", str(PAGES_AT_A_TIME),
-                            name="fcgiwrap", stdin=listener,
-                            stdout=subprocess.DEVNULL, stderr=log,
-                            env=self.site.page_environment())
+                            name="fcgiwrap", env=self.site.page_environment(), stdin=listener,
+                            stdout=subprocess.DEVNULL, stderr=log)
 
     def values(self):
         return {"PARAM": "scgi_param" if self.site.scgi else "fastcgi_param"}

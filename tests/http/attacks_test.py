@@ -9,7 +9,7 @@ import unittest
 import unittest.mock
 
 from console_client import LOGIN
-from support.site_case import SiteCase, running_pages
+from support.site_case import WAY, SiteCase, running_pages
 
 STATUS, INSPECTOR = "/system/sys_status.cgi", "/common/request.cgi"
 TIMEOUT, STYLES = "/common/timeout.cgi", "/default.css"
@@ -80,6 +80,13 @@ class Attacks(SiteCase):
         status, seconds = self.serve_other(LOGIN)
         self.assertEqual(status, 200)
         self.assertLess(seconds, 1)
+
+    @unittest.skipUnless(WAY["scgi"], "pages run as CGI programs")
+    def test_a_page_server_that_is_killed_refuses_nobody(self):
+        for _ in range(3):
+            self.site.page_server.process.kill()
+            status, seconds = self.serve_other(LOGIN)
+            self.assertEqual((status, seconds < 1), (200, True))
 
     def test_a_board_that_hangs_holds_a_bounded_number_of_pages(self):
         request = f"GET {STATUS} HTTP/1.1\r\nHost: a\r\nCookie: sid=x\r\nConnection: close\r\n\r\n"

@@ -19,7 +19,7 @@ import unittest
 import xml.etree.ElementTree
 
 from build_folder import BuildFolder
-from console_site import PROJECT
+from site_parts import PROJECT
 
 
 LISTS = pathlib.Path(__file__).resolve().parent
