@@ -110,8 +110,12 @@ public:
     void terminate();
 
 private:
-    // Bytes that are searched at a time. The buffer has space for as many that wait to be written.
+    // Bytes that are searched at a time. The buffer has space for them and for a block that waits
+    // to be written.
     static constexpr unsigned int READ_BUFFER_SIZE = 0x10000;
+    // A file is written in blocks of this size, at multiples of it. The page cache keeps such a
+    // block in one piece, and a write that ends inside one costs much more.
+    static constexpr unsigned int FILE_BLOCK_SIZE = 0x40000;
 
     void setURLInfo();
     void readPostData(int length);

@@ -266,7 +266,7 @@ std::string FormInfo::getURLInfo(CGIRequester& requester) {
 
 void FormInfo::readPostData(int length) {
     try {
-        m_readBuffer.reset(new char[std::size_t{2} * READ_BUFFER_SIZE]);
+        m_readBuffer.reset(new char[READ_BUFFER_SIZE + FILE_BLOCK_SIZE]);
         const unsigned int buffered = readToBuffer(nullptr, nullptr, READ_BUFFER_SIZE);
         if (buffered == 0) {
             return;

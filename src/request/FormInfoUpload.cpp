@@ -20,9 +20,7 @@ namespace {
 
 constexpr char TEMPORARY_FILE_PREFIX[] = "/var/tmp/tmp_";
 
-// A file is written in blocks of this size, at multiples of it. The page cache keeps such a block
-// in one piece, and a write that ends inside one costs much more.
-constexpr unsigned int FILE_BLOCK_SIZE = 0x10000;
+// Bytes that are read after a block, for the start of the next one.
 constexpr unsigned int SLACK = 4096;
 
 constexpr std::string_view LINE_END = "\r\n";
