@@ -9,6 +9,7 @@
 #include "common/FileDescriptor.h"
 #include "common/FileIo.h"
 #include "gui/FormInfo.h"
+#include "request/MarkerSearch.h"
 #include "request/UploadGuard.h"
 
 // Multipart bodies: parsed part by part in the read buffer, from which the bytes of a file are
@@ -102,8 +103,8 @@ bool FormInfo::getBlockEnd(char* from, char* to, char** end) const {
         *end = to;
         return true;
     }
-    for (*end = findBytes(from, to, marker); *end != nullptr;
-         *end = findBytes(*end + 1, to, marker)) {
+    const MarkerSearch search(marker);
+    for (*end = search.find(from, to); *end != nullptr; *end = search.find(*end + 1, to)) {
         const char* const tail = *end + marker.size();
         if (startsWith(tail, to, LINE_END) || startsWith(tail, to, LAST_PART_END)) {
             return true;
