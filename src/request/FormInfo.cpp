@@ -147,23 +147,40 @@ private:
     bool m_isEncoded = false;
 };
 
-/// The first field whose name is not less than `name`. It is searched next to `place` first: fields
-/// that are next to each other in a form mostly have similar names.
-FormInfo::FieldMap::iterator searchFrom(FormInfo::FieldMap& fields,
-                                        FormInfo::FieldMap::iterator place, std::string_view name) {
+/// A place in the order of the names: that of the field with a name, or of the next field.
+struct Place {
+    FormInfo::FieldMap::iterator field;
+    bool isTaken;
+};
+
+/// The place of `name`. It is searched next to `near` first: fields that are next to each other in
+/// a form mostly have similar names.
+Place findPlace(FormInfo::FieldMap& fields, FormInfo::FieldMap::iterator near,
+                std::string_view name) {
     constexpr int STEPS = 4;
-    int step = 0;
-    for (; step < STEPS && place != fields.end() && place->first < name; ++step) {
-        ++place;
-    }
-    const bool isForward = step > 0;
-    for (; step < STEPS; ++step) {
-        if (isForward || place == fields.begin() || std::prev(place)->first < name) {
-            return place;
+    const auto compare = [&fields, name](FormInfo::FieldMap::iterator field) {
+        return field != fields.end() ? field->first.compare(name) : 1;
+    };
+    int order = compare(near);
+    for (int step = 0; step < STEPS && order != 0; ++step) {
+        if (order < 0) {
+            order = compare(++near);
+            if (order > 0) {
+                return {near, false};
+            }
+        } else {
+            order = near != fields.begin() ? compare(std::prev(near)) : -1;
+            if (order < 0) {
+                return {near, false};
+            }
+            --near;
         }
-        --place;
     }
-    return fields.lower_bound(std::string(name));
+    if (order != 0) {
+        near = fields.lower_bound(std::string(name));
+        order = compare(near);
+    }
+    return {near, order == 0};
 }
 
 }  // namespace
@@ -350,8 +367,9 @@ void FormInfo::tokenize(std::string_view text) {
             continue;
         }
         const std::string_view value = takeDecoded(decodedValue);
-        near = searchFrom(m_fields, near, name);
-        if (near != m_fields.end() && near->first == name) {
+        const Place place = findPlace(m_fields, near, name);
+        near = place.field;
+        if (place.isTaken) {
             near->second = value;
         } else {
             near = m_fields.emplace_hint(near, name, value);
