@@ -336,6 +336,7 @@ void FormInfo::readUrlEncoded(unsigned int length, unsigned int buffered) {
     std::unique_ptr<char[]> whole;
     if (length > buffered) {
         whole.reset(new char[length]);
+        populate(whole.get(), std::min(length, unsigned{LARGEST_BODY_AT_START}));
         std::memcpy(whole.get(), text, buffered);
         // One read for the rest, and the body ends where it ends: the web server passes so long a
         // form from its own file, not from a slow client.
