@@ -68,7 +68,7 @@ constexpr std::size_t FIELDS_PREPARED = 1024;
 static_assert(FIELDS_PREPARED * FIELD_SIZE < 0x20000);
 
 /// Has the kernel provide the memory at `from` now. A page fault for each page costs twice as much.
-/// Kernels before Linux 5.14 ignore the call.
+/// Kernels before Linux 5.14 refuse the call, which costs only time.
 void populate(void* from, std::size_t size) {
     constexpr int POPULATE_WRITE = 23;  // MADV_POPULATE_WRITE, which older headers do not have
     const std::size_t before =
@@ -78,10 +78,8 @@ void populate(void* from, std::size_t size) {
 
 /// Populates the memory that the next `size` bytes of small blocks will be allocated from.
 void prepareHeap(std::size_t size) {
-    if (void* const block = std::malloc(size)) {
-        populate(block, size);
-        std::free(block);
-    }
+    const std::unique_ptr<char[]> block(new char[size]);
+    populate(block.get(), size);
 }
 
 /// The characters that end or change a name or value of a URL-encoded text.
