@@ -66,5 +66,6 @@ class PageServer:
                 self.process = subprocess.Popen(
                     ["setpriv", "--pdeathsig", "TERM", "sh", "-c", PASS_SOCKET, "sh", self.program,
                      "--children", str(CHILDREN), "--log", self._site.trace_log],
-                    stdin=self._listener, stdout=subprocess.DEVNULL, umask=PRIVATE, env=self._site.page_environment())
+                    stdin=self._listener, stdout=subprocess.DEVNULL, umask=PRIVATE,
+                    env=self._site.page_environment())
             return not self._stopped

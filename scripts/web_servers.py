@@ -51,7 +51,7 @@ class WebServer:
         return self.launch(program, *self.options, str(self.site.run / self.templates[0]))
 
     def launch(self, *command, before=(), **options):
-        """Starts a command with as many descriptors as a server needs; `before` is of site.start()."""
+        """Starts a command with as many descriptors as a server needs, by site.start()."""
         return self.site.start(*command, before=(
             "prlimit", f"--nofile={descriptor_limit()}:", *before), **options)
 

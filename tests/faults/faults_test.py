@@ -262,7 +262,7 @@ class Peers(FaultCase):
             for sent, delay in ((len(body) // 2, 0.01), *((len(body), i / 200) for i in range(6))):
                 with self.subTest(ending=ending, sent=sent, delay=delay), \
                         ConsoleSite(BUILD, self.folder, **WAY) as site:
-                    self.assertEqual([path for path in site.uploads.rglob("*") if path.is_file()], [])
+                    self.assertFalse([path for path in site.uploads.rglob("*") if path.is_file()])
                     connection = http.client.HTTPConnection("127.0.0.1", site.port)
                     connection.putrequest("POST", INSPECTOR)
                     connection.putheader("Content-Type",
