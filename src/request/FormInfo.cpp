@@ -145,6 +145,22 @@ private:
     bool m_isEncoded = false;
 };
 
+/// As first.compare(second). Most names of a form differ in their first bytes, which are compared
+/// as one number.
+int compareNames(std::string_view first, std::string_view second) {
+    constexpr std::size_t SIZE = 8;
+    if (first.size() >= SIZE && second.size() >= SIZE) {
+        const auto start = [](std::string_view name) {
+            const auto* const bytes = reinterpret_cast<const unsigned char*>(name.data());
+            return std::uint64_t{Bytes::read32(bytes)} << 32 | Bytes::read32(bytes + 4);
+        };
+        if (start(first) != start(second)) {
+            return start(first) < start(second) ? -1 : 1;
+        }
+    }
+    return first.compare(second);
+}
+
 /// A place in the order of the names: that of the field with a name, or of the next field.
 struct Place {
     FormInfo::FieldMap::iterator field;
@@ -157,7 +173,7 @@ Place findPlace(FormInfo::FieldMap& fields, FormInfo::FieldMap::iterator near,
                 std::string_view name) {
     constexpr int STEPS = 4;
     const auto compare = [&fields, name](FormInfo::FieldMap::iterator field) {
-        return field != fields.end() ? field->first.compare(name) : 1;
+        return field != fields.end() ? compareNames(field->first, name) : 1;
     };
     int order = compare(near);
     for (int step = 0; step < STEPS && order != 0; ++step) {

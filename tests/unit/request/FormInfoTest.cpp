@@ -30,6 +30,10 @@ TEST(UrlEncoded, IsSplitAndDecodedTheSameInQueryAndBody) {
                               TextCase{"a", "a="},
                               TextCase{"=&==&a=1", "a=1"},
                               TextCase{"A=1&a=2&\xe4=3", "A=1&a=2&\xe4=3"},
+                              TextCase{"name_of_a=1&\xe4"
+                                       "ame_of_a=2&name_of_a=3",
+                                       "name_of_a=3&\xe4"
+                                       "ame_of_a=2"},
                               TextCase{"a+b=c+d", "a b=c d"},
                               TextCase{"x=%41%2b+", "x=A+ "},
                               TextCase{"%41%3d=%26", "A==&"},
