@@ -1,11 +1,11 @@
 """The console of a build folder: a simulated board and a web server on loopback."""
 
 import contextlib
-import http.client
 import os
 import pathlib
 import shutil
 import signal
+import socket
 import subprocess
 import time
 
@@ -173,14 +173,9 @@ class ConsoleSite(contextlib.AbstractContextManager):
             time.sleep(0.05)
 
     def _answers(self):
-        """Whether the web server accepts connections, and the page server runs pages."""
-        connection = http.client.HTTPConnection("127.0.0.1", self.port, START_LIMIT_SECONDS)
+        """Whether the web server accepts connections, and the page server runs."""
         try:
-            with contextlib.closing(connection):
-                connection.connect()
-                if not self.scgi:
-                    return True
-                connection.request("GET", "/common/timeout.cgi")
-                return connection.getresponse().status == 200
-        except (OSError, http.client.HTTPException):
+            with socket.create_connection(("127.0.0.1", self.port)):
+                return not self.page_server or self.page_server.ready.is_set()
+        except OSError:
             return False

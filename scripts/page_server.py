@@ -19,13 +19,15 @@ PASS_SOCKET = 'LISTEN_FDS=1 LISTEN_PID=$$ exec "$@" 3<&0 </dev/null'
 class PageServer:
     """Holds the socket and starts the server again when it ends: requests wait meanwhile.
 
-    `failure` is None, or the reason why the server is not started again.
+    `ready` is set when it runs for the first time. `failure` is None, or the reason why it is not
+    started again.
     """
 
     def __init__(self, site):
         self.program = site.build / "site/usr/local/www/orvguid"
         if not self.program.exists():
             raise SiteError(f"{self.program} does not exist: build it with ORVGUI_PAGES=multicall")
+        self.ready = threading.Event()
         self.failure = None
         self.process = None
         self._site = site
@@ -51,6 +53,9 @@ class PageServer:
             short_lives = 0
             while not self.failure and self._start():
                 begun = time.monotonic()
+                with self.process.stdout as printed:
+                    if printed.readline():
+                        self.ready.set()
                 status = self.process.wait()
                 if time.monotonic() - begun > SHORT_LIFE_SECONDS:
                     short_lives = 0
@@ -66,6 +71,6 @@ class PageServer:
                 self.process = subprocess.Popen(
                     ["setpriv", "--pdeathsig", "TERM", "sh", "-c", PASS_SOCKET, "sh", self.program,
                      "--children", str(CHILDREN), "--log", self._site.trace_log],
-                    stdin=self._listener, stdout=subprocess.DEVNULL, umask=PRIVATE,
+                    stdin=self._listener, stdout=subprocess.PIPE, umask=PRIVATE,
                     env=self._site.page_environment())
             return not self._stopped
