@@ -112,7 +112,7 @@ class ConsoleSite(contextlib.AbstractContextManager):
                 if process.poll() is not None:
                     return name
             if self.page_server and self.page_server.failure:
-                return self.page_server.failure
+                raise SiteError(self.page_server.failure)
             time.sleep(0.2)
 
     def rotate_logs(self):

@@ -17,12 +17,13 @@ QUEUE = 1024
 FILE_PAGES = r"^/(common/request|maintenance/orv_(firmup|backup_restore))\.cgi$"
 
 # Starts $1 processes of fcgiwrap with this one's input, the listening socket. fcgiwrap itself ends
-# only between two requests when it is told to end; so it is killed, and its page has no client.
+# only between two requests when it is told to end; so it is killed, and its page has no client. A
+# process whose parent ended before it asked for the signal does not start.
 START_FCGIWRAP = """
 exec 3<&0
-trap 'kill -KILL $started; exit' TERM
+trap 'kill -KILL $started; exit' HUP INT TERM
 for number in $(seq "$1"); do
-    setpriv --pdeathsig KILL fcgiwrap <&3 3<&- &
+    setpriv --pdeathsig KILL sh -c '[ $PPID = "$0" ] && exec fcgiwrap' $$ <&3 3<&- &
     started="$started $!"
 done
 wait
