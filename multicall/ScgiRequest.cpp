@@ -12,6 +12,7 @@ namespace {
 constexpr std::string_view DIGITS = "0123456789";
 constexpr std::string_view NAME_CHARACTERS = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_";
 constexpr std::string_view LENGTH_NAME = "CONTENT_LENGTH";
+constexpr std::string_view CLIENT_HEADER_PREFIX = "HTTP_";
 
 // More digits than the longest header needs.
 constexpr std::size_t MOST_DIGITS = 9;
@@ -50,9 +51,10 @@ std::string_view takeText(std::string_view& rest) {
 
 void addParameter(ScgiHeader& header, std::string_view name, std::string_view value) {
     if (!isMadeOf(NAME_CHARACTERS, name)) {
-        refuse("the header has a malformed name");
+        return;
     }
-    if (!header.parameters.emplace(name, value).second) {
+    const bool isClients = name.substr(0, CLIENT_HEADER_PREFIX.size()) == CLIENT_HEADER_PREFIX;
+    if (!header.parameters.emplace(name, value).second && !isClients) {
         refuse("the header has a name twice");
     }
 }

@@ -25,9 +25,11 @@ constexpr int LARGEST_HEADER_LIMIT = 16 * 1024 * 1024;
 /// Refusal when its length is not a number, or more than `largest`.
 std::size_t measureNetstring(std::string_view received, int largest);
 
-/// Reads a whole netstring, of the size that measureNetstring() returned. Throws Refusal unless the
-/// first parameter is CONTENT_LENGTH, a number up to `largestBody`, SCGI is 1, and each name is in
-/// capitals, digits and "_" and occurs once.
+/// Reads a whole netstring, of the size that measureNetstring() returned. Names with other
+/// characters than capitals, digits and "_" are ignored: some web servers send their own settings.
+/// Of a header that the client sent twice, HTTP_*, the first value counts, as in a CGI program's
+/// environment. Throws Refusal unless the first parameter is CONTENT_LENGTH, a number up to
+/// `largestBody`, SCGI is 1, and each other name occurs once.
 ScgiHeader parseScgiHeader(std::string_view netstring, int largestBody);
 
 }  // namespace ORVLib::MultiCall

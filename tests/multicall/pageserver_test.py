@@ -112,8 +112,7 @@ class PageServer(unittest.TestCase):
                 (good[:-1] + b";", 400), (netstring(good[3:-2]), 400), (netstring(b"A\0\0"), 400),
                 (header("LENGTH", *PARAMETERS[1:]), 400), (header(*PARAMETERS[:2]), 400),
                 (header(*PARAMETERS[:3], 2), 400), (header(*PARAMETERS, "SCGI", 1), 400),
-                (header(*PARAMETERS, "a", ""), 400), (header(*PARAMETERS, "", ""), 400),
-                (header(*PARAMETERS, "A-B", ""), 400), (header("CONTENT_LENGTH", ""), 400),
+                (header("CONTENT_LENGTH", ""), 400),
                 (header("CONTENT_LENGTH", "+1"), 400),
                 (header("CONTENT_LENGTH", 101, *PARAMETERS[2:]) + bytes(10**6), 413),
                 (header(*PARAMETERS[:4]), 404), (header(*PARAMETERS[:5], "/echo.cgi"), 404),
@@ -144,11 +143,12 @@ class PageServer(unittest.TestCase):
     def test_a_page_is_a_cgi_program(self):
         self.start(env={"ORV_X": "own", "PATH": "own", "LISTEN_PID": "1", "LISTEN_FDS": "1",
                         "LISTEN_FDNAMES": "x"})
-        names = ("ORV_X", "PATH", "LD_PRELOAD", "ORV_Y", "PATH_INFO", "HTTP_COOKIE")
+        names = ("ORV_X", "PATH", "LD_PRELOAD", "ORV_Y", "PATH_INFO", "HTTP_COOKIE", "a", "A-B", "")
         for size in (0, 1, 64 * KIB, 64 * KIB + 1, KIB**2 + 1):
             body = os.urandom(size)
             texts = [text for name in names for text in (name, "given")]
-            head, environment, echoed = [*self.ask("echo", body, *texts).split(b"\n\n", 2)]
+            head, environment, echoed = [
+                *self.ask("echo", body, *texts, "HTTP_COOKIE", "again").split(b"\n\n", 2)]
             self.assertEqual((head, echoed == body), (b"Content-Type: text/plain", True), size)
             self.assertEqual(environment.decode().split("\n")[0], "test/echo.cgi")
             self.assertEqual(sorted(environment.decode().split("\n")[1:]), sorted([
