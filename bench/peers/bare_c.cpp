@@ -1,5 +1,5 @@
-// The lower bound in C: a program that prints the bytes of a page and does nothing else. It is linked
-// without the C++ library.
+// The lower bound in C: a program that prints the bytes of a page and does nothing else. It is
+// linked without the C++ library.
 
 #include <cstdio>
 

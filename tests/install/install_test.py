@@ -50,7 +50,8 @@ HARDENED = (
 )
 
 # Functions for which a static C library loads shared ones.
-LOADING = r"(dlopen|dlsym|iconv_open|get(addr|name)info|get(host|serv|net|proto|pw|gr|sp)\w+|initgroups)"
+LOADING = (r"dlopen|dlsym|iconv_open|get(addr|name)info|initgroups"
+           r"|get(host|serv|net|proto|pw|gr|sp)\w+")
 
 # A project with a target of its own whose name is also one here.
 CMAKE_PROJECT = """\

@@ -185,7 +185,7 @@ class PageServer(unittest.TestCase):
             self.log.rename(self.folder / f"log{number}")
             self.server.send_signal(number)
             if number == signal.SIGHUP:
-                self.waitFor(lambda: self.stack() not in ([], before))
+                self.waitFor(lambda before=before: self.stack() not in ([], before))
                 self.waitFor(self.log.exists)
                 queued.settimeout(0.1)  # the pages from before are still counted
                 self.assertRaises(TimeoutError, queued.recv, 1)
