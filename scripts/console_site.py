@@ -52,8 +52,12 @@ class ConsoleSite(contextlib.AbstractContextManager):
         self._web_server = WEB_SERVERS[server](self)
         self._processes = {}  # their names and the signals that end them
         self.board = None
-        self.server = None  # the web server's process
         self.page_server = None
+
+    @property
+    def server(self):
+        """The web server's process."""
+        return self._web_server.process
 
     def __enter__(self):
         require_port(self.port)
@@ -117,14 +121,22 @@ class ConsoleSite(contextlib.AbstractContextManager):
 
     def rotate_logs(self):
         """Begins a log anew when it is large; keeps the last few as trace.log.1 and so on."""
-        for log in (self.trace_log, self.server_log):
-            if not log.exists() or log.stat().st_size <= LARGEST_LOG:
-                continue
-            for age in range(LOGS_KEPT - 1, 0, -1):
-                older = log.with_name(f"{log.name}.{age}")
-                if older.exists():
-                    older.rename(log.with_name(f"{log.name}.{age + 1}"))
-            # Processes append to the log and keep it open: it is emptied, not replaced.
+        pages = self.page_server or self._web_server
+        self._rotate(self.trace_log, pages.process, pages.trace_log_signal)
+        self._rotate(self.server_log, self._web_server.process, self._web_server.server_log_signal)
+
+    @staticmethod
+    def _rotate(log, writer, opens_again):
+        if not log.exists() or log.stat().st_size <= LARGEST_LOG:
+            return
+        for age in range(LOGS_KEPT - 1, 0, -1):
+            older = log.with_name(f"{log.name}.{age}")
+            if older.exists():
+                older.rename(log.with_name(f"{log.name}.{age + 1}"))
+        if opens_again:
+            log.rename(log.with_name(log.name + ".1"))
+            writer.send_signal(opens_again)
+        else:  # its processes append to the file that they have
             shutil.copy(log, log.with_name(log.name + ".1"))
             os.truncate(log, 0)
 
@@ -163,7 +175,7 @@ class ConsoleSite(contextlib.AbstractContextManager):
         return process
 
     def _start_web_server(self):
-        self.server = self._web_server.start()
+        self._web_server.process = self._web_server.start()
         deadline = time.monotonic() + START_LIMIT_SECONDS
         while not self._answers():
             if self.page_server and self.page_server.failure:

@@ -1,5 +1,6 @@
 """Keeps the page server of a console running (docs/page-server.md)."""
 
+import signal
 import subprocess
 import threading
 import time
@@ -22,6 +23,8 @@ class PageServer:
     `ready` is set when it runs for the first time. `failure` is None, or the reason why it is not
     started again.
     """
+
+    trace_log_signal = signal.SIGHUP  # it opens the log again, and is executed anew
 
     def __init__(self, site):
         self.program = site.build / "site/usr/local/www/orvguid"

@@ -37,9 +37,12 @@ class WebServer:
     program, package = "", ""
     templates = ()  # of configuration files; the first one is the main file
     options = ()  # before the path of the configuration
+    # Signals at which the server opens these logs again, or None. Pages write the trace log.
+    server_log_signal = trace_log_signal = None
 
     def __init__(self, site):
         self.site = site
+        self.process = None
 
     def start(self):
         """Starts the server; returns its process."""
@@ -84,6 +87,7 @@ class Lighttpd(WebServer):
     program = package = "lighttpd"
     templates = ("lighttpd.conf",)
     options = ("-D", "-f")
+    server_log_signal = trace_log_signal = signal.SIGHUP
 
     def values(self):
         return {"RUNNER": self.site.runner, "ENVIRONMENT": ", ".join(
@@ -95,6 +99,7 @@ class Nginx(WebServer):
 
     program = package = "nginx"
     templates = ("nginx.conf", "nginx-pages.conf")
+    server_log_signal = signal.SIGUSR1
 
     def __init__(self, site):
         super().__init__(site)
