@@ -36,6 +36,8 @@ FormPage::FormPage(const PageContext& context, Function function, Text purpose,
     }
 }
 
+FormPage::~FormPage() = default;
+
 void FormPage::addShown(Text label, Component value) {
     m_shown->add(text(label), std::move(value));
 }

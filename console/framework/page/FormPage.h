@@ -15,6 +15,9 @@ namespace Console {
 /// The base of pages whose form changes something: the step of the request, the parts of the form
 /// that all of them have, the fields it carries, and the completion page.
 class FormPage : public ORVLib::Gui::CommonDefaultPage {
+public:
+    ~FormPage() override;  // not inline: each page would have a copy of this class's tables
+
 protected:
     /// The function gives the page its title and address; `purpose` says what the page is for.
     /// `skeleton` is a file name in the folder of the page skeletons.

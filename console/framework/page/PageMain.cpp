@@ -8,6 +8,8 @@ using namespace ORVLib::Gui;
 
 namespace Console {
 
+PageMain::~PageMain() = default;
+
 std::string PageMain::getField(const std::string& name) const {
     return fieldOf(*m_formInfo, name);
 }

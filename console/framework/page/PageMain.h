@@ -13,6 +13,9 @@ namespace Console {
 /// The main object of a page: prints the title, the style sheet and the frame of every page around
 /// the page's body.
 class PageMain : public ORVLib::Gui::AbstractMain {
+public:
+    ~PageMain() override;  // not inline: each page would have a copy of this class's tables
+
 protected:
     PageMain(ORVLib::Gui::FormInfo& form, Module module)
         : AbstractMain(&form, static_cast<int>(module)) {}
