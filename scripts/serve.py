@@ -92,10 +92,10 @@ def main():
             serve(site)
     except SiteError as problem:
         print(f"run: {problem}", file=sys.stderr)
+        return problem.status
     except Stopped as signal_number:
         print("\nstopped")
         return 128 + signal_number.args[0] if arguments.check else 0
-    return 1
 
 
 if __name__ == "__main__":

@@ -14,6 +14,14 @@ CERTIFICATE_DAYS = 3650
 class SiteError(Exception):
     """Why the console cannot be served, in one line that says what to do."""
 
+    status = 1  # of ./run
+
+
+class NotAllowedError(SiteError):
+    """This machine does not allow what the chosen web server needs. Tests are skipped."""
+
+    status = 77
+
 
 def free_port():
     """A port below those that the kernel gives to clients, which could take it meanwhile."""

@@ -7,7 +7,7 @@ import shutil
 import signal
 import subprocess
 
-from site_parts import PROJECT, SiteError, listen
+from site_parts import PROJECT, NotAllowedError, SiteError, listen
 
 TEMPLATES = PROJECT / "console" / "servers"
 CONDITION = re.compile(r"^@([a-z]+)@")  # a line for plain CGI, SCGI, HTTPS or root alone
@@ -146,8 +146,8 @@ class Apache(WebServer):
             return ()
         namespace = ("unshare", "--user", "--map-user=1")
         if subprocess.run([*namespace, "true"], capture_output=True, check=False).returncode != 0:
-            raise SiteError("Apache refuses to run as root, and there are no user namespaces here:"
-                            " start ./run as another user, or choose another server")
+            raise NotAllowedError("Apache refuses to run as root, and there are no user namespaces"
+                                  " here: start ./run as another user, or choose another server")
         return namespace
 
 
