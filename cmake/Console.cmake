@@ -18,6 +18,9 @@ endif()
 include(CheckCXXSourceCompiles)
 set(CMAKE_REQUIRED_LINK_OPTIONS -static-pie)
 check_cxx_source_compiles("int main() { return 0; }" ORVGUI_HAS_STATIC_PIE)
+# Linkers for some machines only warn that they do not pack relocations.
+set(CMAKE_REQUIRED_LINK_OPTIONS -static-pie LINKER:-z,pack-relative-relocs LINKER:--fatal-warnings)
+check_cxx_source_compiles("int main() { return 0; }" ORVGUI_HAS_PACKED_RELOCATIONS)
 unset(CMAKE_REQUIRED_LINK_OPTIONS)
 set(static OFF)
 if(ORVGUI_PAGES STREQUAL "multicall" AND ORVGUI_HAS_STATIC_PIE AND NOT ORVGUI_SANITIZE
@@ -40,7 +43,8 @@ function(orvgui_link_statically target)
     # The C library refuses to start a static program that has a run path.
     set_target_properties(${target} PROPERTIES SKIP_BUILD_RPATH ON INSTALL_RPATH "")
     target_link_options(${target} PRIVATE
-        LINKER:--gc-sections LINKER:-z,pack-relative-relocs LINKER:--fatal-warnings
+        LINKER:--gc-sections LINKER:--fatal-warnings
+        $<$<BOOL:${ORVGUI_HAS_PACKED_RELOCATIONS}>:LINKER:-z,pack-relative-relocs>
         LINKER:-Map=${CMAKE_CURRENT_BINARY_DIR}/${target}.map LINKER:--cref)
     target_link_libraries(${target} PRIVATE -static-pie)  # after, and in place of, -pie
 endfunction()

@@ -63,7 +63,7 @@ FileDescriptor openLog(const std::string& path) {
     return log;
 }
 
-/// A server that was restarted goes on with the log that it has.
+/// A restarted server keeps its present log when the file cannot be opened.
 FileDescriptor openLogAgain(const std::string& path) {
     try {
         return openLog(path);
