@@ -25,6 +25,19 @@ document.addEventListener("DOMContentLoaded", function () {
     }
 });
 
+// The first wrong input, or otherwise what the page says about its form, gets the focus, so that a
+// screen reader says it.
+document.addEventListener("DOMContentLoaded", function () {
+    var wrong = document.querySelector("[aria-invalid]:is(input, select)");
+    var message = document.querySelector(":is([role=alert], [role=status]):not(:empty)");
+    if (!wrong && message) {
+        message.tabIndex = -1;
+    }
+    if (wrong || message) {
+        (wrong || message).focus();
+    }
+});
+
 // The text box of a file field shows the chosen file as soon as the dialog closes.
 document.addEventListener("change", function (event) {
     var chooser = event.target;

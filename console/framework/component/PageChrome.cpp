@@ -2,6 +2,7 @@
 
 #include "framework/backend/Environment.h"
 #include "framework/component/Components.h"
+#include "framework/component/PageText.h"
 #include "gui/Cookie.h"
 
 using namespace ORVLib::Gui;
@@ -23,6 +24,7 @@ void putSentence(ComponentMap& map, const std::string& marker, const std::string
 void setTitleAndStyle(HTMLPage& page, const std::string& title) {
     putText(page.getMap(), "title", title);
     putText(page.getMap(), "css", "/default.css");
+    putText(page.getMap(), "lang", text(TEXT_LANGUAGE_TAG));
 }
 
 std::unique_ptr<HTMLComponent> makeSessionCookie(const std::string& sessionId) {

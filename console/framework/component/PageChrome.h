@@ -15,7 +15,7 @@ void putText(ORVLib::Gui::ComponentMap& map, const std::string& marker, const st
 void putSentence(ORVLib::Gui::ComponentMap& map, const std::string& marker,
                  const std::string& text);
 
-/// Gives a page its title and the console's style sheet.
+/// Gives a page its title, the language of its texts, and the console's style sheet.
 void setTitleAndStyle(ORVLib::Gui::HTMLPage& page, const std::string& title);
 
 /// True for a request over HTTPS.

@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "framework/backend/Digits.h"
+#include "framework/component/PageText.h"
 #include "framework/input/Form.h"
 #include "gui/MessageMgr.h"
 #include "gui/TextField.h"
@@ -32,6 +33,10 @@ bool BoxesInput::isEmpty() const {
         }
     }
     return true;
+}
+
+std::string BoxesInput::getBoxName(std::size_t box) const {
+    return text(TEXT_BOX) + ' ' + std::to_string(box + 1);
 }
 
 std::string BoxesInput::boxValue(std::size_t number) const {

@@ -16,6 +16,9 @@ public:
     bool isEmpty() const override;
     bool isGroup() const override { return true; }
 
+    /// The number of the box, from 1.
+    std::string getBoxName(std::size_t box) const override;
+
 protected:
     /// `separator` is the character between two boxes in the text. When `allowEmpty`, either all
     /// boxes are empty or none.

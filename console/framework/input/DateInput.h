@@ -11,7 +11,7 @@ namespace Console {
 class DateInput : public MomentInput<ORVLib::Gui::DateField> {
 public:
     explicit DateInput(const std::string& name, bool allowEmpty = false)
-        : MomentInput(name, '-', allowEmpty) {}
+        : MomentInput(name, '-', allowEmpty, TEXT_YEAR) {}
 
 private:
     bool isGood() const override;

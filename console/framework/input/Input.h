@@ -44,6 +44,10 @@ public:
     /// True for several boxes or buttons: they have one legend in place of a label.
     virtual bool isGroup() const { return false; }
 
+    /// The name of one of several boxes, such as "Month", which a screen reader says. Empty for a
+    /// box with a label.
+    virtual std::string getBoxName(std::size_t) const { return ""; }
+
 protected:
     explicit Input(std::string name, std::size_t fields = 1)
         : m_name(std::move(name)), m_values(fields) {}

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iostream>
 
+#include "framework/component/AddedAttributes.h"
 #include "framework/component/Components.h"
 #include "framework/component/PageText.h"
 #include "gui/TextString.h"
@@ -76,7 +77,8 @@ void InputList::printInputs() const {
     }
 }
 
-// A label belongs to one input; a group of boxes or buttons is a field set with a legend.
+// A label belongs to one input; a group of boxes or buttons is a field set with a legend. A wrong
+// input names the element of its hint, for users who hear the page.
 void InputList::printInput(const Entry& entry) {
     const bool isGroup = entry.input->isGroup();
     std::cout << (isGroup ? "<fieldset class=\"entry" : "<p class=\"entry")
@@ -84,13 +86,24 @@ void InputList::printInput(const Entry& entry) {
               << (isGroup ? "<legend class=\"label\">" : "<label><span class=\"label\">");
     makeSentence(entry.label)->printHTML();
     std::cout << (isGroup ? "</legend> " : "</span> ");
-    entry.input->print();
+    const std::string hintId = entry.input->getName() + "_hint";
+    printWithAttributes([&entry] { entry.input->print(); },
+                        [&](std::size_t box) { return attributesOf(entry, box, hintId); });
     std::cout << (isGroup ? "" : "</label>");
     if (entry.wrong) {
-        std::cout << ' ';
+        std::cout << " <span" << attribute("id", hintId) << '>';
         makeSentence(text(entry.hint), TextString::ERROR_COLOUR)->printHTML();
+        std::cout << "</span>";
     }
     std::cout << (isGroup ? "</fieldset>\n" : "</p>\n");
+}
+
+std::string InputList::attributesOf(const Entry& entry, std::size_t box,
+                                    const std::string& hintId) {
+    const std::string boxName = entry.input->getBoxName(box);
+    return (boxName.empty() ? "" : attribute("aria-label", boxName)) +
+           (entry.wrong ? attribute("aria-invalid", "true") + attribute("aria-describedby", hintId)
+                        : "");
 }
 
 void InputList::printValues() const {

@@ -60,6 +60,7 @@ private:
 
     static void printInput(const Entry& entry);
     static void printValue(const Entry& entry);
+    static std::string attributesOf(const Entry& entry, std::size_t box, const std::string& hintId);
 
     void addEntry(const std::string& label, Text hint, std::unique_ptr<Input> input);
 

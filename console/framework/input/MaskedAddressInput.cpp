@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "framework/backend/Digits.h"
+#include "framework/component/PageText.h"
 #include "gui/IPAddrMaskField.h"
 
 using namespace ORVLib::Gui;
@@ -55,6 +56,10 @@ bool MaskedAddressInput::isGood() const {
     }
     field.setMaskBit(getValue(ADDRESS_BOXES));
     return !field.isError();
+}
+
+std::string MaskedAddressInput::getBoxName(std::size_t box) const {
+    return box == ADDRESS_BOXES ? text(TEXT_MASK_BITS) : BoxesInput::getBoxName(box);
 }
 
 void MaskedAddressInput::print() const {

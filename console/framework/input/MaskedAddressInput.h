@@ -17,6 +17,7 @@ public:
     void read(RecordReader& record) override;
     void write(Record& record) const override;
     void print() const override;
+    std::string getBoxName(std::size_t box) const override;
 
 private:
     bool isGood() const override;

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "framework/component/PageText.h"
 #include "framework/input/BoxesInput.h"
 #include "framework/input/Form.h"
 
@@ -20,14 +21,22 @@ public:
         Field(getName(), "", FORM_NAME, boxValue(0), boxValue(1), boxValue(2)).printHTML();
     }
 
+    std::string getBoxName(std::size_t box) const override {
+        return text(static_cast<Text>(m_firstBoxName + static_cast<int>(box)));
+    }
+
 protected:
-    MomentInput(const std::string& name, char separator, bool allowEmpty)
-        : BoxesInput(name, 3, separator, allowEmpty) {}
+    /// The names of the boxes are three texts with successive numbers.
+    MomentInput(const std::string& name, char separator, bool allowEmpty, Text firstBoxName)
+        : BoxesInput(name, 3, separator, allowEmpty), m_firstBoxName(firstBoxName) {}
 
     /// The field with the text that was typed, to check it.
     Field makeField() const {
         return Field(getName(), "", FORM_NAME, getValue(0), getValue(1), getValue(2));
     }
+
+private:
+    Text m_firstBoxName;
 };
 
 }  // namespace Console

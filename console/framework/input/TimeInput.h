@@ -11,7 +11,7 @@ namespace Console {
 class TimeInput : public MomentInput<ORVLib::Gui::TimeField> {
 public:
     explicit TimeInput(const std::string& name, bool allowEmpty = false)
-        : MomentInput(name, ':', allowEmpty) {}
+        : MomentInput(name, ':', allowEmpty, TEXT_HOUR) {}
 
 private:
     bool isGood() const override;

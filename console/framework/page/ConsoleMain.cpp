@@ -16,6 +16,8 @@ void ConsoleMain::showPage(PageContext& context) {
     if (!hasPartition || !mayUse(context.requester, m_authority, function, context.partition)) {
         errorExit("Error", ERROR_NOT_AUTHORISED);
     }
+    HTMLMapUtil::insertIntoMap(m_page->getMap(), "skip_link",
+                               makeLink("#content", text(TEXT_SKIP), "", "skip"));
     if (isSelfRefreshing()) {
         setAutoRefresh(*m_page);
     }

@@ -4,6 +4,7 @@
 
 #include "framework/access/Rights.h"
 #include "framework/backend/Board.h"
+#include "framework/component/AddedAttributes.h"
 #include "framework/component/PageText.h"
 #include "gui/ORVGUIUtil.h"
 
@@ -41,8 +42,8 @@ std::string partitionPath(Function function, int partition) {
 Component makePartitionTabs(const PageContext& context, Function function) {
     auto tabs = std::make_unique<ComponentGroup>();
     for (const int partition : context.partitions) {
-        tabs->add(makeLink(partitionPath(function, partition), partitionName(partition), "",
-                           partition == context.partition ? "current" : ""));
+        tabs->add(makeTab(partitionPath(function, partition), partitionName(partition),
+                          partition == context.partition));
     }
     return tabs;
 }

@@ -1,5 +1,6 @@
 #include "framework/page/UploadPage.h"
 
+#include "framework/component/AddedAttributes.h"
 #include "framework/component/PageChrome.h"
 #include "framework/input/Form.h"
 #include "gui/FileField.h"
@@ -79,7 +80,10 @@ void UploadPage::showForm(const std::string& notice) {
     putText(getMap(), "file_label", text(m_file));
     HTMLMapUtil::insertIntoMap(
         getMap(), "file",
-        std::make_unique<FileField>(FILE_FIELD, "", FORM_NAME, text(TEXT_BROWSE), FILE_FIELD_SIZE));
+        std::make_unique<AddedAttributes>(
+            std::make_unique<FileField>(FILE_FIELD, "", FORM_NAME, text(TEXT_BROWSE),
+                                        FILE_FIELD_SIZE),
+            [this](std::size_t) { return attribute("aria-label", text(m_file)); }));
     putButton("submit", TEXT_NEXT);
 }
 

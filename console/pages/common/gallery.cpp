@@ -3,6 +3,7 @@
 #include <iostream>
 #include <vector>
 
+#include "framework/component/AddedAttributes.h"
 #include "framework/component/SkeletonPart.h"
 #include "framework/input/Form.h"
 #include "framework/page/PageMain.h"
@@ -232,7 +233,7 @@ constexpr Column COLUMNS[] = {
 class GalleryTable : public HTMLComponent {
 public:
     void printHTML() const override {
-        std::cout << "<table class=\"gallery\">\n<tr><th></th>";
+        std::cout << "<table class=\"gallery\">\n<tr><td></td>";
         for (const Column& column : COLUMNS) {
             std::cout << "<th scope=\"col\">";
             TextString(text(column.head)).printHTML();
@@ -263,7 +264,8 @@ private:
                 std::string(exhibit.className) + "_" + column.suffix + (valid ? "" : "_invalid");
             const Component component = exhibit.make({name, column.displayMode, valid});
             std::cout << (component->isError() ? "<td class=\"wrong\">" : "<td>");
-            component->printHTML();
+            printWithAttributes([&component] { component->printHTML(); },
+                                [&name](std::size_t) { return attribute("aria-label", name); });
             std::cout << "</td>";
         }
         std::cout << "</tr>\n";

@@ -3,7 +3,7 @@
 #include <iostream>
 
 #include "framework/access/Rights.h"
-#include "framework/component/Components.h"
+#include "framework/component/AddedAttributes.h"
 #include "framework/page/Program.h"
 #include "framework/page/SessionMain.h"
 #include "gui/MenuData.h"
@@ -44,14 +44,24 @@ private:
     std::vector<Component> m_links;
 };
 
+/// The landmark around the top menus.
+class Navigation : public ComponentGroup {
+public:
+    void printHTML() const override {
+        std::cout << "<nav" << attribute("aria-label", text(TEXT_FUNCTIONS)) << ">\n";
+        ComponentGroup::printHTML();
+        std::cout << "</nav>\n";
+    }
+};
+
 class MenuMain : public SessionMain {
 public:
     explicit MenuMain(FormInfo& form) : SessionMain(form, Module::MENU) {}
 
 protected:
     void showPage(PageContext& context) override {
-        beginPage(TEXT_CONSOLE);
-        auto menus = std::make_unique<ComponentGroup>();
+        beginPage(TEXT_FUNCTIONS);
+        auto menus = std::make_unique<Navigation>();
         for (int menu = 0; menu < MenuData::TOP_MENUS; ++menu) {
             menus->add(makeTopMenu(menu, context.requester));
         }
@@ -72,9 +82,9 @@ private:
 
     /// The link loads all frames again, because menu and information strip show the function.
     Component makeFunctionLink(const FunctionEntry& entry) {
-        return makeLink(
+        return makeTab(
             std::string(FRAME_PATH) + '?' + FUNCTION_FIELD + '=' + std::to_string(entry.function),
-            text(entry.title), "_top", isCurrent("mid", entry.function) ? "current" : "");
+            text(entry.title), isCurrent("mid", entry.function), "_top");
     }
 
     /// True for the menu or function that the frameset's address names.
