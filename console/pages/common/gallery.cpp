@@ -265,7 +265,7 @@ private:
             const Component component = exhibit.make({name, column.displayMode, valid});
             std::cout << (component->isError() ? "<td class=\"wrong\">" : "<td>");
             printWithAttributes([&component] { component->printHTML(); },
-                                [&name](std::size_t) { return attribute("aria-label", name); });
+                                [&name](std::size_t) { return attribute("title", name); });
             std::cout << "</td>";
         }
         std::cout << "</tr>\n";

@@ -99,7 +99,7 @@ private:
 
     Component makeForm() {
         auto form = std::make_unique<SkeletonPart>("skeleton_login.txt");
-        form->putText("console", text(TEXT_CONSOLE));
+        form->putSentence("console", text(TEXT_CONSOLE));
         form->putText("user_label", text(TEXT_USER_NAME));
         form->putText("password_label", text(TEXT_PASSWORD));
         form->put("user", std::make_unique<TextField>("user", inputValue(m_user), FORM_NAME,
@@ -108,7 +108,7 @@ private:
                                                               LONGEST_NAME, LONGEST_NAME));
         form->put("submit", std::make_unique<SubmitButton>("login", text(TEXT_LOGIN)));
         if (m_problem != TEXT_CONSOLE) {
-            form->put("problem", makeText(text(m_problem), TextString::ERROR_COLOUR));
+            form->put("problem", makeSentence(text(m_problem), TextString::ERROR_COLOUR));
         }
         return form;
     }

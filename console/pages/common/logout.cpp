@@ -44,7 +44,7 @@ private:
 
     static Component makeQuestion(const CGIRequester& requester, bool isRefused) {
         auto question = std::make_unique<SkeletonPart>("skeleton_logout.txt");
-        question->putText("question", text(TEXT_ASK_LOGOUT));
+        question->putSentence("question", text(TEXT_ASK_LOGOUT));
         question->put("submit", std::make_unique<SubmitButton>("logout", text(TEXT_LOGOUT)));
         question->put(END_FIELD, makeFormEnd(requester));
         if (isRefused) {
