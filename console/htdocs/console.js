@@ -38,6 +38,20 @@ document.addEventListener("DOMContentLoaded", function () {
     }
 });
 
+// A table that is wider than its frame scrolls by keys, too. Some browsers do this themselves.
+function reachScrollers() {
+    document.querySelectorAll(".card, .events").forEach(function (frame) {
+        if (frame.scrollWidth > frame.clientWidth) {
+            frame.tabIndex = 0;
+        } else {
+            frame.removeAttribute("tabindex");
+        }
+    });
+}
+
+window.addEventListener("load", reachScrollers);
+window.addEventListener("resize", reachScrollers);
+
 // The text box of a file field shows the chosen file as soon as the dialog closes.
 document.addEventListener("change", function (event) {
     var chooser = event.target;

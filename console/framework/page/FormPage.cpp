@@ -98,7 +98,11 @@ void FormPage::putButton(const std::string& marker, Text label) {
 }
 
 void FormPage::showCompletion() {
+    constexpr int NO_CODE = 0;
     setComplPageItemToMap(text(m_title), "\"location.href='" + m_returnPath + "'\"", m_completion);
+    // In place of the library's component, whose lines cannot wrap.
+    HTMLMapUtil::insertIntoMap(getMap(), "message",
+                               makeSentence(m_context.messages.getMessage(m_completion, NO_CODE)));
 }
 
 }  // namespace Console

@@ -120,7 +120,6 @@ std::unique_ptr<SkeletonPart> makeEventList(
     std::vector<std::pair<std::string, std::string>> fields) {
     const std::vector<Event> events = readEvents(context, query);
     auto part = std::make_unique<SkeletonPart>("skeleton_events.txt");
-    part->putText("events_label", text(TEXT_EVENTS));
     part->put("table", makeTable(context.messages, events));
     if (!query.before.empty()) {
         part->put("newest", makeLink(addressWith(path, fields), text(TEXT_NEWEST_EVENTS)));
