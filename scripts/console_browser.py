@@ -44,6 +44,11 @@ class ConsoleBrowser(contextlib.AbstractContextManager):
                                     {"width": width, "height": height, "deviceScaleFactor": 1,
                                      "mobile": False})
 
+    def prefer(self, scheme):
+        """Sets the user's colours: "light" or "dark"."""
+        self.driver.execute_cdp_cmd("Emulation.setEmulatedMedia", {
+            "features": [{"name": "prefers-color-scheme", "value": scheme}]})
+
     def open(self, path):
         self.driver.get(self.url + path)
 

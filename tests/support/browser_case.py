@@ -15,7 +15,7 @@ class BrowserCase(SiteCase):
         super().tearDown()
         self.assertEqual(self.browser.complaints(), [])
 
-    def set_language(self, user, language):
-        """Changes the language that the console speaks with a user."""
+    def set_language(self, user, language, item="0x02010026"):
+        """Changes the language that the console speaks with a user, or that of another item."""
         self.client.login(user)
-        self.site.boardctl("set", self.client.session, "0x02010026", f"{language:08x}")
+        self.site.boardctl("set", self.client.session, item, f"{language:08x}")

@@ -1,0 +1,154 @@
+"""Pages for everyone: axe-core finds nothing in any state, and every page fits every width."""
+
+import itertools
+import pathlib
+import shutil
+import subprocess
+import tempfile
+
+from console_pages import FLOWS, FUNCTIONS, PAGES
+from make_firmware import make_image
+from support.browser_case import BrowserCase
+from support.site_case import BUILD
+
+HERE = pathlib.Path(__file__).parent
+AXE, LAYOUT = ((HERE / name).read_text(encoding="utf-8") for name in ("axe.js", "layout.js"))
+WIDTHS, MENU_WIDTHS = (320, 768, 1280), (250, 250, 250)
+SCHEMES = ("dark", "", "light")  # at each width; axe-core looks at two of them
+# A page's states, each with an element that only it has.
+STATES = {"error": ".err_string", "confirmation": "[name=back]",
+          "done": "[role=status].normal_green"}
+STRANGERS = ("/common/gallery.cgi?language={}", "/common/request.cgi?language={}&text=a")
+FRAMES = {"/common/menu.cgi?load=1&tid=0&mid=3": MENU_WIDTHS,
+          "/common/information.cgi?menu0=Network+Configuration&menu1=Event+filter": WIDTHS}
+SEARCH = "/system/sel_filtering.cgi?search=1&severity=info&source=&count="
+DEFAULT_LANGUAGE = "0x02010001"
+UPLOADS = "/maintenance/orv_firmup.cgi", "/maintenance/orv_backup_restore.cgi"
+
+
+def fetch_axe():
+    """The text of axe-core, which npm fetches once."""
+    folder = BUILD / "browser"
+    folder.mkdir(exist_ok=True)
+    shutil.copy(HERE / "package.json", folder)
+    script = folder / "node_modules/axe-core/axe.min.js"
+    try:
+        subprocess.run(["npm", "install", "--prefix", folder, "--no-package-lock", "--no-audit",
+                        "--no-fund"], capture_output=True, check=True)
+    except (OSError, subprocess.CalledProcessError) as error:
+        if not script.exists():
+            raise RuntimeError("npm cannot fetch axe-core. Fetch the version in "
+                               f"{HERE}/package.json where npm can, and copy it to {script}"
+                               ) from error
+    return script.read_text(encoding="utf-8")
+
+
+class Access(BrowserCase):
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.axe, cls.seen, cls.found = fetch_axe(), set(), []
+
+    def test_every_page_and_state_in_each_language(self):
+        for self.language in (1, 0):
+            self.walk_as_a_stranger()
+            self.walk_lists()
+            for page in PAGES:
+                self.walk_settings(page)
+            for flow in FLOWS:
+                self.walk_flow(*flow)
+            self.walk_uploads()
+            self.walk_out()
+        pages = {path.partition("?")[0] for path, *_ in self.seen}
+        print(f"{len(pages)} pages, {len(self.seen)} states and languages, "
+              f"{len(self.found)} violations")
+        self.assertFalse(self.found, "\n" + "\n".join(map(str, self.found)))
+        for page, language in itertools.product(PAGES, (0, 1)):
+            for state in ("form", "confirmation", "done", *["error"] * bool(page.wrong)):
+                self.assertIn((page.path, state, language), self.seen)
+
+    def enter(self, user):
+        self.set_language(user, self.language)
+        if user in FUNCTIONS:  # the others are removed
+            self.addCleanup(self.set_language, user, 1)
+        self.browser.login(user)
+
+    def open(self, path, widths=WIDTHS):
+        self.browser.open(path)
+        self.look(path, widths)
+
+    def look(self, path, widths=WIDTHS):
+        """Looks at the page in the browser, unless it was seen in this state."""
+        state = next((name for name, sign in STATES.items() if self.browser.all(sign)), "form")
+        if (path, state, self.language) in self.seen:
+            return
+        self.seen.add((path, state, self.language))
+        run = self.browser.driver.execute_script
+        run(self.axe)
+        if self.browser.all("[aria-invalid]"):
+            self.assertTrue(run("return document.activeElement.matches('[aria-invalid]')"), path)
+        for width, scheme in zip(widths, SCHEMES, strict=False):
+            self.browser.resize(width, 900)
+            self.browser.prefer(scheme)
+            problems = run(LAYOUT)
+            if scheme:
+                problems += self.browser.driver.execute_async_script(AXE)
+            self.found += [(path, state, width, self.language, problem) for problem in problems]
+
+    def walk_as_a_stranger(self):
+        self.set_language("admin", self.language, item=DEFAULT_LANGUAGE)
+        self.browser.driver.delete_all_cookies()
+        self.open("/common/login.cgi")
+        self.browser.fill({"user": "admin", "password": "wrong"})
+        self.browser.press("login")
+        self.look("/common/login.cgi")
+        self.open("/common/timeout.cgi")
+        for path in STRANGERS:
+            self.open(path.format(self.language))
+
+    def walk_lists(self):
+        self.enter("admin")
+        for path, widths in FRAMES.items():
+            self.open(path, widths)
+        for function in FUNCTIONS["admin"]:
+            self.browser.show(function)
+            self.open(self.browser.driver.execute_script("return location.pathname"))
+        for count in ("9", "0"):
+            self.open(SEARCH + count)
+
+    def walk_settings(self, page):
+        self.enter(page.user)
+        wrong = [dict(page.wrong[:1])] if page.wrong else []
+        self.walk(page.path, *({**page.valid, **change} for change in (*wrong, {})), {})
+
+    def walk_flow(self, user, path, *forms):
+        self.enter(user)
+        self.walk(path, *(changes for changes, _ in forms))
+
+    def walk(self, path, *forms):
+        self.open(path)
+        with self.subTest(path=path, language=self.language):
+            for changes in filter(self.can_fill, forms):
+                self.browser.fill(changes)
+                self.browser.press("submit")
+                self.look(path)
+
+    def can_fill(self, changes):
+        """False for a form that only a program can send."""
+        return all(self.browser.all(f"[name={name}]" + f"[value={value}]" * (name == "operation"))
+                   for name, value in changes.items())
+
+    def walk_uploads(self):
+        with tempfile.NamedTemporaryFile() as image:
+            image.write(make_image(1000, b"2.0"))
+            image.flush()
+            self.enter("staff")
+            for path in UPLOADS:
+                self.walk(path, {}, {"browse_file": image.name})
+
+    def walk_out(self):
+        self.enter("guest")
+        self.open("/user/list.cgi")  # the error page
+        self.open("/common/logout.cgi")
+        self.browser.press("logout")
+        self.look("/common/logout.cgi?done")
