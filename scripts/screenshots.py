@@ -8,6 +8,7 @@ from console_browser import ConsoleBrowser
 from console_site import ConsoleSite
 
 ADDRESSES, STATUS, EVENTS, USERS, PARTITION_POWER = 72, 3, 153, 60, 30
+WINDOW, PHONE = (1280, 900), (360, 640)
 
 
 def take_pictures(site, browser, folder):
@@ -32,6 +33,15 @@ def take_pictures(site, browser, folder):
     take("settings-confirmation")
     browser.press("submit")
     take("settings-completion")
+
+    browser.prefer("dark")
+    browser.show(STATUS)
+    take("dark")
+    browser.prefer("light")
+    browser.resize(*PHONE)
+    browser.open("/network/orv_ip_set.cgi")
+    take("phone")
+    browser.resize(*WINDOW)
 
     browser.login("operator")
     browser.show(PARTITION_POWER)
