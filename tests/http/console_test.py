@@ -8,7 +8,7 @@ from support.site_case import SiteCase
 
 REFRESH, MAINTENANCE = "/network/orv_refresh_set.cgi", "/maintenance/maintenance_mode.cgi"
 MENU, POWER = "/common/menu.cgi?load=1&tid=0&mid=3", "/system/power_control.cgi"
-SEARCH = "/system/sel_filtering.cgi"
+SEARCH, FIRMWARE = "/system/sel_filtering.cgi", "/maintenance/orv_firmup.cgi"
 
 
 class Console(SiteCase):
@@ -69,6 +69,36 @@ class Console(SiteCase):
             self.assertIn("(00:0d02)", answer.text())
             self.assertEqual(self.client.get(path).body, before)
         self.site.restart_board()
+
+    def test_an_error_page_is_readable_and_leads_on(self):
+        """For each user and request: what the page has, and what it does not have."""
+        again, back = f'href="{REFRESH}?a=1&amp;b=2"', 'href="/system/pel.cgi?x=1"'
+        right, roles = "(00:0502)", "one of these roles: System administrator"
+        reload, change = 'http-equiv="Refresh" content="10"', "may or may not have been made"
+        for stopped, user, method, path, referrer, shown, hidden in (
+                (False, "guest", "GET", POWER, POWER, (right, roles, "Try&nbsp;again"),
+                 (reload, "Technical staff", "lang=", ">Back<")),
+                (False, "guest", "GET", FIRMWARE, "//evil.example/", (roles + ", Technical staff",),
+                 ("evil",)),
+                (False, "operator", "GET", POWER, "", (right, "システム管理者", "EUC-JP"), (roles,)),
+                (True, "guest", "GET", REFRESH + "?a=1&b=2", "/system/pel.cgi?x=1",
+                 (again, back, reload, "does not answer", "管理ボードが応答しません"), (change,)),
+                (True, "guest", "GET", POWER + "?\"<", "\"<", ("/common/login.cgi",), ('"<', "Back")),
+                (True, "guest", "POST", REFRESH, REFRESH, (change, "(00:0401)", f'href="{REFRESH}"'),
+                 (reload, "Try&nbsp;again"))):
+            with self.subTest(stopped=stopped, method=method, path=path):
+                self.client.login(user)
+                if stopped:
+                    self.site.stop_board()
+                page = self.client.request(method, path, None if method == "GET" else "page_state=4",
+                                           {"Referer": self.site.url + referrer})
+                if stopped:
+                    self.site.start_board()
+                body = page.body.decode("EUC-JP")
+                for text in shown:
+                    self.assertIn(text, body)
+                for text in hidden:
+                    self.assertNotIn(text, body)
 
     def test_technical_staff_follows_the_maintenance_rule(self):
         self.client.login("admin")

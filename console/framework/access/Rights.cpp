@@ -15,4 +15,29 @@ bool mayUse(CGIRequester& requester, const CGIAuthority& authority, Function fun
                                                 : verdict == JudgeAuthority::ALLOWED;
 }
 
+std::vector<Text> rolesFor(Function function) {
+    struct Role {
+        CGI_AUTHORITY authority;
+        Text name;
+    };
+    const Text partition = entryOf(function).topMenu == MENU_PARTITION ? TEXT_ROLE_THIS_PARTITION
+                                                                       : TEXT_ROLE_PARTITION;
+    const Role ROLES[] = {
+        {{CGIAuthority::SYSTEM_ADMIN, 0}, TEXT_ROLE_ADMINISTRATOR},
+        {{0, 1}, partition},
+        {{CGIAuthority::OPERATOR, 0}, TEXT_ROLE_OPERATOR},
+        {{CGIAuthority::TECHNICAL_STAFF, 0}, TEXT_ROLE_STAFF},
+        {{CGIAuthority::GUEST, 0}, TEXT_ROLE_GUEST},
+    };
+    std::vector<Text> names;
+    for (const Role& role : ROLES) {
+        CGIAuthority authority;
+        authority.setAuthority(role.authority);
+        if (JudgeAuthority(&authority, function).getDisplayMode() != 0) {
+            names.push_back(role.name);
+        }
+    }
+    return names;
+}
+
 }  // namespace Console

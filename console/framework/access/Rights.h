@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "framework/access/Functions.h"
 #include "gui/CGIAuthority.h"
 #include "gui/CGIRequester.h"
@@ -12,5 +14,9 @@ namespace Console {
 /// that lets technical staff in during maintenance.
 bool mayUse(ORVLib::Gui::CGIRequester& requester, const ORVLib::Gui::CGIAuthority& authority,
             Function function, int partition = ORVLib::Gui::JudgeAuthority::NO_PARTITION);
+
+/// The names of the roles that may use a function outside maintenance. None for a function of any
+/// session.
+std::vector<Text> rolesFor(Function function);
 
 }  // namespace Console

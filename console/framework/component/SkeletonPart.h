@@ -28,6 +28,10 @@ public:
     /// As putText(), with blanks at which lines can wrap.
     void putSentence(const std::string& marker, const std::string& text);
 
+protected:
+    /// The components by their markers.
+    ORVLib::Gui::ComponentMap& getMap() { return m_map; }
+
 private:
     ORVLib::Gui::ComponentMap m_map;
     ORVLib::Gui::HTMLCodeGenerator m_generator;

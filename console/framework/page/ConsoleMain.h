@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "framework/access/Functions.h"
+#include "framework/access/Rights.h"
 #include "framework/page/SessionMain.h"
 
 namespace Console {
@@ -30,6 +31,7 @@ protected:
     virtual Function getFunction() const { return m_function; }
 
 private:
+    std::vector<Text> getRoles() const final { return rolesFor(getFunction()); }
     void showPage(PageContext& context) final;
     bool isSessionRenewed() const final { return !isSelfRefreshing(); }
 

@@ -1,8 +1,14 @@
 #include "framework/page/PageMain.h"
 
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+#include <optional>
+
 #include "framework/access/PageLimits.h"
 #include "framework/component/PageChrome.h"
 #include "framework/input/Form.h"
+#include "framework/page/ErrorPage.h"
 
 using namespace ORVLib::Gui;
 
@@ -40,6 +46,17 @@ void PageMain::printPage(Component body) {
     HTMLMapUtil::insertIntoMap(m_page->getMap(), HTMLPage::KEY_BODY, std::move(body));
     notePageBegun();
     m_page->getGenerator().printHTML();
+}
+
+void PageMain::errorExit(std::string /*title*/, int code) {
+    const std::optional<int> language = m_messages ? std::optional<int>(m_language) : std::nullopt;
+    const bool isChange = m_formInfo != nullptr && m_formInfo->isPostMethod();
+    notePageBegun();
+    printErrorPage(problemOf(code, isChange, getRoles()), language);
+    if (!std::cout.flush() || std::fflush(stdout) != 0) {
+        m_trace.putLog(0, "the error page could not be written to its end");
+    }
+    std::exit(-1);
 }
 
 }  // namespace Console

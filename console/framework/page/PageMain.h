@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "framework/access/Module.h"
 #include "framework/component/Components.h"
@@ -39,6 +40,14 @@ protected:
 
     /// Prints the page. REQUIRES: beginPage() was called.
     void printPage(Component body);
+
+    /// Shows the console's error page and ends the process with status -1: no page continues
+    /// without a session or a right. Without texts yet, the page is in both languages.
+    using AbstractMain::errorExit;
+    void errorExit(std::string title, int code) final;
+
+    /// The roles that may use the page. None for a page that everybody may use.
+    virtual std::vector<Text> getRoles() const { return {}; }
 };
 
 }  // namespace Console

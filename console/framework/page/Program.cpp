@@ -8,12 +8,9 @@
 #include "framework/access/Module.h"
 #include "framework/access/Rights.h"
 #include "framework/backend/Environment.h"
-#include "framework/component/PageChrome.h"
-#include "framework/component/PageText.h"
+#include "framework/page/ErrorPage.h"
 #include "gui/CGIRequester.h"
 #include "gui/Cookie.h"
-#include "gui/HTMLPage.h"
-#include "gui/MessageMgr.h"
 
 using namespace ORVLib::Gui;
 
@@ -31,19 +28,12 @@ constexpr char FORBIDDEN[] = "403 Forbidden";
 constexpr char TOO_LARGE[] = "413 Payload Too Large";
 constexpr char BUSY[] = "503 Service Unavailable\nRetry-After: 2";
 
-int refuse(const std::string& reason, const char* status, Text message) {
-    constexpr int ENGLISH = 1;
+int refuse(const std::string& reason, const char* status, const Problem& problem) {
     logError(Module::REQUEST, "request refused: " + reason);
-    MessageMgr messages(ENGLISH);
-    setPageTexts(messages);
-    HTMLPage page(ENGLISH);
-    setTitleAndStyle(page, text(TEXT_ERROR));
-    putText(page.getMap(), "message", text(message));
-    page.getGenerator().setSkeletonFileName(HTMLPage::SKELETON_ERR_FILE_NAME);
     notePageBegun();
     // The page has not begun, so it can still have a status.
     std::cout << "Status: " << status << '\n';
-    page.getGenerator().printHTML();
+    printErrorPage(problem, std::nullopt);
     return -1;
 }
 
@@ -95,25 +85,25 @@ void ignoreOutputSignals() {
 }  // namespace
 
 int refuseRequest(const std::string& reason) {
-    return refuse(reason, BAD_REQUEST, TEXT_UNREADABLE_REQUEST);
+    return refuse(reason, BAD_REQUEST, {TEXT_UNREADABLE_REQUEST});
 }
 
 std::optional<int> admitRequest(const RequestRules& rules) {
     ignoreOutputSignals();
     limitResources();
     if (!takePlace(rules.places)) {
-        return refuse("too many pages run at a time", BUSY, TEXT_CONSOLE_BUSY);
+        return refuse("too many pages run at a time", BUSY, {TEXT_CONSOLE_BUSY, "", {}, {}, true});
     }
     if (rules.places == Places::RESERVED) {
         shortenWait();
     }
     if (isCrossSitePost()) {
-        return refuse("another site made it", FORBIDDEN, TEXT_FORM_CUT_OFF);
+        return refuse("another site made it", FORBIDDEN, {TEXT_FORM_CUT_OFF});
     }
     const long length = announcedLength();
     if (isTooLarge(rules, length)) {
         return refuse("a body of " + std::to_string(length) + " bytes", TOO_LARGE,
-                      TEXT_REQUEST_TOO_LARGE);
+                      {TEXT_REQUEST_TOO_LARGE});
     }
     if (length > 0 && rules.function && !isAuthorised(*rules.function)) {
         // The page itself then says whether the session or the right is missing.

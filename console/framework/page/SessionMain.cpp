@@ -14,8 +14,4 @@ int SessionMain::execMain() {
     return 0;
 }
 
-void SessionMain::errorExit(std::string title, int code) {
-    AbstractMain::errorExit(std::move(title), code);
-}
-
 }  // namespace Console

@@ -17,10 +17,6 @@ protected:
     /// False for a page that must not keep its user's session alive.
     virtual bool isSessionRenewed() const { return true; }
 
-    /// The error page ends the process: no page continues without a session or a right.
-    using AbstractMain::errorExit;
-    void errorExit(std::string title, int code) final;
-
 private:
     int execMain() final;
 };
