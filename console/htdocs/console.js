@@ -63,3 +63,11 @@ document.addEventListener("change", function (event) {
         shown.value = chooser.value;
     }
 });
+
+// A form that may take seconds says so while it is sent.
+document.addEventListener("submit", function (event) {
+    var waiting = event.target.querySelector(".waiting");
+    if (waiting) {
+        waiting.hidden = false;
+    }
+});

@@ -1,5 +1,6 @@
 """The console in special cases: cookies, failed log-ins, maintenance, a board that fails."""
 
+import signal
 import time
 
 from console_client import LOGIN
@@ -99,6 +100,17 @@ class Console(SiteCase):
                     self.assertIn(text, body)
                 for text in hidden:
                     self.assertNotIn(text, body)
+
+    def test_a_log_in_does_not_wait_for_a_board_that_hangs(self):
+        self.site.board.send_signal(signal.SIGSTOP)
+        self.addCleanup(self.site.board.send_signal, signal.SIGCONT)
+        for method, words, language in (("GET", "cannot be reached", "en"),
+                                        ("POST", "管理ボードに接続できません", "ja-JP,en")):
+            begin = time.monotonic()
+            answer = self.client.request(method, LOGIN, "" if method == "GET" else "user=guest",
+                                         {"Accept-Language": language})
+            self.assertLess(time.monotonic() - begin, 5)
+            self.assertIn(words, answer.body.decode("EUC-JP"))
 
     def test_technical_staff_follows_the_maintenance_rule(self):
         self.client.login("admin")

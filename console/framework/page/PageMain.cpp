@@ -6,9 +6,12 @@
 #include <optional>
 
 #include "framework/access/PageLimits.h"
+#include "framework/backend/Environment.h"
+#include "framework/backend/WaitLimit.h"
 #include "framework/component/PageChrome.h"
 #include "framework/input/Form.h"
 #include "framework/page/ErrorPage.h"
+#include "gui/CGIRequester.h"
 
 using namespace ORVLib::Gui;
 
@@ -22,6 +25,16 @@ std::string PageMain::getField(const std::string& name) const {
 
 void PageMain::chooseLanguage() {
     m_language = getField("language") == "0" ? 0 : 1;
+}
+
+bool PageMain::askLanguage() {
+    constexpr int SHORT_MS = 2000;
+    const WaitLimit limit(SHORT_MS);
+    if (CGIRequester().getLanguage(m_language) != 0) {
+        return true;
+    }
+    m_language = variable("HTTP_ACCEPT_LANGUAGE").rfind("ja", 0) == 0 ? 0 : 1;
+    return false;
 }
 
 void PageMain::loadTexts() {

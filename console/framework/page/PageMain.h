@@ -27,6 +27,10 @@ protected:
     /// Takes the language from the form field "language": for pages without a user.
     void chooseLanguage();
 
+    /// Takes the language of the board, for pages without a user. When the board does not answer in
+    /// two seconds, takes the first one of the browser, and returns false.
+    bool askLanguage();
+
     /// Loads the texts. REQUIRES: the language is the user's.
     void loadTexts();
 

@@ -8,6 +8,7 @@
 #include "framework/access/Module.h"
 #include "framework/access/Rights.h"
 #include "framework/backend/Environment.h"
+#include "framework/backend/WaitLimit.h"
 #include "framework/page/ErrorPage.h"
 #include "gui/CGIRequester.h"
 #include "gui/Cookie.h"
@@ -66,16 +67,6 @@ bool isAuthorised(Function function) {
            mayUse(requester, authority, function);
 }
 
-/// Limits the wait for the board to a second, unless it is less already.
-void shortenWait() {
-    constexpr char NAME[] = "ORV_IPC_TIMEOUT_MS";
-    constexpr long SHORT_MS = 1000;
-    const std::string set = variable(NAME);
-    if (set.empty() || std::strtol(set.c_str(), nullptr, 10) > SHORT_MS) {
-        setenv(NAME, std::to_string(SHORT_MS).c_str(), 1);
-    }
-}
-
 /// A log or page that cannot be written is then a failed write, and does not end the program.
 void ignoreOutputSignals() {
     std::signal(SIGPIPE, SIG_IGN);
@@ -95,7 +86,8 @@ std::optional<int> admitRequest(const RequestRules& rules) {
         return refuse("too many pages run at a time", BUSY, {TEXT_CONSOLE_BUSY, "", {}, {}, true});
     }
     if (rules.places == Places::RESERVED) {
-        shortenWait();
+        constexpr int SHORT_MS = 1000;
+        static const WaitLimit forWholePage(SHORT_MS);
     }
     if (isCrossSitePost()) {
         return refuse("another site made it", FORBIDDEN, {TEXT_FORM_CUT_OFF});

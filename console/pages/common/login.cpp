@@ -4,6 +4,7 @@
 #include "framework/access/Functions.h"
 #include "framework/backend/Board.h"
 #include "framework/backend/Environment.h"
+#include "framework/backend/WaitLimit.h"
 #include "framework/component/PageChrome.h"
 #include "framework/component/SkeletonPart.h"
 #include "framework/input/Form.h"
@@ -30,10 +31,12 @@ public:
 protected:
     int execMain() override {
         m_user = getField("user");
-        if (m_formInfo->isPostMethod()) {
+        // A log-in may have to wait at the board. One that does not answer at all is found out
+        // here.
+        if (!askLanguage()) {
+            m_problem = TEXT_BOARD_UNREACHABLE;
+        } else if (m_formInfo->isPostMethod()) {
             openSession(getField("password"));
-        } else {
-            askLanguage();
         }
         beginPage(TEXT_LOGIN);
         if (m_sessionId.empty()) {
@@ -48,15 +51,6 @@ protected:
     }
 
 private:
-    /// Takes the language of the board, because there is no user yet; English when it does not
-    /// answer.
-    void askLanguage() {
-        CGIRequester requester;
-        if (requester.getLanguage(m_language) == 0) {
-            m_problem = TEXT_BOARD_UNREACHABLE;
-        }
-    }
-
     void openSession(const std::string& password) {
         const std::string client = variable("REMOTE_ADDR");
         const std::string sent = readDevice();
@@ -72,12 +66,13 @@ private:
         // Without the name, because some users type their password there. The board logs the names
         // of its users.
         logError(Module::LOGIN, "login from " + client + " failed: error " + std::to_string(error));
-        askLanguage();
         m_problem = problemFor(error);
     }
 
     /// Gets the ID of the browser. The log-in continues without one.
     void keepDevice(const std::string& sent) {
+        constexpr int SHORT_MS = 2000;
+        const WaitLimit limit(SHORT_MS);
         CGIRequester requester(m_sessionId.c_str());
         m_device = askDevice(requester, sent);
         if (m_device.empty()) {
@@ -107,6 +102,7 @@ private:
         form->put("password", std::make_unique<PasswordField>("password", "", FORM_NAME,
                                                               LONGEST_NAME, LONGEST_NAME));
         form->put("submit", std::make_unique<SubmitButton>("login", text(TEXT_LOGIN)));
+        form->putText("waiting", text(TEXT_LOGGING_IN));
         if (m_problem != TEXT_CONSOLE) {
             form->put("problem", makeSentence(text(m_problem), TextString::ERROR_COLOUR));
         }

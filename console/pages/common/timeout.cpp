@@ -3,7 +3,6 @@
 #include "framework/component/SkeletonPart.h"
 #include "framework/page/PageMain.h"
 #include "framework/page/Program.h"
-#include "gui/CGIRequester.h"
 
 using namespace ORVLib::Gui;
 
@@ -17,7 +16,7 @@ public:
 
 protected:
     int execMain() override {
-        CGIRequester().getLanguage(m_language);  // English when the daemon does not answer
+        askLanguage();
         beginPage(TEXT_SESSION_ENDED);
         auto body = std::make_unique<SkeletonPart>("skeleton_farewell.txt");
         body->putText("title", text(TEXT_SESSION_ENDED));
