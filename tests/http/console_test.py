@@ -1,5 +1,6 @@
 """The console in special cases: cookies, failed log-ins, maintenance, a board that fails."""
 
+import re
 import signal
 import time
 
@@ -84,14 +85,15 @@ class Console(SiteCase):
                 (False, "operator", "GET", POWER, "", (right, "システム管理者", "EUC-JP"), (roles,)),
                 (True, "guest", "GET", REFRESH + "?a=1&b=2", "/system/pel.cgi?x=1",
                  (again, back, reload, "does not answer", "管理ボードが応答しません"), (change,)),
-                (True, "guest", "GET", POWER + "?\"<", "\"<", ("/common/login.cgi",), ('"<', "Back")),
-                (True, "guest", "POST", REFRESH, REFRESH, (change, "(00:0401)", f'href="{REFRESH}"'),
-                 (reload, "Try&nbsp;again"))):
+                (True, "guest", "GET", POWER + "?\"<", "\"<", ("/common/login.cgi",),
+                 ('"<', "Back")),
+                (True, "guest", "POST", REFRESH, REFRESH,
+                 (change, "(00:0401)", f'href="{REFRESH}"'), (reload, "Try&nbsp;again"))):
             with self.subTest(stopped=stopped, method=method, path=path):
                 self.client.login(user)
                 if stopped:
                     self.site.stop_board()
-                page = self.client.request(method, path, None if method == "GET" else "page_state=4",
+                page = self.client.request(method, path, "page_state=4" * (method == "POST"),
                                            {"Referer": self.site.url + referrer})
                 if stopped:
                     self.site.start_board()
@@ -132,3 +134,19 @@ class Console(SiteCase):
         answer = self.client.get(SEARCH + "?severity=info&source=firmware&count=9&search=1")
         self.assertIn("<i>%s%n", answer.text())
         self.assertNotIn(b"<i>", answer.body)
+
+    def test_events_are_in_the_users_language(self):
+        self.client.login("admin")
+        self.client.submit("/partition/boot_control.cgi?partition=1", {
+            "page_state": "4", "device1": "dvd", "device2": "none", "device3": "none",
+            "retries": "1", "partition": "1"})
+        self.site.boardctl("set", self.client.session, "0x020100b4", "01" * 34)
+        self.client.login("guest", "wrong")
+        self.client.login("guest", "wrong")
+        self.client.login("operator")
+        page = self.client.get(SEARCH + "?severity=info&count=200&search=1").body.decode("EUC-JP")
+        for text in ("ブート制御, パーティション 1", "電源ユニット 1", "（点滅）", "ファン 2", "（ネットワークアドレス）",
+                     "システム全体, パーティション 0 1 2", "127.0.0.1, 2 回、最終時刻 "):
+            self.assertIn(text, page)
+        explanations = re.findall(r"<td>([^<]*)</td></tr>", page)
+        self.assertEqual([text for text in explanations if re.search("[a-z]{4}", text)], [])

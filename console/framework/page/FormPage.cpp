@@ -80,9 +80,9 @@ void FormPage::beginForm(Step next) {
     setError(isRefused());
 }
 
-void FormPage::beginConfirmation(const std::string& question, Text backLabel) {
+void FormPage::beginConfirmation(const std::string& question, Text backLabel, int colour) {
     beginForm(Step::APPLY);
-    putSentence(getMap(), "notice", question);
+    HTMLMapUtil::insertIntoMap(getMap(), "notice", makeSentence(question, colour));
     putApplyButton();
     putButton(BACK_FIELD, backLabel);
 }

@@ -63,8 +63,9 @@ protected:
     void beginForm(Step next);
 
     /// Makes the form that shows the input, to be confirmed after `question`: one button applies
-    /// it, the other one leads back.
-    void beginConfirmation(const std::string& question, Text backLabel);
+    /// it, the other one leads back. `colour` is one of TextString's.
+    void beginConfirmation(const std::string& question, Text backLabel,
+                           int colour = ORVLib::Gui::TextString::PLAIN);
 
     /// Adds the rows of addShown() and the fields of carry() to the form. REQUIRES: called once.
     void putRows();

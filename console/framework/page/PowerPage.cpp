@@ -40,14 +40,15 @@ struct PowerPage::Operation {
     const char* name;
     Text label;
     Text consequence;
-    bool whenOn;  ///< allowed when the power is on, otherwise when it is off
+    bool whenOn;     ///< allowed when the power is on, otherwise when it is off
+    bool losesData;  ///< does not shut the operating system down
 };
 
 const PowerPage::Operation PowerPage::OPERATIONS[] = {
-    {"on", TEXT_POWER_ON, TEXT_CONFIRM_POWER_ON, false},
-    {"off", TEXT_POWER_OFF, TEXT_CONFIRM_POWER_OFF, true},
-    {"force-off", TEXT_FORCE_OFF, TEXT_CONFIRM_FORCE_OFF, true},
-    {"reset", TEXT_POWER_RESET, TEXT_CONFIRM_POWER_RESET, true},
+    {"on", TEXT_POWER_ON, TEXT_CONFIRM_POWER_ON, false, false},
+    {"off", TEXT_POWER_OFF, TEXT_CONFIRM_POWER_OFF, true, false},
+    {"force-off", TEXT_FORCE_OFF, TEXT_CONFIRM_FORCE_OFF, true, true},
+    {"reset", TEXT_POWER_RESET, TEXT_CONFIRM_POWER_RESET, true, true},
 };
 
 PowerPage::PowerPage(const PageContext& context)
@@ -60,7 +61,6 @@ PowerPage::PowerPage(const PageContext& context)
     addShown(TEXT_POWER_NOW,
              on ? makeText(text(TEXT_ON), TextString::NORMAL_COLOUR) : makeText(text(TEXT_OFF)));
     addOperations(on);
-    setApplyLabel(TEXT_CARRY_OUT);
     setCompletion(OPERATION_CARRIED_OUT);
 }
 
@@ -74,13 +74,28 @@ void PowerPage::addOperations(bool on) {
     }
 }
 
-std::string PowerPage::getConfirmation() {
+/// Null for none.
+const PowerPage::Operation* PowerPage::chosen() const {
     for (const Operation& operation : OPERATIONS) {
         if (m_operation.getText() == operation.name) {
-            return text(operation.consequence);
+            return &operation;
         }
     }
-    return "";
+    return nullptr;
+}
+
+bool PowerPage::isDangerous() const {
+    const Operation* const operation = chosen();
+    return operation != nullptr && operation->losesData;
+}
+
+std::string PowerPage::getConfirmation() {
+    const Operation* const operation = chosen();
+    if (operation == nullptr) {
+        return "";
+    }
+    setApplyLabel(operation->label);  // the button names what it does
+    return text(operation->consequence);
 }
 
 }  // namespace Console

@@ -15,12 +15,14 @@ public:
 protected:
     void readCurrent() override {}
     std::string getConfirmation() override;
+    bool isDangerous() const override;
 
 private:
     struct Operation;
     static const Operation OPERATIONS[];
 
     void addOperations(bool on);
+    const Operation* chosen() const;
 
     RadioInput& m_operation;
 };

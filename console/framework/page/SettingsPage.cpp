@@ -111,7 +111,8 @@ void SettingsPage::showForm() {
 }
 
 void SettingsPage::showConfirmation() {
-    beginConfirmation(getConfirmation(), TEXT_BACK);
+    beginConfirmation(getConfirmation(), TEXT_BACK,
+                      isDangerous() ? TextString::ERROR_COLOUR : TextString::PLAIN);
     putEntries(false);
 }
 

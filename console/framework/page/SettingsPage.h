@@ -42,6 +42,9 @@ protected:
     /// The question above the valid input.
     virtual std::string getConfirmation() { return text(TEXT_PLEASE_CONFIRM); }
 
+    /// True for valid input whose question is printed as a warning, because data may be lost.
+    virtual bool isDangerous() const { return false; }
+
     /// False for a page whose form is applied without confirmation: its input must not be printed,
     /// or there is nothing to look at twice.
     virtual bool isConfirmed() const { return true; }

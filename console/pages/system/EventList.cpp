@@ -11,6 +11,7 @@
 #include "framework/component/Vocabulary.h"
 #include "framework/input/Form.h"
 #include "orv/CsvInfoAccess.h"
+#include "pages/system/EventDetail.h"
 
 using namespace ORVLib::Gui;
 
@@ -62,27 +63,26 @@ public:
         : m_messages(messages), m_table(skeletonPath("event_messages.csv")) {}
 
     std::string explain(const Event& event) {
-        const std::string message = messageFor(event);
+        const int code = readCode(event.code);
+        const std::string detail = translateDetail(code, event.detail);
+        const std::string message = messageFor(event, code, detail);
         // The detail is appended to a message that does not contain all of it.
-        return message.find(event.detail) != std::string::npos
-                   ? message
-                   : message + " (" + event.detail + ')';
+        return message.find(detail) != std::string::npos ? message : message + " (" + detail + ')';
     }
 
 private:
-    std::string messageFor(const Event& event) {
+    std::string messageFor(const Event& event, int code, const std::string& detail) {
         unsigned int messageId = 0;
-        if (m_messages.getCsvExMsgId(m_table, readCode(event.code), messageId)) {
-            return m_messages.getMessage(static_cast<int>(messageId), NO_CODE,
-                                         event.detail.c_str());
+        if (m_messages.getCsvExMsgId(m_table, static_cast<unsigned int>(code), messageId)) {
+            return m_messages.getMessage(static_cast<int>(messageId), NO_CODE, detail.c_str());
         }
         return text(TEXT_NO_EXPLANATION) + " (" + event.code + ')';
     }
 
     /// The code; 0, which no event has, when it is not a number.
-    static unsigned int readCode(const std::string& text) {
+    static int readCode(const std::string& text) {
         constexpr std::size_t MOST_DIGITS = 9;
-        return static_cast<unsigned int>(std::max(readDigits(text, MOST_DIGITS), 0));
+        return std::max(readDigits(text, MOST_DIGITS), 0);
     }
 
     MessageMgr& m_messages;
