@@ -32,7 +32,7 @@ constexpr std::string_view OVER_TIME_LINE =
 // The headers are those of every error page.
 constexpr std::string_view OVER_TIME_PAGE =
     "Status: 500 Internal Server Error\n"
-    "Content-Type: text/html; charset=iso-8859-1\n"
+    "Content-Type: text/html; charset=utf-8\n"
     "Cache-Control: no-store\n"
     "X-Content-Type-Options: nosniff\n"
     "Referrer-Policy: same-origin\n"
@@ -43,6 +43,9 @@ constexpr std::string_view OVER_TIME_PAGE =
     "<link rel=\"stylesheet\" href=\"/default.css\">\n</head>\n<body>\n"
     "<main class=\"notice\" role=\"alert\">\n<h1>Error</h1>\n"
     "<p class=\"err_string\">The request took too much processor time and was ended.</p>\n"
+    "<p><a href=\"/common/frame.cgi\" target=\"_top\">Overview</a></p>\n"
+    "<p class=\"err_string\" lang=\"ja\">処理時間が上限を超えたため、要求を中止しました。</p>\n"
+    "<p lang=\"ja\"><a href=\"/common/frame.cgi\" target=\"_top\">トップ画面</a></p>\n"
     "</main>\n</body>\n</html>\n";
 
 volatile std::sig_atomic_t isPageBegun = 0;
