@@ -171,7 +171,8 @@ def check_way_in_and_out(site):
                "the search does not answer as it should")
     living = client.session
     expect("Do you want" in client.get(LOGOUT).text(), "a link to the log-out does not ask")
-    client.logout()
+    form = client.get("/common/information.cgi").form()
+    client.post(form.path, form.fields)
     expect(client.session is None, "logging out does not delete the cookie")
     client.session = living
     expect(TIMEOUT in client.get(REFRESH).body, "the session lives after log-out")

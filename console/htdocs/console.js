@@ -64,8 +64,31 @@ document.addEventListener("change", function (event) {
     }
 });
 
-// A form that may take seconds says so while it is sent.
+// Whether the page has input that the board does not have yet: typed, refused, or to be confirmed.
+var isUnsaved = false;
+document.addEventListener("input", function (event) {
+    isUnsaved = isUnsaved || Boolean(event.target.form);
+});
+document.addEventListener("DOMContentLoaded", function () {
+    isUnsaved = isUnsaved || Boolean(document.querySelector(".wrong, [name=back]"));
+});
+
+function isAnyUnsaved() {
+    for (var i = 0; i < top.frames.length; i++) {
+        if (top.frames[i].isUnsaved) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// The form to log out asks only when input would be lost. A form that may take seconds says so.
 document.addEventListener("submit", function (event) {
+    var question = event.target.getAttribute("data-question");
+    if (question && isAnyUnsaved() && !confirm(question)) {
+        event.preventDefault();
+        return;
+    }
     var waiting = event.target.querySelector(".waiting");
     if (waiting) {
         waiting.hidden = false;

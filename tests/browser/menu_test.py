@@ -2,6 +2,7 @@
 
 import re
 
+from selenium.webdriver.support import expected_conditions
 from console_pages import FUNCTIONS
 from support.browser_case import BrowserCase
 
@@ -54,6 +55,27 @@ class Menu(BrowserCase):
                 if re.search("[a-z]{4}", text) and text not in PROPER_NAMES:
                     self.assertRegex(text, JAPANESE_TEXT, function)
         self.set_language("admin", 1)
+
+    def test_logging_out_asks_only_when_input_would_be_lost(self):
+        for typed, accepted, is_out in ((None, None, True), ("77", False, False),
+                                        ("77", True, True)):
+            with self.subTest(typed=typed, accepted=accepted):
+                self.browser.login("guest")
+                self.browser.show(75)
+                if typed:
+                    self.browser.fill({"interval": typed})
+                self.browser.enter("INFO_FRAME")
+                self.browser.one("[name=logout]").click()
+                if typed:
+                    self.browser.wait(expected_conditions.alert_is_present())
+                    alert = self.browser.driver.switch_to.alert
+                    (alert.accept if accepted else alert.dismiss)()
+                self.browser.driver.switch_to.default_content()
+                if is_out:
+                    self.browser.wait(lambda _: "You are logged out" in self.browser.text())
+                else:
+                    self.browser.enter("CONT_FRAME")
+                    self.assertEqual(self.browser.value("interval"), typed)
 
     def test_an_expired_session_brings_the_whole_window_to_the_time_out_page(self):
         self.browser.login("admin")

@@ -1,9 +1,11 @@
-// The information strip: the place in the menu, the user's name, and the link to log out.
+// The information strip: the place in the menu, the user's name, and the button to log out.
 
 #include "framework/backend/Board.h"
 #include "framework/component/SkeletonPart.h"
+#include "framework/page/PageStep.h"
 #include "framework/page/Program.h"
 #include "framework/page/SessionMain.h"
+#include "gui/SubmitButton.h"
 
 using namespace ORVLib::Gui;
 
@@ -23,7 +25,9 @@ protected:
         strip->putText("place", place());
         strip->putText("user_label", text(TEXT_USER_NAME));
         strip->putText("user", readUserName(context.requester));
-        strip->put("logout", makeLink("/common/logout.cgi", text(TEXT_LOGOUT), "_top"));
+        strip->putSentence("question", text(TEXT_ASK_UNSAVED));
+        strip->put("logout", std::make_unique<SubmitButton>("logout", text(TEXT_LOGOUT)));
+        strip->put(END_FIELD, makeFormEnd(context.requester));
         printPage(std::move(strip));
     }
 

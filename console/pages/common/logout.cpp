@@ -1,4 +1,5 @@
-// Ends the session after a question: tells the board, and makes the browser delete its cookie.
+// Ends the session: tells the board, and makes the browser delete its cookie. The information strip
+// has a form for it; a link to this page asks first.
 
 #include "framework/backend/Board.h"
 #include "framework/component/PageChrome.h"
