@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "framework/backend/RecordReader.h"
+#include "framework/component/PageChrome.h"
 
 using namespace ORVLib::Gui;
 
@@ -113,6 +114,9 @@ void SettingsPage::showForm() {
 void SettingsPage::showConfirmation() {
     beginConfirmation(getConfirmation(), TEXT_BACK,
                       isDangerous() ? TextString::ERROR_COLOUR : TextString::PLAIN);
+    if (isDangerous()) {
+        putText(getMap(), "danger", "danger");
+    }
     putEntries(false);
 }
 

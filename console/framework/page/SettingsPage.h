@@ -42,7 +42,8 @@ protected:
     /// The question above the valid input.
     virtual std::string getConfirmation() { return text(TEXT_PLEASE_CONFIRM); }
 
-    /// True for valid input whose question is printed as a warning, because data may be lost.
+    /// True for valid input whose question and button are printed as a warning, because data may be
+    /// lost.
     virtual bool isDangerous() const { return false; }
 
     /// False for a page whose form is applied without confirmation: its input must not be printed,
