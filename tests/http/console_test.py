@@ -79,10 +79,11 @@ class Console(SiteCase):
         reload, change = 'http-equiv="Refresh" content="10"', "may or may not have been made"
         for stopped, user, method, path, referrer, shown, hidden in (
                 (False, "guest", "GET", POWER, POWER, (right, roles, "Try&nbsp;again"),
-                 (reload, "Technical staff", "lang=", ">Back<")),
+                 (reload, "Technical staff", "section lang=", ">Back<")),
                 (False, "guest", "GET", FIRMWARE, "//evil.example/", (roles + ", Technical staff",),
                  ("evil",)),
-                (False, "operator", "GET", POWER, "", (right, "システム管理者", "EUC-JP"), (roles,)),
+                (False, "operator", "GET", POWER, "",
+                 (right, "システム管理者", "EUC-JP", 'html lang="ja"'), (roles,)),
                 (True, "guest", "GET", REFRESH + "?a=1&b=2", "/system/pel.cgi?x=1",
                  (again, back, reload, "does not answer", "管理ボードが応答しません"), (change,)),
                 (True, "guest", "GET", POWER + "?\"<", "\"<", ("/common/login.cgi",),
