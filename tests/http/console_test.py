@@ -146,8 +146,9 @@ class Console(SiteCase):
         self.client.login("guest", "wrong")
         self.client.login("operator")
         page = self.client.get(SEARCH + "?severity=info&count=200&search=1").body.decode("EUC-JP")
-        for text in ("ブート制御, パーティション 1", "電源ユニット 1", "（点滅）", "ファン 2", "（ネットワークアドレス）",
-                     "システム全体, パーティション 0 1 2", "127.0.0.1, 2 回、最終時刻 "):
+        for text in ("ブート制御, パーティション 1", "電源ユニット 1", "（点滅）", "ファン 2",
+                     "（ネットワークアドレス）", "システム全体, パーティション 0 1 2",
+                     "127.0.0.1, 2 回、最終時刻 "):
             self.assertIn(text, page)
         explanations = re.findall(r"<td>([^<]*)</td></tr>", page)
         self.assertEqual([text for text in explanations if re.search("[a-z]{4}", text)], [])

@@ -11,10 +11,10 @@ namespace Console {
 /// The content of an error page: what happened, what to do, and how to go on.
 struct Problem {
     Text what;
-    std::string code = "";            ///< appended to `what`
-    std::optional<Text> advice = {};  ///< none when `what` has it
-    std::vector<Text> roles = {};     ///< appended to the advice
-    bool isPassing = false;           ///< a page that only shows something tries again by itself
+    std::string code{};            ///< appended to `what`
+    std::optional<Text> advice{};  ///< none when `what` has it
+    std::vector<Text> roles{};     ///< appended to the advice
+    bool isPassing = false;        ///< a page that only shows something tries again by itself
 };
 
 /// The problem for an error code, as AbstractMain::errorExit() takes it. `isChange` tells whether
