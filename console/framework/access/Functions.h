@@ -28,46 +28,48 @@ enum class Access {
 
 /// A function of the console. The functions of the menu "Partition" work on one partition.
 struct FunctionEntry {
-    constexpr FunctionEntry(int id, TopMenu menu, Text name, Access users = Access::BY_TABLE)
-        : function{id}, topMenu(menu), title(name), access(users) {}
+    constexpr FunctionEntry(int id, TopMenu menu, Text name, Text instructions,
+                            Access users = Access::BY_TABLE)
+        : function{id}, topMenu(menu), title(name), help(instructions), access(users) {}
 
     Function function;
     TopMenu topMenu;
     Text title;
+    Text help;  ///< what the function is for, with an example
     Access access;
 };
 
 /// All functions, in the order of the menu.
 // clang-format off
 constexpr FunctionEntry FUNCTIONS[] = {
-    {  3, MENU_SYSTEM,      TEXT_STATUS, Access::ANY_SESSION},
-    {  8, MENU_SYSTEM,      TEXT_SYSTEM_INFORMATION},
-    { 10, MENU_SYSTEM,      TEXT_SYSTEM_POWER},
-    { 11, MENU_SYSTEM,      TEXT_LED},
-    {153, MENU_SYSTEM,      TEXT_EVENTS},
-    {154, MENU_SYSTEM,      TEXT_EVENT_FILTER},
-    {  7, MENU_SYSTEM,      TEXT_EVENT_SEARCH},
-    { 30, MENU_PARTITION,   TEXT_PARTITION_POWER},
-    { 31, MENU_PARTITION,   TEXT_SCHEDULE},
-    { 45, MENU_PARTITION,   TEXT_BOOT},
-    { 60, MENU_USERS,       TEXT_USERS},
-    { 61, NO_MENU,          TEXT_ADD_USER},
-    { 62, NO_MENU,          TEXT_EDIT_USER},
-    { 63, MENU_USERS,       TEXT_CHANGE_PASSWORD},
-    { 64, MENU_USERS,       TEXT_SESSIONS, Access::ANY_SESSION},
-    { 70, MENU_NETWORK,     TEXT_CLOCK},
-    { 72, MENU_NETWORK,     TEXT_ADDRESSES},
-    { 74, MENU_NETWORK,     TEXT_SERVICES},
-    { 75, MENU_NETWORK,     TEXT_REFRESH},
-    { 77, MENU_NETWORK,     TEXT_TRAPS},
-    { 88, MENU_NETWORK,     TEXT_ACCESS_LIST},
-    { 89, NO_MENU,          TEXT_ADD_ACCESS},
-    { 90, NO_MENU,          TEXT_REMOVE_ACCESS},
-    { 92, MENU_NETWORK,     TEXT_MAIL},
-    {100, MENU_MAINTENANCE, TEXT_FIRMWARE},
-    { 95, MENU_MAINTENANCE, TEXT_PROGRESS},
-    {104, MENU_MAINTENANCE, TEXT_BACKUP},
-    {108, MENU_MAINTENANCE, TEXT_MAINTENANCE_MODE},
+    {  3, MENU_SYSTEM,      TEXT_STATUS,              TEXT_HELP_STATUS, Access::ANY_SESSION},
+    {  8, MENU_SYSTEM,      TEXT_SYSTEM_INFORMATION,  TEXT_HELP_INFORMATION},
+    { 10, MENU_SYSTEM,      TEXT_SYSTEM_POWER,        TEXT_HELP_SYSTEM_POWER},
+    { 11, MENU_SYSTEM,      TEXT_LED,                 TEXT_HELP_LED},
+    {153, MENU_SYSTEM,      TEXT_EVENTS,              TEXT_HELP_EVENTS},
+    {154, MENU_SYSTEM,      TEXT_EVENT_FILTER,        TEXT_HELP_EVENT_FILTER},
+    {  7, MENU_SYSTEM,      TEXT_EVENT_SEARCH,        TEXT_HELP_EVENT_SEARCH},
+    { 30, MENU_PARTITION,   TEXT_PARTITION_POWER,     TEXT_HELP_PARTITION_POWER},
+    { 31, MENU_PARTITION,   TEXT_SCHEDULE,            TEXT_HELP_SCHEDULE},
+    { 45, MENU_PARTITION,   TEXT_BOOT,                TEXT_HELP_BOOT},
+    { 60, MENU_USERS,       TEXT_USERS,               TEXT_HELP_USERS},
+    { 61, NO_MENU,          TEXT_ADD_USER,            TEXT_HELP_ADD_USER},
+    { 62, NO_MENU,          TEXT_EDIT_USER,           TEXT_HELP_EDIT_USER},
+    { 63, MENU_USERS,       TEXT_CHANGE_PASSWORD,     TEXT_HELP_CHANGE_PASSWORD},
+    { 64, MENU_USERS,       TEXT_SESSIONS,            TEXT_HELP_SESSIONS, Access::ANY_SESSION},
+    { 70, MENU_NETWORK,     TEXT_CLOCK,               TEXT_HELP_CLOCK},
+    { 72, MENU_NETWORK,     TEXT_ADDRESSES,           TEXT_HELP_ADDRESSES},
+    { 74, MENU_NETWORK,     TEXT_SERVICES,            TEXT_HELP_SERVICES},
+    { 75, MENU_NETWORK,     TEXT_REFRESH,             TEXT_HELP_REFRESH},
+    { 77, MENU_NETWORK,     TEXT_TRAPS,               TEXT_HELP_TRAPS},
+    { 88, MENU_NETWORK,     TEXT_ACCESS_LIST,         TEXT_HELP_ACCESS_LIST},
+    { 89, NO_MENU,          TEXT_ADD_ACCESS,          TEXT_HELP_ADD_ACCESS},
+    { 90, NO_MENU,          TEXT_REMOVE_ACCESS,       TEXT_HELP_REMOVE_ACCESS},
+    { 92, MENU_NETWORK,     TEXT_MAIL,                TEXT_HELP_MAIL},
+    {100, MENU_MAINTENANCE, TEXT_FIRMWARE,            TEXT_HELP_FIRMWARE},
+    { 95, MENU_MAINTENANCE, TEXT_PROGRESS,            TEXT_HELP_PROGRESS},
+    {104, MENU_MAINTENANCE, TEXT_BACKUP,              TEXT_HELP_BACKUP},
+    {108, MENU_MAINTENANCE, TEXT_MAINTENANCE_MODE,    TEXT_HELP_MAINTENANCE},
 };
 // clang-format on
 

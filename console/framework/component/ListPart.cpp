@@ -13,9 +13,6 @@ ListPart::ListPart(Text title, const std::string& purpose, Component content)
     put("content", std::move(content));
 }
 
-ListPart::ListPart(Text title, Text purpose, Component content)
-    : ListPart(title, text(purpose), std::move(content)) {}
-
 void ListPart::putError(Text problem) {
     put("error", makeSentence(text(problem), TextString::ERROR_COLOUR));
 }

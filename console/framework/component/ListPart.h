@@ -10,7 +10,6 @@ namespace Console {
 class ListPart : public SkeletonPart {
 public:
     ListPart(Text title, const std::string& purpose, Component content);
-    ListPart(Text title, Text purpose, Component content);
 
     /// Says above the data that something is wrong.
     void putError(Text problem);

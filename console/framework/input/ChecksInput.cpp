@@ -72,7 +72,7 @@ void ChecksInput::printCarried() const {
 }
 
 FlagInput::FlagInput(const std::string& name, const std::string& label, std::string otherwise)
-    : ChecksInput(name), m_otherwise(std::move(otherwise)) {
+    : ChecksInput(name), m_otherwise(std::move(otherwise)), m_choices(label + " / " + m_otherwise) {
     addBox(label);
 }
 

@@ -39,9 +39,11 @@ public:
     FlagInput(const std::string& name, const std::string& label, std::string otherwise);
 
     std::string getShownText() const override;
+    std::string getChoices() const override { return m_choices; }
 
 private:
     std::string m_otherwise;
+    std::string m_choices;
 };
 
 }  // namespace Console

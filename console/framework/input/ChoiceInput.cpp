@@ -35,6 +35,14 @@ std::string ChoiceInput::getShownText() const {
     return option != nullptr ? option->label : "";
 }
 
+std::string ChoiceInput::getChoices() const {
+    std::string choices;
+    for (const Option& option : m_options) {
+        choices += (choices.empty() ? "" : " / ") + option.label;
+    }
+    return choices;
+}
+
 void MenuInput::print() const {
     constexpr int NONE = -1;
     SelectMenu menu(getName(), "", FORM_NAME, NONE);

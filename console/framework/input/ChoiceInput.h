@@ -21,6 +21,9 @@ public:
     bool isError() const override { return chosen() == nullptr; }
     std::string getShownText() const override;
 
+    /// The labels of all options.
+    std::string getChoices() const override;
+
 protected:
     explicit ChoiceInput(std::string name) : Input(std::move(name)) {}
 
@@ -57,6 +60,7 @@ class ChosenInput : public ChoiceInput {
 public:
     explicit ChosenInput(const std::string& name) : ChoiceInput(name) {}
     void print() const override;
+    bool isEditable() const override { return false; }
     bool isGroup() const override { return true; }
 };
 

@@ -41,6 +41,12 @@ public:
     virtual std::string getShownText() const { return getText(); }
     virtual void printCarried() const;
 
+    /// What the input takes, other than its hint says. Empty for none.
+    virtual std::string getChoices() const { return ""; }
+
+    /// False for an input that only shows something.
+    virtual bool isEditable() const { return true; }
+
     /// True for several boxes or buttons: they have one legend in place of a label.
     virtual bool isGroup() const { return false; }
 
@@ -77,6 +83,7 @@ public:
     void setText(const std::string& text) override { m_text = text; }
     std::string getText() const override { return m_text; }
     bool isError() const override { return false; }
+    bool isEditable() const override { return false; }
     void print() const override;
 
 private:

@@ -25,7 +25,7 @@ void printHeading(const std::string& heading) {
 }  // namespace
 
 void InputList::addEntry(const std::string& label, Text hint, std::unique_ptr<Input> input) {
-    m_entries.push_back({m_nextHeading, label, hint, std::move(input)});
+    m_entries.push_back({m_nextHeading, label, hint, std::move(input), hint});
     m_nextHeading.clear();
 }
 
@@ -52,7 +52,7 @@ void InputList::mark(const Input& input, Text hint) {
     mark(input);
     for (Entry& entry : m_entries) {
         if (entry.input.get() == &input) {
-            entry.hint = hint;
+            entry.problem = hint;
         }
     }
 }
@@ -68,6 +68,15 @@ std::vector<Input*> InputList::getInputs() const {
         inputs.push_back(entry.input.get());
     }
     return inputs;
+}
+
+void InputList::describe(Help& help) const {
+    for (const Entry& entry : m_entries) {
+        if (entry.input->isEditable()) {
+            const std::string choices = entry.input->getChoices();
+            help.addInput(entry.label, choices.empty() ? text(entry.hint) : choices);
+        }
+    }
 }
 
 void InputList::printInputs() const {
@@ -92,7 +101,7 @@ void InputList::printInput(const Entry& entry) {
     std::cout << (isGroup ? "" : "</label>");
     if (entry.wrong) {
         std::cout << " <span" << attribute("id", hintId) << '>';
-        makeSentence(text(entry.hint), TextString::ERROR_COLOUR)->printHTML();
+        makeSentence(text(entry.problem), TextString::ERROR_COLOUR)->printHTML();
         std::cout << "</span>";
     }
     std::cout << (isGroup ? "</fieldset>\n" : "</p>\n");

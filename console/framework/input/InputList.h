@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "catalogue/Texts.h"
+#include "framework/component/Help.h"
 #include "framework/input/Input.h"
 #include "gui/HTMLComponent.h"
 
@@ -42,6 +43,9 @@ public:
     /// All inputs in the order they were added.
     std::vector<Input*> getInputs() const;
 
+    /// Says in a help text what each input takes.
+    void describe(Help& help) const;
+
     /// Prints labels, inputs and hints.
     void printInputs() const;
 
@@ -54,6 +58,7 @@ private:
         std::string label;
         Text hint;
         std::unique_ptr<Input> input;
+        Text problem;  ///< the hint of a wrong input
         bool needed = true;
         bool wrong = false;
     };

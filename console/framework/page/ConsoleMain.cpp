@@ -2,11 +2,25 @@
 
 #include "framework/access/Rights.h"
 #include "framework/backend/Board.h"
+#include "framework/component/Help.h"
 #include "framework/page/Partitions.h"
 
 using namespace ORVLib::Gui;
 
 namespace Console {
+
+std::unique_ptr<ListPart> ConsoleMain::makeListPart(Function function, const std::string& purpose,
+                                                    Component content) {
+    const FunctionEntry& entry = entryOf(function);
+    auto part = std::make_unique<ListPart>(entry.title, purpose, std::move(content));
+    part->put("help", std::make_unique<Help>(entry.help));
+    return part;
+}
+
+std::unique_ptr<ListPart> ConsoleMain::makeListPart(Function function, Text purpose,
+                                                    Component content) {
+    return makeListPart(function, text(purpose), std::move(content));
+}
 
 void ConsoleMain::showPage(PageContext& context) {
     const Function function = getFunction();

@@ -5,6 +5,7 @@
 
 #include "framework/access/Functions.h"
 #include "framework/access/Rights.h"
+#include "framework/component/ListPart.h"
 #include "framework/page/SessionMain.h"
 
 namespace Console {
@@ -19,6 +20,12 @@ protected:
 
     /// Makes the page's body.
     virtual Component makeBody(const PageContext& context) = 0;
+
+    /// Makes the body of a page that shows data, with the title and the help text of a function.
+    static std::unique_ptr<ListPart> makeListPart(Function function, Text purpose,
+                                                  Component content);
+    static std::unique_ptr<ListPart> makeListPart(Function function, const std::string& purpose,
+                                                  Component content);
 
     virtual Text getTitle() const { return entryOf(getFunction()).title; }
 

@@ -23,6 +23,7 @@ FormPage::FormPage(const PageContext& context, Function function, Text purpose,
       m_context(context),
       m_function(function),
       m_title(entryOf(function).title),
+      m_help(entryOf(function).help),
       m_purpose(purpose),
       m_returnPath(ORVGUIUtil::getCGIPath(function)),
       m_completion(SETTINGS_CHANGED),
@@ -90,6 +91,12 @@ void FormPage::beginConfirmation(const std::string& question, Text backLabel, in
 void FormPage::putRows() {
     HTMLMapUtil::insertIntoMap(getMap(), "shown", std::move(m_shown));
     HTMLMapUtil::insertIntoMap(getMap(), "carried", std::move(m_carried));
+}
+
+void FormPage::putHelp(const InputList& inputs) {
+    auto help = std::make_unique<Help>(m_help);
+    inputs.describe(*help);
+    HTMLMapUtil::insertIntoMap(getMap(), "help", std::move(help));
 }
 
 void FormPage::putButton(const std::string& marker, Text label) {

@@ -6,6 +6,7 @@
 #include "framework/access/Functions.h"
 #include "framework/component/Components.h"
 #include "framework/component/PageText.h"
+#include "framework/input/InputList.h"
 #include "framework/page/PageContext.h"
 #include "framework/page/PageStep.h"
 #include "gui/CommonDefaultPage.h"
@@ -41,6 +42,9 @@ protected:
     /// Sets a title other than the function's.
     void setTitle(Text title) { m_title = title; }
 
+    /// Sets a help text other than the function's.
+    void setHelp(Text help) { m_help = help; }
+
     /// Sets the operator message of the completion page.
     void setCompletion(int messageId) { m_completion = messageId; }
 
@@ -70,6 +74,9 @@ protected:
     /// Adds the rows of addShown() and the fields of carry() to the form. REQUIRES: called once.
     void putRows();
 
+    /// Adds the help text with what each of the inputs takes.
+    void putHelp(const InputList& inputs = {});
+
     void putButton(const std::string& marker, Text label);
     void putApplyButton() { putButton("submit", m_applyLabel); }
 
@@ -80,6 +87,7 @@ private:
     PageContext m_context;
     Function m_function;
     Text m_title;
+    Text m_help;
     Text m_purpose;
     std::string m_returnPath;
     int m_completion;

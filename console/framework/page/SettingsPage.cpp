@@ -103,6 +103,7 @@ bool SettingsPage::areInputsValid() {
 
 void SettingsPage::showForm() {
     beginForm(isConfirmed() ? Step::CONFIRM : Step::APPLY);
+    putHelp(m_inputs);
     putEntries(true);
     if (isConfirmed()) {
         putButton("submit", TEXT_NEXT);

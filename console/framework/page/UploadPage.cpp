@@ -73,6 +73,7 @@ void UploadPage::receiveFile() {
 
 void UploadPage::showForm(const std::string& notice) {
     beginForm(Step::CONFIRM);
+    putHelp();
     putSentence(getMap(), "notice", notice);
     if (Component present = makePresent()) {
         HTMLMapUtil::insertIntoMap(getMap(), "present", std::move(present));

@@ -5,6 +5,7 @@
 #include "framework/backend/Board.h"
 #include "framework/backend/Environment.h"
 #include "framework/backend/WaitLimit.h"
+#include "framework/component/Help.h"
 #include "framework/component/PageChrome.h"
 #include "framework/component/SkeletonPart.h"
 #include "framework/input/Form.h"
@@ -103,6 +104,7 @@ private:
                                                               LONGEST_NAME, LONGEST_NAME));
         form->put("submit", std::make_unique<SubmitButton>("login", text(TEXT_LOGIN)));
         form->putText("waiting", text(TEXT_LOGGING_IN));
+        form->put("help", std::make_unique<Help>(TEXT_HELP_LOGIN));
         if (m_problem != TEXT_CONSOLE) {
             form->put("problem", makeSentence(text(m_problem), TextString::ERROR_COLOUR));
         }

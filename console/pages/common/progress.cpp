@@ -7,7 +7,6 @@
 #include "framework/backend/Board.h"
 #include "framework/backend/Digits.h"
 #include "framework/component/Components.h"
-#include "framework/component/ListPart.h"
 #include "framework/component/Vocabulary.h"
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"
@@ -71,8 +70,8 @@ protected:
             HTMLMapUtil::insertIntoMap(m_page->getMap(), "meta_refresh",
                                        std::make_unique<MetaTag>("Refresh", RELOAD_SECONDS));
         }
-        return std::make_unique<ListPart>(TEXT_PROGRESS, TEXT_PROGRESS_PURPOSE,
-                                          makeContent(context, state, percent, reader.next()));
+        return makeListPart(getFunction(), TEXT_PROGRESS_PURPOSE,
+                            makeContent(context, state, percent, reader.next()));
     }
 
 private:

@@ -1,7 +1,6 @@
 // The access control list, and the pages that add a row and remove one.
 
 #include "framework/backend/Board.h"
-#include "framework/component/ListPart.h"
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"
 #include "framework/page/SettingsPage.h"
@@ -56,13 +55,6 @@ Component makeTable(const std::vector<Row>& rows) {
                                text(TEXT_REMOVE)));
     }
     return table;
-}
-
-Component makeList(CGIRequester& requester) {
-    auto list = std::make_unique<ListPart>(TEXT_ACCESS_LIST, TEXT_ACCESS_LIST_PURPOSE,
-                                           makeTable(readList(requester)));
-    list->put("tabs", makeLink(addressWith(listPath(), {{OPERATION, ADD}}), text(TEXT_ADD_ACCESS)));
-    return list;
 }
 
 class AddPage : public SettingsPage {
@@ -170,6 +162,15 @@ protected:
             default:
                 return makeList(context.requester);
         }
+    }
+
+private:
+    static Component makeList(CGIRequester& requester) {
+        auto list =
+            makeListPart(LIST_FUNCTION, TEXT_ACCESS_LIST_PURPOSE, makeTable(readList(requester)));
+        list->put("tabs",
+                  makeLink(addressWith(listPath(), {{OPERATION, ADD}}), text(TEXT_ADD_ACCESS)));
+        return list;
     }
 };
 

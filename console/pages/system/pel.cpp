@@ -1,7 +1,6 @@
 // The events of the server that pass the user's own filter.
 
 #include "framework/backend/Board.h"
-#include "framework/component/ListPart.h"
 #include "framework/component/Vocabulary.h"
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"
@@ -24,7 +23,7 @@ protected:
         query.before = readBefore(context.form);
         auto events = makeEventList(context, query, ORVGUIUtil::getCGIPath(getFunction()), {});
         events->putSentence("note", describe(query));
-        return std::make_unique<ListPart>(TEXT_EVENTS, TEXT_EVENTS_PURPOSE, std::move(events));
+        return makeListPart(getFunction(), TEXT_EVENTS_PURPOSE, std::move(events));
     }
 
 private:

@@ -1,6 +1,5 @@
 // Searches the event log. The query is in the page's address and is not stored.
 
-#include "framework/component/ListPart.h"
 #include "framework/input/DateInput.h"
 #include "framework/input/InputList.h"
 #include "framework/page/ConsoleMain.h"
@@ -45,6 +44,8 @@ public:
                 m_lastDay.getText(),  m_count.getText(),  ""};
     }
 
+    void describe(Help& help) const { m_inputs.describe(help); }
+
     Component makeView() const { return std::make_unique<InputListView>(m_inputs); }
 
 private:
@@ -74,9 +75,11 @@ protected:
         m_search = std::make_unique<SearchForm>();
         const bool isAsked = context.form.getFields().count(SEVERITY_FIELD) != 0;
         const bool isWrong = isAsked && !m_search->submit(context.form);
-        auto body = std::make_unique<ListPart>(
-            getTitle(), TEXT_EVENT_SEARCH_PURPOSE,
-            makeSearch(isAsked && !isWrong ? makeResult(context) : nullptr));
+        auto body = makeListPart(getFunction(), TEXT_EVENT_SEARCH_PURPOSE,
+                                 makeSearch(isAsked && !isWrong ? makeResult(context) : nullptr));
+        auto help = std::make_unique<Help>(entryOf(getFunction()).help);
+        m_search->describe(*help);
+        body->put("help", std::move(help));
         if (isWrong) {
             body->putError(TEXT_SOME_WRONG);
         }

@@ -1,7 +1,6 @@
 // The state of every unit of the server.
 
 #include "framework/backend/Board.h"
-#include "framework/component/ListPart.h"
 #include "framework/component/Vocabulary.h"
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"
@@ -52,8 +51,8 @@ protected:
     bool isSelfRefreshing() const override { return true; }
 
     Component makeBody(const PageContext& context) override {
-        return std::make_unique<ListPart>(
-            TEXT_STATUS,
+        return makeListPart(
+            getFunction(),
             text(TEXT_STATUS_PURPOSE) + ' ' + text(TEXT_AS_OF) + ' ' + readTime(context.requester),
             makeTable(context.requester));
     }

@@ -92,7 +92,7 @@ UserSettingsPage::UserSettingsPage(const PageContext& context, Function function
     : UserPage(context, function, purpose, action),
       m_name(add(TEXT_USER_NAME, TEXT_WRONG_USER_NAME, std::move(name))),
       m_password(addPassword(passwordLabel, TEXT_BAD_PASSWORD, "password")),
-      m_repeated(addPassword(TEXT_PASSWORD_AGAIN, TEXT_PASSWORDS_DIFFER, "repeated")),
+      m_repeated(addPassword(TEXT_PASSWORD_AGAIN, TEXT_REPEAT_PASSWORD, "repeated")),
       m_role(add(TEXT_ROLE, TEXT_WRONG_CHOICE, makeRoleInput())),
       m_partitions(add(TEXT_USER_PARTITIONS, TEXT_WRONG_USER_PARTITIONS,
                        std::make_unique<PartitionsInput>("partition", context.requester))),
@@ -177,6 +177,7 @@ RemoveUserPage::RemoveUserPage(const PageContext& context, const User& user)
     addShown(TEXT_USER_PARTITIONS, listPartitions(user.partitions));
     carry(NAME_FIELD, user.name);
     setTitle(TEXT_REMOVE_USER);
+    setHelp(TEXT_HELP_REMOVE_USER);
     setApplyLabel(TEXT_REMOVE);
     setCompletion(USER_REMOVED);
 }

@@ -29,9 +29,9 @@ public:
 
     explicit PasswordPage(const PageContext& context)
         : SettingsPage(context, FUNCTION, TEXT_CHANGE_PASSWORD_PURPOSE),
-          m_present(addPassword(TEXT_PRESENT_PASSWORD, TEXT_WRONG_PASSWORD, "present")),
+          m_present(addPassword(TEXT_PRESENT_PASSWORD, TEXT_ENTER_PRESENT, "present")),
           m_wanted(addPassword(TEXT_NEW_PASSWORD, TEXT_BAD_PASSWORD, "wanted")),
-          m_repeated(addPassword(TEXT_REPEATED_PASSWORD, TEXT_PASSWORDS_DIFFER, "repeated")) {
+          m_repeated(addPassword(TEXT_REPEATED_PASSWORD, TEXT_REPEAT_PASSWORD, "repeated")) {
         setCompletion(PASSWORD_CHANGED);
     }
 
@@ -59,7 +59,7 @@ protected:
         switch (writeBytes(getRequester(), ITEM_OWN_PASSWORD, change,
                            {ERROR_LOGIN_REFUSED, ERROR_BUSY})) {
             case ERROR_LOGIN_REFUSED:
-                mark(m_present);
+                mark(m_present, TEXT_WRONG_PASSWORD);
                 break;
             case ERROR_BUSY:
                 refuse(TEXT_BOARD_BUSY);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "framework/component/ListPart.h"
 #include "framework/component/PageChrome.h"
 #include "framework/component/Vocabulary.h"
 #include "framework/page/ConsoleMain.h"
@@ -64,7 +63,7 @@ private:
     std::string getAction() const { return getField(ACTION_FIELD); }
 
     static std::unique_ptr<ListPart> makeList(const std::vector<User>& users) {
-        auto list = std::make_unique<ListPart>(TEXT_USERS, TEXT_USERS_PURPOSE, makeTable(users));
+        auto list = makeListPart(LIST, TEXT_USERS_PURPOSE, makeTable(users));
         list->put("tabs", makeLink(pathOf(ACTION_ADD, ""), text(TEXT_ADD_USER)));
         return list;
     }

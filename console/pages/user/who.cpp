@@ -2,7 +2,6 @@
 
 #include "framework/backend/Board.h"
 #include "framework/backend/UtcTime.h"
-#include "framework/component/ListPart.h"
 #include "framework/component/Vocabulary.h"
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"
@@ -21,8 +20,7 @@ public:
 
 protected:
     Component makeBody(const PageContext& context) override {
-        return std::make_unique<ListPart>(getTitle(), TEXT_SESSIONS_PURPOSE,
-                                          makeTable(context.requester));
+        return makeListPart(getFunction(), TEXT_SESSIONS_PURPOSE, makeTable(context.requester));
     }
 
 private:
