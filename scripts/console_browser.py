@@ -49,6 +49,11 @@ class ConsoleBrowser(contextlib.AbstractContextManager):
         self.driver.execute_cdp_cmd("Emulation.setEmulatedMedia", {
             "features": [{"name": "prefers-color-scheme", "value": scheme}]})
 
+    def allow_scripts(self, allowed):
+        """Turns JavaScript of the pages on or off."""
+        self.driver.execute_cdp_cmd("Emulation.setScriptExecutionDisabled",
+                                    {"value": not allowed})
+
     def open(self, path):
         self.driver.get(self.url + path)
 

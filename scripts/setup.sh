@@ -13,7 +13,8 @@ TEST_PACKAGES="$CHECK_PACKAGES abigail-tools binutils clang-format clang-tidy cp
     libgtest-dev mount pkg-config pyflakes3 shellcheck"
 BOARD_PACKAGES="autoconf automake dpkg-dev g++-powerpc-linux-gnu googletest libtool m4 make
     pkg-config qemu-user-static tcl"
-BROWSER_PACKAGES="chromium chromium-driver fonts-dejavu-core fonts-ipafont-gothic python3-selenium"
+BROWSER_PACKAGES="chromium chromium-driver firefox-esr fonts-dejavu-core fonts-ipafont-gothic
+    python3-selenium"
 VALGRIND_PACKAGES="valgrind"
 FUZZ_PACKAGES="clang libclang-rt-dev"
 BENCH_PACKAGES="apache2-utils $VALGRIND_PACKAGES"

@@ -2,14 +2,11 @@
 
 import itertools
 import pathlib
-import shutil
-import subprocess
 import tempfile
 
 from console_pages import FLOWS, FUNCTIONS, PAGES
 from make_firmware import make_image
-from support.browser_case import BrowserCase
-from support.site_case import BUILD
+from support.browser_case import BrowserCase, fetch_packages
 
 HERE = pathlib.Path(__file__).parent
 AXE, LAYOUT = ((HERE / name).read_text(encoding="utf-8") for name in ("axe.js", "layout.js"))
@@ -28,28 +25,12 @@ DEFAULT_LANGUAGE = "0x02010001"
 UPLOADS = "/maintenance/orv_firmup.cgi", "/maintenance/orv_backup_restore.cgi"
 
 
-def fetch_axe():
-    """The text of axe-core, which npm fetches once."""
-    folder = BUILD / "browser"
-    folder.mkdir(exist_ok=True)
-    shutil.copy(HERE / "package.json", folder)
-    script = folder / "node_modules/axe-core/axe.min.js"
-    try:
-        subprocess.run(["npm", "install", "--prefix", folder, "--no-package-lock", "--no-audit",
-                        "--no-fund"], capture_output=True, check=True)
-    except (OSError, subprocess.CalledProcessError) as error:
-        if not script.exists():
-            raise RuntimeError("npm cannot fetch axe-core. Fetch the version in "
-                               f"{HERE}/package.json where npm can, and copy it to {script}"
-                               ) from error
-    return script.read_text(encoding="utf-8")
-
-
 class Access(BrowserCase):
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
-        cls.axe, cls.seen, cls.found, cls.helped = fetch_axe(), set(), [], set()
+        cls.seen, cls.found, cls.helped = set(), [], set()
+        cls.axe = (fetch_packages() / "axe-core/axe.min.js").read_text(encoding="utf-8")
 
     def test_every_page_and_state_in_each_language(self):
         for self.language in (1, 0):
