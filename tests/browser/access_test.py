@@ -19,7 +19,7 @@ STRANGERS = ("/common/gallery.cgi?language={}", "/common/request.cgi?language={}
 FRAMES = {"/common/menu.cgi?load=1&tid=0&mid=3": MENU_WIDTHS,
           "/common/information.cgi?menu0=Network+Configuration&menu1=Event+filter": WIDTHS}
 # The only pages without a help text: they say all that there is.
-WITHOUT_HELP = ("/common/timeout.cgi",)
+WITHOUT_HELP = ("/common/timeout.cgi", "/common/logout.cgi")
 SEARCH = "/system/sel_filtering.cgi?search=1&severity=info&source=&count="
 DEFAULT_LANGUAGE = "0x02010001"
 UPLOADS = "/maintenance/orv_firmup.cgi", "/maintenance/orv_backup_restore.cgi"
