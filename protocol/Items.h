@@ -26,6 +26,7 @@ enum Item : std::uint32_t {
     ITEM_OWN_REFRESH_INTERVAL = 0x02010027,  ///< seconds, 32 bits
     ITEM_OWN_PASSWORD = 0x02010028,          ///< a PasswordChange
     ITEM_OWN_DEVICE = 0x02010029,            ///< a query: ID of the browser, or an empty text
+    ITEM_OWN_SESSION = 0x0201002a,           ///< seconds left, seconds of an unused session
     ITEM_PARTITIONS = 0x02010030,
     ITEM_USERS = 0x0201003c,
     ITEM_USER_ADD = 0x0201003d,

@@ -64,6 +64,7 @@ constexpr Item ITEMS[] = {
      isPasswordChange, NONE, OwnSettings::writePassword},
     {ITEM_OWN_DEVICE,             BOARD, QUERY,    USERS,  NOBODY,
      Device::isQuestion, Device::answer},
+    {ITEM_OWN_SESSION,            BOARD, CONTENT,  USERS,  NOBODY,   NONE, OwnSettings::readSession},
     {ITEM_PARTITIONS,             BOARD, CONTENT,  USERS,  NOBODY,   NONE, Power::listPartitions},
     {ITEM_USERS,                  BOARD, CONTENT,  A,      NOBODY,   NONE, Users::list},
     {ITEM_USER_ADD,               BOARD, PASSWORD, NOBODY, A,

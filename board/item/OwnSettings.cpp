@@ -39,4 +39,10 @@ void writePassword(const Call& call) {
                             call.makeEvent(EventCode::OWN_PASSWORD_CHANGED, ""));
 }
 
+std::string readSession(const Call& call) {
+    const Sessions& sessions = call.sessions;
+    return formatRecord({std::to_string(sessions.getTimeLeft(call.caller->sessionId).count()),
+                         std::to_string(sessions.getTimeout().count())});
+}
+
 }  // namespace ORVLib::Board::OwnSettings

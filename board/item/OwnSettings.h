@@ -4,7 +4,7 @@
 
 #include "item/Call.h"
 
-/// The settings of the calling user.
+/// The settings of the calling user, and the session.
 namespace ORVLib::Board::OwnSettings {
 
 /// ITEM_OWN_LANGUAGE.
@@ -18,5 +18,9 @@ void writeInterval(const Call& call);
 /// ITEM_OWN_PASSWORD: stores the hash and ends the user's other sessions, which may be of somebody
 /// who knew the old password.
 void writePassword(const Call& call);
+
+/// ITEM_OWN_SESSION: the seconds until the session ends if nobody uses it, at least 1, and the
+/// seconds after which an unused session ends.
+std::string readSession(const Call& call);
 
 }  // namespace ORVLib::Board::OwnSettings

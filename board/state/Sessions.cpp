@@ -82,6 +82,12 @@ std::optional<std::string> Sessions::find(const std::string& id, bool renew) {
     return found->second.user;
 }
 
+std::chrono::seconds Sessions::getTimeLeft(const std::string& id) const {
+    const auto unused = Clock::now() - m_sessions.at(id).lastUse;
+    return std::max(std::chrono::ceil<std::chrono::seconds>(m_timeout - unused),
+                    std::chrono::seconds(1));
+}
+
 void Sessions::setDevice(const std::string& id, const std::string& digest) {
     Session& session = m_sessions.at(id);
     m_state.addDevice(digest, session.user, id);

@@ -32,6 +32,11 @@ public:
     /// The user of a session, which counts as used when `renew` is set; none when it has ended.
     std::optional<std::string> find(const std::string& id, bool renew);
 
+    /// The time after which an unused session ends, and the time left until one ends if nobody uses
+    /// it, rounded up. REQUIRES: there is such a session.
+    std::chrono::seconds getTimeout() const { return m_timeout; }
+    std::chrono::seconds getTimeLeft(const std::string& id) const;
+
     /// The digest of the session's device; empty without one. REQUIRES: there is such a session.
     const std::string& getDevice(const std::string& id) const { return m_sessions.at(id).device; }
     /// Stores the device as one of the user's. REQUIRES: there is such a session.

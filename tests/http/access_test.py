@@ -2,8 +2,10 @@
 
 import contextlib
 import hashlib
+import json
 import shutil
 import sqlite3
+import time
 import urllib.parse
 
 from console_check import sent
@@ -12,6 +14,7 @@ from console_pages import FUNCTIONS, PAGES, SettingsPage, boxes
 from make_firmware import make_image
 from support.site_case import SiteCase
 
+SESSION = "/common/session.cgi"
 USERS, ACCESS_LIST = "/user/list.cgi", "/network/orv_acl_set.cgi"
 BACKUP, FIRMWARE = "/maintenance/orv_backup_restore.cgi", "/maintenance/orv_firmup.cgi"
 SECRETS = {"new-secret", *(user + "-pass" for user in FUNCTIONS)}
@@ -31,7 +34,7 @@ READ_ONLY = {3: "/system/sys_status.cgi", 7: "/system/sel_filtering.cgi", 64: "/
              95: "/common/progress.cgi", 153: "/system/pel.cgi"}
 OTHERS = (LOGIN, LOGOUT, BACKUP + "?download=1", FIRMWARE, "/", "/default.css", "/console.js",
           "/no", "/no/", "/common/", "/no.cgi", *(f"/common/{name}.cgi" for name in (
-              "timeout", "frame", "menu", "information", "gallery", "request")))
+              "timeout", "frame", "menu", "information", "session", "gallery", "request")))
 FOREIGN = ({"Origin": "http://evil.example"}, {"Origin": "null"}, {"Origin": "http://127.0.0.1:1"},
            {"Sec-Fetch-Site": "cross-site"}, {"Sec-Fetch-Site": "same-site"})
 FORGED_STATES = ("", "1", "2", "3", "04", "4294967298")
@@ -136,6 +139,23 @@ class Access(SiteCase):
             client.session = brought
             client.login("admin")
             self.assertNotEqual(client.session, brought)
+
+    def test_only_its_own_form_makes_a_session_last_longer(self):
+        self.site.restart_board("--session-timeout", "60")
+        self.addCleanup(self.site.restart_board)
+        client = self.clients["guest"]
+        client.get(READ_ONLY[64])
+        time.sleep(1.1)
+        for token, status, left in ((None, 200, (58, 59)), ("", 403, (58, 59)),
+                                    (self.clients["admin"].token(), 403, (58, 59)),
+                                    (client.token(), 200, (59, 60)), (None, 200, (59, 60))):
+            answer = (client.get(SESSION) if token is None
+                      else client.post(SESSION, {"form_end": token}))
+            self.assertEqual(answer.status, status)
+            self.assertEqual(json.loads(answer.body)["timeout"], 60)
+            self.assertIn(json.loads(answer.body)["left"], left)
+        client.logout()
+        self.assertEqual(json.loads(client.get(SESSION).body), {"left": 0, "timeout": 0})
 
     def test_a_session_of_https_stays_there(self):
         client = WatchedClient(self.site.tls_url, self.site.certificate)

@@ -12,7 +12,7 @@ from support.board_case import BoardCase
 from support.board_client import (
     BAD_REQUEST, BOARD_FAILURE, BROKEN, CHECK_SESSION, ERROR, EXCHANGE, GET_LANGUAGE,
     GET_USER_INFO, HTTPS_PORT, LOGIN, LOGOUT, MAINTENANCE_MODE, NOT_AUTHORISED, NO_ITEM,
-    NO_SESSION, OWN_LANGUAGE, OWN_PASSWORD, OWN_REFRESH_INTERVAL, PERMISSION, REFUSED,
+    NO_SESSION, OWN_LANGUAGE, OWN_PASSWORD, OWN_REFRESH_INTERVAL, OWN_SESSION, PERMISSION, REFUSED,
     SOME_ITEM, USER_EDIT, WRITE, BoardError, login_record, message, number, record, telegram)
 
 
@@ -77,7 +77,9 @@ class BoardTest(BoardCase):
             self.check(used)
             if half_seconds < 2:
                 self.check(refreshed, b"\1")
-                self.get(OWN_LANGUAGE, refreshed)
+                left = self.get(OWN_SESSION, refreshed)
+                self.assertEqual(left, b"%d\x002\0" % (2 - half_seconds))
+                self.assertEqual(self.get(OWN_SESSION, used), b"2\x002\0")
         self.assertRefused(NO_SESSION, self.check, refreshed)
         self.check(used)
         self.assertEqual(self.end(), (0, "", ""))

@@ -12,7 +12,7 @@ from support.board_client import (
     ACL, ACL_ADD, ACL_REMOVE, ADDRESSES, BACKUP, BAD_REQUEST, BOARD_FAILURE, BOOT, CLOCK,
     DAMAGED, DROP, EVENTS, EXCHANGE, EXISTS, FULL, HTTPS_PORT, LAST_ADMINISTRATOR, LED, MAIL,
     MAINTENANCE_MODE, NOT_AUTHORISED, NOT_FOUND, NO_ITEM, NO_SESSION, OWN_FILTER,
-    OWN_LANGUAGE, PARTITIONS, PERMISSION, POWER, PRODUCT, PROGRESS, REFUSED, SCHEDULE,
+    OWN_LANGUAGE, OWN_SESSION, PARTITIONS, PERMISSION, POWER, PRODUCT, PROGRESS, REFUSED, SCHEDULE,
     SERVICES, SESSIONS, SOME_ITEM, STAGE, STAGED, START, STATUS, SYSTEM_NAMES, SYSTEM_POWER,
     TRAPS, USERS, USER_ADD, USER_EDIT, USER_REMOVE, WRITE, number, record, texts)
 
@@ -40,7 +40,8 @@ class ItemsTest(BoardCase):
         (OWN_FILTER, "apsog", "apsog", texts("error|power|1")),
         (STAGE, "", "as", bytes(5)), (DROP, "", "as", texts("drop")),
         (OWN_LANGUAGE, "apsog", "apsog", number(0)), (HTTPS_PORT, "apsog", "a", number(8443)),
-        (SOME_ITEM, "apsog", "a", b"x"), (MAINTENANCE_MODE, "apsog", "as", bytes(34)),
+        (OWN_SESSION, "apsog", "", b"x"), (SOME_ITEM, "apsog", "a", b"x"),
+        (MAINTENANCE_MODE, "apsog", "as", bytes(34)),
         (PERMISSION, "apsog", "a", struct.pack(">4I", 1, 1, 4, 0)))
 
     def assertAllowed(self, allowed, operation, *arguments):

@@ -17,7 +17,8 @@ enum class Module : int {
     GALLERY = 0x904,
     FRAME = 0x905,
     MENU = 0x906,
-    INFORMATION = 0x907
+    INFORMATION = 0x907,
+    SESSION = 0x908
 };
 
 constexpr Module moduleOf(Function function) {
