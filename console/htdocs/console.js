@@ -89,6 +89,9 @@ document.addEventListener("submit", function (event) {
         event.preventDefault();
         return;
     }
+    if (event.target.getAttribute("action") === "/common/logout.cgi") {
+        sessionStorage.clear();  // what session.js keeps is for a user who is logged in
+    }
     var waiting = event.target.querySelector(".waiting");
     if (waiting) {
         waiting.hidden = false;

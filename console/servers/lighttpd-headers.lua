@@ -8,7 +8,8 @@ local closed = "default-src 'self'; object-src 'none'; base-uri 'none'; form-act
 local path = lighty.r.req_attr["uri.path"] or ""
 local status = lighty.r.req_item["http_status"]
 local is_file = (status == 200 or status == 304)
-    and (path == "/default.css" or path == "/console.js" or path:find("^/images/[^/]*$"))
+    and (path == "/default.css" or path == "/console.js" or path == "/session.js"
+        or path:find("^/images/[^/]*$"))
 
 for name, value in pairs({
     ["X-Content-Type-Options"] = "nosniff",

@@ -33,7 +33,7 @@ FORMS = (*(SettingsPage(*words, user=user) for *words, user in (
 READ_ONLY = {3: "/system/sys_status.cgi", 7: "/system/sel_filtering.cgi", 64: "/user/who.cgi",
              95: "/common/progress.cgi", 153: "/system/pel.cgi"}
 OTHERS = (LOGIN, LOGOUT, BACKUP + "?download=1", FIRMWARE, "/", "/default.css", "/console.js",
-          "/no", "/no/", "/common/", "/no.cgi", *(f"/common/{name}.cgi" for name in (
+          "/session.js", "/no", "/no/", "/common/", "/no.cgi", *(f"/common/{name}.cgi" for name in (
               "timeout", "frame", "menu", "information", "session", "gallery", "request")))
 FOREIGN = ({"Origin": "http://evil.example"}, {"Origin": "null"}, {"Origin": "http://127.0.0.1:1"},
            {"Sec-Fetch-Site": "cross-site"}, {"Sec-Fetch-Site": "same-site"})

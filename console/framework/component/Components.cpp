@@ -16,14 +16,36 @@ std::string htmlText(std::string text) {
     return text;
 }
 
+std::string sentenceText(const std::string& text) {
+    std::string escaped;
+    escaped.reserve(text.size());
+    for (const char character : text) {
+        switch (character) {
+            case '&':
+                escaped += "&amp;";
+                break;
+            case '<':
+                escaped += "&lt;";
+                break;
+            case '>':
+                escaped += "&gt;";
+                break;
+            case '"':
+                escaped += "&quot;";
+                break;
+            default:
+                escaped += character;
+        }
+    }
+    return escaped;
+}
+
 Component makeText(const std::string& text, int colour) {
     return std::make_unique<TextString>(text, false, false, colour);
 }
 
-Component makeSentence(std::string text, int colour) {
-    text = htmlText(std::move(text));
-    MessageMgr::convertStr(text, "&nbsp;", " ");
-    return std::make_unique<TextString>(text, false, true, colour);
+Component makeSentence(const std::string& text, int colour) {
+    return std::make_unique<TextString>(sentenceText(text), false, true, colour);
 }
 
 Component makeLink(const std::string& url, const std::string& text, const std::string& target,

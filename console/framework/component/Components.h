@@ -18,11 +18,14 @@ using Component = std::unique_ptr<ORVLib::Gui::HTMLComponent>;
 /// A text as HTML, for components that do not escape.
 std::string htmlText(std::string text);
 
+/// As htmlText(), with blanks at which lines can wrap.
+std::string sentenceText(const std::string& text);
+
 /// A text in one of TextString's colours, with non-breaking blanks.
 Component makeText(const std::string& text, int colour = ORVLib::Gui::TextString::PLAIN);
 
 /// As makeText(), with blanks at which lines can wrap.
-Component makeSentence(std::string text, int colour = ORVLib::Gui::TextString::PLAIN);
+Component makeSentence(const std::string& text, int colour = ORVLib::Gui::TextString::PLAIN);
 
 /// A link that shows a text. `target` names a frame; empty for the page's own.
 Component makeLink(const std::string& url, const std::string& text, const std::string& target = "",

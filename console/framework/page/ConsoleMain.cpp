@@ -4,6 +4,7 @@
 #include "framework/backend/Board.h"
 #include "framework/component/Help.h"
 #include "framework/page/Partitions.h"
+#include "framework/page/SessionEnd.h"
 
 using namespace ORVLib::Gui;
 
@@ -35,6 +36,8 @@ void ConsoleMain::showPage(PageContext& context) {
     if (isSelfRefreshing()) {
         setAutoRefresh(*m_page);
     }
+    HTMLMapUtil::insertIntoMap(m_page->getMap(), "session",
+                               makeSessionEnd(context.requester, !isSelfRefreshing()));
     printPage(makeBody(context));
 }
 
