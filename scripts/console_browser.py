@@ -27,8 +27,9 @@ def is_gone(element):
 
 
 class ConsoleBrowser(contextlib.AbstractContextManager):
-    def __init__(self, url, width=1280, height=900):
+    def __init__(self, url, width=1280, height=900, frames=False):
         self.url = url
+        self.frames = frames
         options = webdriver.ChromeOptions()
         for option in OPTIONS:
             options.add_argument(option)
@@ -62,15 +63,18 @@ class ConsoleBrowser(contextlib.AbstractContextManager):
         self.open("/")
         self.fill({"user": user, "password": password or user + "-pass"})
         self.press("login")
-        self.wait(lambda _: "/common/frame.cgi" in self.driver.current_url)
+        self.wait(lambda _: "/common/login.cgi" not in self.driver.current_url)
 
     def show(self, function):
-        """Opens a function inside the frameset, and switches to its frame."""
+        """Opens a function in the console. With frames, switches to its frame."""
         self.open(f"/common/frame.cgi?fid={function}")
         self.enter("CONT_FRAME")
 
     def enter(self, frame):
+        """Switches to a frame. Without frames, its part is in the page itself."""
         self.driver.switch_to.default_content()
+        if not self.frames:
+            return
         self.wait(expected_conditions.frame_to_be_available_and_switch_to_it((By.NAME, frame)))
 
     def wait(self, condition):

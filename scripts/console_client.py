@@ -52,6 +52,7 @@ class Form(html.parser.HTMLParser):
         name, value = attributes.get("name"), attributes.get("value", "")
         if tag == "form":
             self.path = attributes["action"]
+            self.fields = {}  # the strip's form is before the page's own
         elif tag == "select":
             self._menu = name
         elif tag == "option" and ("selected" in attributes or self._menu not in self.fields):

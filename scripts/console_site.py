@@ -26,11 +26,11 @@ class ConsoleSite(contextlib.AbstractContextManager):
     the board's command line. With `tls_port`, where 0 is a free one, there is HTTPS too. `runner`
     is the path of a program that runs pages and board, which are its first argument; only lighttpd
     with plain CGI takes it. `server` is a name in WEB_SERVERS; with `scgi` it sends requests to the
-    page server instead of starting a page for each.
+    page server instead of starting a page for each. With `frames` the console has frames.
     """
 
     def __init__(self, build, run, port=0, environment=None, board_options=(), tls_port=None,
-                 runner="", server="lighttpd", scgi=False):
+                 runner="", server="lighttpd", scgi=False, frames=False):
         self.build = pathlib.Path(build).resolve()
         self.run = pathlib.Path(run).resolve()
         self.socket = self.run / "board.sock"
@@ -38,6 +38,7 @@ class ConsoleSite(contextlib.AbstractContextManager):
                             "ORV_PAGE_PLACES": self.run / "places",
                             "ORV_TRACE_LIMITS": self.run / "trace.limits",
                             "ORV_TRACE_LEVEL": os.environ.get("ORV_TRACE_LEVEL", "0"),
+                            **({"ORV_CONSOLE_FRAMES": "1"} if frames else {}),
                             **(environment or {})}
         self.port = port or free_port()
         self.url = f"http://127.0.0.1:{self.port}"
@@ -48,7 +49,7 @@ class ConsoleSite(contextlib.AbstractContextManager):
         self.uploads = self.run / "uploads"  # of the web server
         self.board_options = board_options
         self.runner = runner
-        self.scgi = scgi
+        self.scgi, self.frames = scgi, frames
         self._web_server = WEB_SERVERS[server](self)
         self._processes = {}  # their names and the signals that end them
         self.board = None

@@ -32,6 +32,8 @@ def parse_arguments():
                         help="the web server (default lighttpd)")
     parser.add_argument("--scgi", action="store_true",
                         help="pages run in the page server instead of as CGI programs")
+    parser.add_argument("--frames", action="store_true",
+                        help="strip, menu and function have frames of their own")
     parser.add_argument("--check", action="store_true",
                         help="use every page, print the results, stop, exit with 0 or 1")
     parser.add_argument("--fault", action="append", default=[], metavar="PROCEDURE:KIND",
@@ -80,7 +82,7 @@ def main():
     if arguments.parse_only:
         return 0
     faults = [word for fault in arguments.fault for word in ("--fault", fault)]
-    way = {"server": arguments.server, "scgi": arguments.scgi}
+    way = {"server": arguments.server, "scgi": arguments.scgi, "frames": arguments.frames}
     for number in (signal.SIGINT, signal.SIGTERM):
         signal.signal(number, stop)
     try:

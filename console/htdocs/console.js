@@ -17,6 +17,14 @@ function vorpa_close() {
     vorpaWindow = null;
 }
 
+// In narrow windows the menu is over the page while the address names it. Escape closes it, as its
+// link does.
+document.addEventListener("keydown", function (event) {
+    if (event.key === "Escape" && location.hash === "#menu") {
+        location.hash = "#content";
+    }
+});
+
 // A long menu scrolls to the current function.
 document.addEventListener("DOMContentLoaded", function () {
     var current = document.querySelector(".menu a.current");
@@ -74,6 +82,9 @@ document.addEventListener("DOMContentLoaded", function () {
 });
 
 function isAnyUnsaved() {
+    if (isUnsaved) {
+        return true;
+    }
     for (var i = 0; i < top.frames.length; i++) {
         if (top.frames[i].isUnsaved) {
             return true;

@@ -27,7 +27,8 @@ AWAY = re.compile(r"\(00:040[12]\)|board cannot be reached")
 INSPECTOR, REFRESH = "/common/request.cgi", "/network/orv_refresh_set.cgi"
 PAGES = (("/system/sys_status.cgi", "31 C"), ("/user/who.cgi", "soak"),
          ("/user/ch_passwd.cgi", "New password"), ("/common/menu.cgi", "Change password"),
-         ("/common/frame.cgi", "<frame name="), ("/common/nothing.cgi", "There is no such page."))
+         ("/common/frame.cgi", "/system/sys_status.cgi"),
+         ("/common/nothing.cgi", "There is no such page."))
 MALFORMED = (b"GARBAGE\r\n\r\n", b"GET / HTTP/1.1\r\n\r\n",
              b"GET /../../etc/passwd HTTP/1.0\r\n\r\n",
              b"POST /common/request.cgi HTTP/1.0\r\nContent-Length: -1\r\n\r\n",

@@ -31,7 +31,8 @@ class BrowserCase(SiteCase):
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
-        cls.browser = cls.enterClassContext(ConsoleBrowser(cls.site.url))
+        cls.browser = cls.enterClassContext(ConsoleBrowser(cls.site.url,
+                                                           frames=cls.site.frames))
 
     def tearDown(self):
         super().tearDown()

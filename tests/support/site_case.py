@@ -11,9 +11,10 @@ from console_client import ConsoleClient
 from console_site import ConsoleSite
 
 BUILD = Path(os.environ["CONSOLE_BUILD"])
-# The way of serving: a web server, and whether pages run in the page server.
+# The way of serving: a web server, whether pages run in the page server, and whether there are frames.
 WAY = {"server": os.environ.get("CONSOLE_SERVER", "lighttpd"),
-       "scgi": os.environ.get("CONSOLE_SCGI", "") not in ("", "0")}
+       "scgi": os.environ.get("CONSOLE_SCGI", "") not in ("", "0"),
+       "frames": os.environ.get("CONSOLE_FRAMES", "") not in ("", "0")}
 SANITIZER_REPORTS = ("AddressSanitizer", "LeakSanitizer", "runtime error:")
 
 

@@ -3,6 +3,8 @@
 #include "framework/access/Rights.h"
 #include "framework/backend/Board.h"
 #include "framework/component/Help.h"
+#include "framework/component/PageChrome.h"
+#include "framework/page/Outline.h"
 #include "framework/page/Partitions.h"
 #include "framework/page/SessionEnd.h"
 
@@ -26,6 +28,7 @@ std::unique_ptr<ListPart> ConsoleMain::makeListPart(Function function, Text purp
 void ConsoleMain::showPage(PageContext& context) {
     const Function function = getFunction();
     beginPage(getTitle());
+    setTitle(getTitle());
     const bool hasPartition =
         entryOf(function).topMenu != MENU_PARTITION || choosePartition(context, function);
     if (!hasPartition || !mayUse(context.requester, m_authority, function, context.partition)) {
@@ -38,7 +41,28 @@ void ConsoleMain::showPage(PageContext& context) {
     }
     HTMLMapUtil::insertIntoMap(m_page->getMap(), "session",
                                makeSessionEnd(context.requester, !isSelfRefreshing()));
-    printPage(makeBody(context));
+    Component body = makeBody(context);
+    if (!usesFrames() && !isAnsweredWithFile()) {
+        putOutline(context.requester);
+    }
+    printPage(std::move(body));
+}
+
+void ConsoleMain::setTitle(Text title) {
+    m_title = text(title);
+    setTitleAndStyle(*m_page, m_title);
+    if (!usesFrames()) {
+        putSentence(m_page->getMap(), "title", m_title + " - " + text(TEXT_CONSOLE));
+    }
+}
+
+void ConsoleMain::putOutline(CGIRequester& requester) {
+    const MenuPlace place = placeOf(getFunction());
+    HTMLMapUtil::insertIntoMap(m_page->getMap(), "strip",
+                               makeStrip(requester, placeText(place, m_title, m_language)));
+    HTMLMapUtil::insertIntoMap(m_page->getMap(), "menu",
+                               makeMenu(requester, m_authority, place, m_language));
+    m_page->getGenerator().setSkeletonFileName(skeletonPath("skeleton_console.txt"));
 }
 
 }  // namespace Console

@@ -27,6 +27,9 @@ protected:
     static std::unique_ptr<ListPart> makeListPart(Function function, const std::string& purpose,
                                                   Component content);
 
+    /// Sets the title of the window, and the page's name in the strip.
+    void setTitle(Text title);
+
     virtual Text getTitle() const { return entryOf(getFunction()).title; }
 
     /// True for a page that reloads itself at the user's interval, which does not keep the session
@@ -42,7 +45,10 @@ private:
     void showPage(PageContext& context) final;
     bool isSessionRenewed() const final { return !isSelfRefreshing(); }
 
+    void putOutline(ORVLib::Gui::CGIRequester& requester);
+
     Function m_function;
+    std::string m_title;
 };
 
 /// Makes a settings page from its arguments, and its content.

@@ -51,6 +51,7 @@ void PageMain::beginPage(Text title) {
 }
 
 void PageMain::answerWithFile(const std::string& fileName) {
+    m_isFile = true;
     putText(m_page->getMap(), "file_name", fileName);
     m_page->getGenerator().setSkeletonFileName(skeletonPath("skeleton_download.txt"));
 }

@@ -41,6 +41,7 @@ protected:
     /// Makes the body a file that the browser saves, without a page around it. REQUIRES:
     /// beginPage() was called; `fileName` has only letters, digits, "-", "_" and ".".
     void answerWithFile(const std::string& fileName);
+    bool isAnsweredWithFile() const { return m_isFile; }
 
     /// Prints the page. REQUIRES: beginPage() was called.
     void printPage(Component body);
@@ -52,6 +53,9 @@ protected:
 
     /// The roles that may use the page. None for a page that everybody may use.
     virtual std::vector<Text> getRoles() const { return {}; }
+
+private:
+    bool m_isFile = false;
 };
 
 }  // namespace Console

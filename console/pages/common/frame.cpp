@@ -1,8 +1,12 @@
-// The console's frameset: information strip, menu and the page of a function.
+// The address of the console and its functions. With frames it has the frameset: information strip,
+// menu and the page of a function. Otherwise it leads to that page, which has the other parts
+// itself.
 
 #include "framework/access/Functions.h"
 #include "framework/component/PageChrome.h"
+#include "framework/page/Outline.h"
 #include "framework/page/Program.h"
+#include "framework/page/Redirect.h"
 #include "framework/page/SessionMain.h"
 #include "gui/ORVGUIUtil.h"
 #include "gui/OutlineFramePage.h"
@@ -19,10 +23,15 @@ public:
 
 protected:
     void showPage(PageContext& context) override {
+        const FunctionEntry& entry = wantedFunction();
+        if (!usesFrames()) {
+            printRedirect(ORVGUIUtil::getCGIPath(entry.function));
+            return;
+        }
         OutlineFramePage page(m_language, context.messages);
         setTitleAndStyle(page, text(TEXT_CONSOLE));
         page.getGenerator().setSkeletonFileName(skeletonPath("skeleton_frame.txt"));
-        putFunction(page, wantedFunction());
+        putFunction(page, entry);
         page.createPage();
         page.getGenerator().printHTML();
     }

@@ -1,11 +1,8 @@
-// The information strip: the place in the menu, the user's name, and the button to log out.
+// The frame of the information strip.
 
-#include "framework/backend/Board.h"
-#include "framework/component/SkeletonPart.h"
-#include "framework/page/PageStep.h"
+#include "framework/page/Outline.h"
 #include "framework/page/Program.h"
 #include "framework/page/SessionMain.h"
-#include "gui/SubmitButton.h"
 
 using namespace ORVLib::Gui;
 
@@ -20,15 +17,7 @@ public:
 protected:
     void showPage(PageContext& context) override {
         beginPage(TEXT_CONSOLE);
-        auto strip = std::make_unique<SkeletonPart>("skeleton_information.txt");
-        strip->putText("console", text(TEXT_CONSOLE));
-        strip->putText("place", place());
-        strip->putText("user_label", text(TEXT_USER_NAME));
-        strip->putText("user", readUserName(context.requester));
-        strip->putSentence("question", text(TEXT_ASK_UNSAVED));
-        strip->put("logout", std::make_unique<SubmitButton>("logout", text(TEXT_LOGOUT)));
-        strip->put(END_FIELD, makeFormEnd(context.requester));
-        printPage(std::move(strip));
+        printPage(makeStrip(context.requester, place()));
     }
 
 private:

@@ -48,7 +48,7 @@ protected:
         const auto user = std::find_if(users.begin(), users.end(),
                                        [&name](const auto& each) { return each.name == name; });
         if (user == users.end()) {
-            setTitleAndStyle(*m_page, text(TEXT_USERS));
+            setTitle(TEXT_USERS);
             auto list = makeList(users);
             list->putError(TEXT_NO_SUCH_USER);
             return list;
