@@ -47,6 +47,9 @@ public:
     /// False for an input that only shows something.
     virtual bool isEditable() const { return true; }
 
+    /// True for an input whose text must not be shown or stored.
+    virtual bool isSecret() const { return false; }
+
     /// True for several boxes or buttons: they have one legend in place of a label.
     virtual bool isGroup() const { return false; }
 

@@ -22,6 +22,31 @@ void printHeading(const std::string& heading) {
     }
 }
 
+/// The words for users who hear the page are not visible: the arrow says the same.
+class Change : public HTMLComponent {
+public:
+    Change(std::string before, std::string after)
+        : m_before(std::move(before)), m_after(std::move(after)) {}
+
+    void printHTML() const override {
+        print("del", TEXT_BEFORE, m_before);
+        std::cout << " <span aria-hidden=\"true\">&rarr;</span> ";
+        print("ins", TEXT_AFTER, m_after);
+    }
+    bool isError() const override { return false; }
+
+private:
+    static void print(const char* tag, Text word, const std::string& value) {
+        std::cout << '<' << tag << "><span class=\"spoken\">" << sentenceText(text(word))
+                  << " </span>";
+        makeText(value)->printHTML();
+        std::cout << "</" << tag << '>';
+    }
+
+    std::string m_before;
+    std::string m_after;
+};
+
 }  // namespace
 
 void InputList::addEntry(const std::string& label, Text hint, std::unique_ptr<Input> input) {
@@ -115,28 +140,60 @@ std::string InputList::attributesOf(const Entry& entry, std::size_t box,
                         : "");
 }
 
-void InputList::printValues() const {
+void InputList::compareWithPresent() {
+    for (Entry& entry : m_entries) {
+        entry.present = entry.input->getShownText();
+    }
+}
+
+bool InputList::isAnyChanged() const {
+    return std::any_of(m_entries.begin(), m_entries.end(), isChanged);
+}
+
+bool InputList::isChanged(const Entry& entry) {
+    if (!entry.needed) {
+        return false;
+    }
+    return entry.input->isSecret()
+               ? !entry.input->isEmpty()
+               : !entry.present || *entry.present != entry.input->getShownText();
+}
+
+// The heading of inputs of which none is shown is left out, too.
+void InputList::printValues(bool carried) const {
+    std::string heading;
     for (const Entry& entry : m_entries) {
-        printHeading(entry.heading);
-        if (entry.needed) {
+        heading = entry.heading.empty() ? heading : entry.heading;
+        if (isChanged(entry)) {
+            printHeading(heading);
+            heading.clear();
             printValue(entry);
         }
-        entry.input->printCarried();
+        if (carried) {
+            entry.input->printCarried();
+        }
     }
 }
 
 void InputList::printValue(const Entry& entry) {
-    const std::string shown = entry.input->getShownText();
+    const auto shown = [](const std::string& text) { return text.empty() ? "-" : text; };
     LabelledList row;
-    row.add(entry.label, shown.empty() ? "-" : shown);
+    if (entry.input->isSecret()) {
+        row.add(entry.label, text(TEXT_CHANGED));
+    } else if (entry.present) {
+        row.add(entry.label, std::make_unique<Change>(shown(*entry.present),
+                                                      shown(entry.input->getShownText())));
+    } else {
+        row.add(entry.label, shown(entry.input->getShownText()));
+    }
     row.printHTML();
 }
 
 void InputListView::printHTML() const {
-    if (m_editable) {
+    if (m_view == View::EDITABLE) {
         m_inputs.printInputs();
     } else {
-        m_inputs.printValues();
+        m_inputs.printValues(m_view == View::CONFIRMED);
     }
 }
 

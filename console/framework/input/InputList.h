@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -46,11 +47,19 @@ public:
     /// Says in a help text what each input takes.
     void describe(Help& help) const;
 
+    /// Takes what the inputs show now as the present values: from then on, values are shown as
+    /// changes, from what to what, and those that do not change are left out.
+    void compareWithPresent();
+
+    /// True when the inputs differ from the present values, or there are none to compare with.
+    bool isAnyChanged() const;
+
     /// Prints labels, inputs and hints.
     void printInputs() const;
 
-    /// Prints labels and values, with hidden fields that carry the values.
-    void printValues() const;
+    /// Prints labels and values. With `carried`, hidden fields carry the values, also of those that
+    /// do not change.
+    void printValues(bool carried) const;
 
 private:
     struct Entry {
@@ -58,12 +67,14 @@ private:
         std::string label;
         Text hint;
         std::unique_ptr<Input> input;
-        Text problem;  ///< the hint of a wrong input
+        Text problem;                                       ///< the hint of a wrong input
+        std::optional<std::string> present = std::nullopt;  ///< what it showed before
         bool needed = true;
         bool wrong = false;
     };
 
     static void printInput(const Entry& entry);
+    static bool isChanged(const Entry& entry);
     static void printValue(const Entry& entry);
     static std::string attributesOf(const Entry& entry, std::size_t box, const std::string& hintId);
 
@@ -73,18 +84,25 @@ private:
     std::vector<Entry> m_entries;
 };
 
-/// Shows a list of inputs, for the user to change or to look at. REQUIRES: the list outlives it.
+/// How a list of inputs is shown.
+enum class View {
+    EDITABLE,   ///< for the user to change
+    CONFIRMED,  ///< for the user to look at, with fields that carry the values
+    DONE        ///< for the user to look at
+};
+
+/// Shows a list of inputs. REQUIRES: the list outlives it.
 class InputListView : public ORVLib::Gui::HTMLComponent {
 public:
-    explicit InputListView(const InputList& inputs, bool editable = true)
-        : m_inputs(inputs), m_editable(editable) {}
+    explicit InputListView(const InputList& inputs, View view = View::EDITABLE)
+        : m_inputs(inputs), m_view(view) {}
 
     void printHTML() const override;
     bool isError() const override { return m_inputs.isAnyMarked(); }
 
 private:
     const InputList& m_inputs;
-    bool m_editable;
+    View m_view;
 };
 
 }  // namespace Console

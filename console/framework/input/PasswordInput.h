@@ -15,6 +15,7 @@ public:
     void print() const override;
     std::string getShownText() const override { return ""; }
     void printCarried() const override {}
+    bool isSecret() const override { return true; }
 
 private:
     int m_maxLength;

@@ -13,6 +13,7 @@ public:
     explicit PowerPage(const PageContext& context);
 
 protected:
+    bool isCompared() const override { return false; }
     void readCurrent() override {}
     std::string getConfirmation() override;
     bool isDangerous() const override;

@@ -1,6 +1,8 @@
 #include "framework/page/SettingsPage.h"
 
 #include <cstdint>
+#include <iostream>
+#include <utility>
 
 #include "framework/backend/RecordReader.h"
 #include "framework/component/PageChrome.h"
@@ -12,6 +14,26 @@ namespace Console {
 namespace {
 
 constexpr char REVISION_FIELD[] = "seen";
+constexpr char CONSENT_FIELD[] = "consent";
+constexpr char CONSENT[] = "1";
+
+/// What the user would lose, and the box that consents to it.
+class Consent : public HTMLComponent {
+public:
+    explicit Consent(std::string lockOut) : m_lockOut(std::move(lockOut)) {}
+
+    void printHTML() const override {
+        std::cout << "<div class=\"consent\">\n<p role=\"alert\">";
+        makeSentence(m_lockOut, TextString::ERROR_COLOUR)->printHTML();
+        std::cout << "</p>\n<p>";
+        FlagInput(CONSENT_FIELD, text(TEXT_CONSENT), "").print();
+        std::cout << "</p>\n</div>";
+    }
+    bool isError() const override { return false; }
+
+private:
+    std::string m_lockOut;
+};
 
 /// A digest of texts: their FNV-1a sum of 64 bits.
 std::string sumOf(const Record& texts) {
@@ -31,32 +53,42 @@ SettingsPage::SettingsPage(const PageContext& context, Function function, Text p
       m_revision(getField(REVISION_FIELD)) {}
 
 void SettingsPage::makeDispPage() {
+    const std::string seen = m_revision;
     const bool isToConfirm = getStep() == Step::CONFIRM && isConfirmed();
-    if (isToConfirm || getStep() == Step::EDIT_AGAIN) {
+    readPresent();
+    if (isToConfirm && isOutdated(seen)) {
+        refuse(TEXT_CHANGED_MEANWHILE);
+    } else if (isToConfirm || getStep() == Step::EDIT_AGAIN) {
+        m_revision = seen;
         submit();
-    } else {
-        readPresent();
-    }
-    if (isToConfirm && areInputsValid()) {
-        showConfirmation();
-        return;
-    }
-    if (isToConfirm) {
-        refuse(TEXT_SOME_WRONG);
     } else if (getStep() == Step::CUT_OFF) {
         refuse(TEXT_FORM_CUT_OFF);
+    }
+    if (isToConfirm && !isRefused()) {
+        if (areInputsValid()) {
+            showConfirmation();
+            return;
+        }
+        refuse(TEXT_SOME_WRONG);
     }
     showForm();
 }
 
 void SettingsPage::makeConfigPage() {
-    if (isOutdated()) {
+    const std::string seen = m_revision;
+    readPresent();
+    if (isOutdated(seen)) {
         refuse(TEXT_CHANGED_MEANWHILE);
         showForm();
         return;
     }
     submit();
-    if (areInputsValid()) {
+    if (areInputsValid() && !isRefused()) {
+        if (isConsentMissing()) {
+            refuse(TEXT_CONSENT_MISSING);
+            isConfirmed() ? showConfirmation() : showForm();
+            return;
+        }
         apply();
     }
     if (m_inputs.isAnyMarked() && !isRefused()) {
@@ -78,17 +110,19 @@ void SettingsPage::readPresent() {
         }
     }
     m_revision = sumOf(record);
+    if (isCompared()) {
+        m_inputs.compareWithPresent();
+    }
 }
 
 /// True when somebody has changed the settings since the user saw them; the inputs then have the
 /// present ones. A form of another program need not carry a revision.
-bool SettingsPage::isOutdated() {
-    const std::string revision = m_revision;
-    if (revision.empty()) {
-        return false;
-    }
-    readPresent();
-    return m_revision != revision;
+bool SettingsPage::isOutdated(const std::string& seen) const {
+    return !seen.empty() && seen != m_revision;
+}
+
+bool SettingsPage::isConsentMissing() {
+    return !getLockOut().empty() && getField(CONSENT_FIELD) != CONSENT;
 }
 
 void SettingsPage::submit() {
@@ -104,28 +138,44 @@ bool SettingsPage::areInputsValid() {
 void SettingsPage::showForm() {
     beginForm(isConfirmed() ? Step::CONFIRM : Step::APPLY);
     putHelp(m_inputs);
-    putEntries(true);
+    putEntries(View::EDITABLE);
     if (isConfirmed()) {
         putButton("submit", TEXT_NEXT);
     } else {
+        putConsent();
         putApplyButton();
     }
 }
 
 void SettingsPage::showConfirmation() {
-    beginConfirmation(getConfirmation(), TEXT_BACK,
-                      isDangerous() ? TextString::ERROR_COLOUR : TextString::PLAIN);
+    if (m_inputs.isAnyChanged()) {
+        beginConfirmation(getConfirmation(), TEXT_BACK,
+                          isDangerous() ? TextString::ERROR_COLOUR : TextString::PLAIN);
+        putConsent();
+    } else {
+        beginForm(Step::APPLY);
+        putSentence(getMap(), "notice", text(TEXT_NOTHING_CHANGES));
+        putButton(BACK_FIELD, TEXT_BACK);
+    }
     if (isDangerous()) {
         putText(getMap(), "danger", "danger");
     }
-    putEntries(false);
+    putEntries(View::CONFIRMED);
 }
 
-void SettingsPage::putEntries(bool editable) {
+void SettingsPage::putConsent() {
+    std::string lockOut = getLockOut();
+    if (!lockOut.empty()) {
+        HTMLMapUtil::insertIntoMap(getMap(), "consent",
+                                   std::make_unique<Consent>(std::move(lockOut)));
+    }
+}
+
+void SettingsPage::putEntries(View view) {
     carry(REVISION_FIELD, m_revision);
     putRows();
     HTMLMapUtil::insertIntoMap(getMap(), "entries",
-                               std::make_unique<InputListView>(m_inputs, editable));
+                               std::make_unique<InputListView>(m_inputs, view));
 }
 
 }  // namespace Console

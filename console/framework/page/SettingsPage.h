@@ -46,6 +46,14 @@ protected:
     /// lost.
     virtual bool isDangerous() const { return false; }
 
+    /// What the user would lose with the valid input, and how the console is reached afterwards: a
+    /// sentence. The user must consent to it before it is applied. Empty for nothing.
+    virtual std::string getLockOut() { return ""; }
+
+    /// False for a page that carries something out: its input is not compared with the present
+    /// settings.
+    virtual bool isCompared() const { return true; }
+
     /// False for a page whose form is applied without confirmation: its input must not be printed,
     /// or there is nothing to look at twice.
     virtual bool isConfirmed() const { return true; }
@@ -75,12 +83,14 @@ private:
     void makeConfigPage() final;
 
     void readPresent();
-    bool isOutdated();
+    bool isOutdated(const std::string& seen) const;
+    bool isConsentMissing();
     void submit();
     bool areInputsValid();
     void showForm();
     void showConfirmation();
-    void putEntries(bool editable);
+    void putConsent();
+    void putEntries(View view);
 
     std::string m_revision;  ///< digest of the settings that the user sees, or saw
     InputList m_inputs;

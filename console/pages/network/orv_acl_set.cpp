@@ -70,6 +70,7 @@ public:
     }
 
 protected:
+    bool isCompared() const override { return false; }
     void readCurrent() override {}
 
     void apply() override {
@@ -109,6 +110,7 @@ public:
     }
 
 protected:
+    bool isCompared() const override { return false; }
     bool isConfirmed() const override { return false; }
 
     void readCurrent() override {

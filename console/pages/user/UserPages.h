@@ -58,6 +58,7 @@ public:
     explicit AddUserPage(const PageContext& context);
 
 protected:
+    bool isCompared() const override { return false; }
     void readCurrent() override;
     void checkInputs() override;
     void apply() override;
@@ -82,6 +83,7 @@ public:
     RemoveUserPage(const PageContext& context, const User& user);
 
 protected:
+    bool isCompared() const override { return false; }
     void readCurrent() override {}
     void apply() override;
 
