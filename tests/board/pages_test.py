@@ -36,7 +36,7 @@ REQUESTS = (
     ("wrong password", LOGIN, form(user="admin", password="wrong"), b"password is wrong"),
     ("log-in", LOGIN, form(user="admin", password="admin-pass"), b"Set-Cookie: sid="),
     ("console", FRAME, None, b"Location: /system/sys_status.cgi"),
-    ("menu", MENU + "?load=1&tid=0&mid=3", None, b"/system/pel.cgi"),
+    ("menu", MENU + "?load=1&tid=0&mid=3", None, b"/common/frame.cgi?fid="),
     ("setting", REFRESH, None, b'value="60"'),
     ("wrong input", REFRESH, form(page_state=3, interval="3601", form_end=ANY_TOKEN),
      b"from 0 to 3600"),

@@ -18,6 +18,8 @@ class Walks(BrowserCase):
         for _ in range(MOST_STOPS):
             self.type(Keys.TAB)
             focused = self.browser.driver.switch_to.active_element
+            if focused.tag_name == "body":
+                continue  # the last stop is the browser's own
             self.assertNotEqual(focused.value_of_css_property("outline-style"), "none",
                                 focused.get_attribute("outerHTML"))
             if focused in self.browser.all(selector):

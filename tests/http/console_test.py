@@ -124,7 +124,7 @@ class Console(SiteCase):
                                           ("01", "01", True), ("00", "01", False)):
             self.site.boardctl("set", admin, "0x020100b4", "00" * 33 + mode)
             self.site.boardctl("set", admin, "0x020100d1", packet + permission)
-            shown = POWER.encode() in self.client.get(MENU).body, "(00:0502)" in self.client.get(
+            shown = b'fid=10"' in self.client.get(MENU).body, "(00:0502)" in self.client.get(
                 POWER).text()
             self.assertEqual(shown, (allowed, not allowed), (mode, permission))
 

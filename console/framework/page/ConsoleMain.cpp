@@ -58,10 +58,12 @@ void ConsoleMain::setTitle(Text title) {
 
 void ConsoleMain::putOutline(CGIRequester& requester) {
     const MenuPlace place = placeOf(getFunction());
-    HTMLMapUtil::insertIntoMap(m_page->getMap(), "strip",
-                               makeStrip(requester, placeText(place, m_title, m_language)));
-    HTMLMapUtil::insertIntoMap(m_page->getMap(), "menu",
-                               makeMenu(requester, m_authority, place, m_language));
+    HTMLMapUtil::insertIntoMap(
+        m_page->getMap(), "strip",
+        makeStrip(OutlineKind::PAGE, requester, placeText(place, m_title, m_language)));
+    HTMLMapUtil::insertIntoMap(
+        m_page->getMap(), "menu",
+        makeMenu(OutlineKind::PAGE, requester, m_authority, place, m_language));
     m_page->getGenerator().setSkeletonFileName(skeletonPath("skeleton_console.txt"));
 }
 

@@ -54,9 +54,11 @@ private:
 /// The landmark around the top menus. In a page, it has a link that closes it in narrow windows.
 class Navigation : public ComponentGroup {
 public:
+    explicit Navigation(OutlineKind kind) : m_kind(kind) {}
+
     void printHTML() const override {
         std::cout << "<nav" << attribute("aria-label", text(TEXT_FUNCTIONS));
-        if (usesFrames()) {
+        if (m_kind == OutlineKind::FRAMES) {
             std::cout << ">\n";
         } else {
             std::cout << attribute("id", MENU_ID) << ">\n";
@@ -65,11 +67,14 @@ public:
         ComponentGroup::printHTML();
         std::cout << "</nav>\n";
     }
+
+private:
+    OutlineKind m_kind;
 };
 
 /// With frames, a link loads all of them again, because menu and strip show the function.
-Component makeFunctionLink(const FunctionEntry& entry, bool isCurrent) {
-    if (usesFrames()) {
+Component makeFunctionLink(OutlineKind kind, const FunctionEntry& entry, bool isCurrent) {
+    if (kind == OutlineKind::FRAMES) {
         return makeTab(
             std::string(FRAME_PATH) + '?' + FUNCTION_FIELD + '=' + std::to_string(entry.function),
             text(entry.title), isCurrent, "_top");
@@ -100,13 +105,13 @@ std::string placeText(const MenuPlace& place, const std::string& title, int lang
     return place.topMenu == NO_MENU ? title : topMenuName(place.topMenu, language) + " > " + title;
 }
 
-Component makeStrip(CGIRequester& requester, const std::string& place) {
+Component makeStrip(OutlineKind kind, CGIRequester& requester, const std::string& place) {
     auto strip = std::make_unique<SkeletonPart>("skeleton_information.txt");
-    if (!usesFrames()) {
+    if (kind == OutlineKind::PAGE) {
         strip->put("menu", makeLink(std::string("#") + MENU_ID, text(TEXT_MENU), "", "menu_link"));
     }
     strip->putText("console", text(TEXT_CONSOLE));
-    strip->putText("place", place);
+    strip->putSentence("place", place);
     strip->putText("user_label", text(TEXT_USER_NAME));
     strip->putText("user", readUserName(requester));
     strip->putSentence("question", text(TEXT_ASK_UNSAVED));
@@ -115,15 +120,15 @@ Component makeStrip(CGIRequester& requester, const std::string& place) {
     return strip;
 }
 
-Component makeMenu(CGIRequester& requester, const CGIAuthority& authority, const MenuPlace& current,
-                   int language) {
-    auto menus = std::make_unique<Navigation>();
+Component makeMenu(OutlineKind kind, CGIRequester& requester, const CGIAuthority& authority,
+                   const MenuPlace& current, int language) {
+    auto menus = std::make_unique<Navigation>(kind);
     for (int menu = 0; menu < MenuData::TOP_MENUS; ++menu) {
         auto made =
             std::make_unique<MenuSection>(topMenuName(menu, language), menu == current.topMenu);
         for (const FunctionEntry& entry : FUNCTIONS) {
             if (entry.topMenu == menu && mayUse(requester, authority, entry.function)) {
-                made->add(makeFunctionLink(entry, entry.function == current.function));
+                made->add(makeFunctionLink(kind, entry, entry.function == current.function));
             }
         }
         menus->add(std::move(made));

@@ -28,12 +28,17 @@ MenuPlace placeOf(Function function);
 /// The place in words, such as "System > Event list". `title` is that of the page.
 std::string placeText(const MenuPlace& place, const std::string& title, int language);
 
+/// Where strip and menu are: in frames of their own, or in the page of the function.
+enum class OutlineKind { FRAMES, PAGE };
+
 /// The information strip: the place, the user's name, and the button to log out. Throws when the
 /// board does not tell the name.
-Component makeStrip(ORVLib::Gui::CGIRequester& requester, const std::string& place);
+Component makeStrip(OutlineKind kind, ORVLib::Gui::CGIRequester& requester,
+                    const std::string& place);
 
 /// The menu: the top menus, and under each the functions that the user may use.
-Component makeMenu(ORVLib::Gui::CGIRequester& requester, const ORVLib::Gui::CGIAuthority& authority,
-                   const MenuPlace& current, int language);
+Component makeMenu(OutlineKind kind, ORVLib::Gui::CGIRequester& requester,
+                   const ORVLib::Gui::CGIAuthority& authority, const MenuPlace& current,
+                   int language);
 
 }  // namespace Console

@@ -17,7 +17,7 @@ public:
 protected:
     void showPage(PageContext& context) override {
         beginPage(TEXT_CONSOLE);
-        printPage(makeStrip(context.requester, place()));
+        printPage(makeStrip(OutlineKind::FRAMES, context.requester, place()));
     }
 
 private:

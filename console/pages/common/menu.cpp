@@ -18,8 +18,8 @@ public:
 protected:
     void showPage(PageContext& context) override {
         beginPage(TEXT_FUNCTIONS);
-        printPage(
-            makeMenu(context.requester, m_authority, {number("tid"), number("mid")}, m_language));
+        printPage(makeMenu(OutlineKind::FRAMES, context.requester, m_authority,
+                           {number("tid"), number("mid")}, m_language));
     }
 
 private:
