@@ -27,6 +27,7 @@ enum Item : std::uint32_t {
     ITEM_OWN_PASSWORD = 0x02010028,          ///< a PasswordChange
     ITEM_OWN_DEVICE = 0x02010029,            ///< a query: ID of the browser, or an empty text
     ITEM_OWN_SESSION = 0x0201002a,           ///< seconds left, seconds of an unused session
+    ITEM_OWN_NOTE = 0x0201002b,              ///< a query: a NoteQuery
     ITEM_PARTITIONS = 0x02010030,
     ITEM_USERS = 0x0201003c,
     ITEM_USER_ADD = 0x0201003d,

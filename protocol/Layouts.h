@@ -68,4 +68,10 @@ struct FirmwarePiece {
 /// Hexadecimal digits, in lower case, of the ID that a browser keeps in a cookie.
 constexpr std::size_t DEVICE_ID_DIGITS = 32;
 
+/// A query for a note: the ID of one or nothing, a NUL, and the note to keep or nothing.
+struct NoteQuery {
+    static constexpr std::size_t ID_DIGITS = 16;  ///< hexadecimal, in lower case
+    static constexpr std::size_t MAX_BYTES = 2048;
+};
+
 }  // namespace ORVLib::Protocol

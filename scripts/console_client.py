@@ -20,6 +20,7 @@ class Answer:
     status: int
     headers: dict
     body: bytes
+    address: str = ""  # of the page, after a 303
 
     def text(self):
         """The page's bytes as a person reads them, without markup."""
@@ -102,12 +103,16 @@ class ConsoleClient:
 
     session, device = _cookie("sid", "/"), _cookie("device", LOGIN)
 
-    def request(self, method, path, body=None, headers=None):
+    def request(self, method, path, body=None, headers=None, follows=True):
+        """Sends a request. After a 303, `follows` says whether to get the page that it names."""
         response = self._http.request(method, self.url + path, data=body, headers=headers,
                                       allow_redirects=False, timeout=TIME_LIMIT_SECONDS)
         received = response.raw.headers  # several headers of a name as several lines
+        if follows and response.status_code == 303:
+            return self.get(received["Location"])
         return Answer(response.status_code, {
-            name.lower(): "\n".join(received.getlist(name)) for name in received}, response.content)
+            name.lower(): "\n".join(received.getlist(name)) for name in received},
+            response.content, path)
 
     def login(self, user, password=None):
         return self.post(LOGIN, {"user": user, "password": password or user + "-pass"})
@@ -115,10 +120,10 @@ class ConsoleClient:
     def get(self, path):
         return self.request("GET", path)
 
-    def post(self, path, fields, headers=None):
+    def post(self, path, fields, headers=None, follows=True):
         """Posts fields as a form does. Names and values are text or bytes."""
         headers = {"Content-Type": "application/x-www-form-urlencoded", **(headers or {})}
-        return self.request("POST", path, urllib.parse.urlencode(fields), headers)
+        return self.request("POST", path, urllib.parse.urlencode(fields), headers, follows)
 
     def token(self):
         """The CSRF token of the session, from a form that every user finds; "" without one."""

@@ -11,6 +11,7 @@
 #include "item/ItemValidators.h"
 #include "item/Maintenance.h"
 #include "item/Network.h"
+#include "item/Notes.h"
 #include "item/OwnSettings.h"
 #include "item/Power.h"
 #include "item/Stored.h"
@@ -65,6 +66,7 @@ constexpr Item ITEMS[] = {
     {ITEM_OWN_DEVICE,             BOARD, QUERY,    USERS,  NOBODY,
      Device::isQuestion, Device::answer},
     {ITEM_OWN_SESSION,            BOARD, CONTENT,  USERS,  NOBODY,   NONE, OwnSettings::readSession},
+    {ITEM_OWN_NOTE,               BOARD, QUERY,    USERS,  NOBODY,   Notes::isQuery, Notes::answer},
     {ITEM_PARTITIONS,             BOARD, CONTENT,  USERS,  NOBODY,   NONE, Power::listPartitions},
     {ITEM_USERS,                  BOARD, CONTENT,  A,      NOBODY,   NONE, Users::list},
     {ITEM_USER_ADD,               BOARD, PASSWORD, NOBODY, A,

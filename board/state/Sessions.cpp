@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "common/Hex.h"
 #include "orv/OrvTrace.h"
 #include "wire/Protocol.h"
 #include "wire/Random.h"
@@ -92,6 +93,29 @@ void Sessions::setDevice(const std::string& id, const std::string& digest) {
     Session& session = m_sessions.at(id);
     m_state.addDevice(digest, session.user, id);
     session.device = digest;
+}
+
+std::string Sessions::keepNote(const std::string& id, const std::string& replacedId,
+                               const std::string& text) {
+    constexpr std::size_t MAX_NOTES = 6;
+    constexpr std::size_t ID_BYTES = 8;
+    std::vector<Note>& notes = m_sessions.at(id).notes;
+    const auto isReplaced = [&](const Note& note) { return note.id == replacedId; };
+    notes.erase(std::remove_if(notes.begin(), notes.end(), isReplaced), notes.end());
+    if (notes.size() == MAX_NOTES) {
+        notes.erase(notes.begin());
+    }
+    notes.push_back({formatHex(randomBytes(ID_BYTES)), text});
+    return notes.back().id;
+}
+
+const std::string* Sessions::findNote(const std::string& id, const std::string& noteId) const {
+    for (const Note& note : m_sessions.at(id).notes) {
+        if (note.id == noteId) {
+            return &note.text;
+        }
+    }
+    return nullptr;
 }
 
 void Sessions::close(const std::string& id, const Event& event) {

@@ -42,6 +42,15 @@ public:
     /// Stores the device as one of the user's. REQUIRES: there is such a session.
     void setDevice(const std::string& id, const std::string& digest);
 
+    /// Keeps a note of the session in memory and returns its ID: 16 hexadecimal digits. The note
+    /// takes the place of the one with `replacedId`, otherwise that of the oldest when there are
+    /// too many. REQUIRES: there is such a session.
+    std::string keepNote(const std::string& id, const std::string& replacedId,
+                         const std::string& text);
+
+    /// The session's note with an ID; null without one. REQUIRES: there is such a session.
+    const std::string* findNote(const std::string& id, const std::string& noteId) const;
+
     /// Ends the session, for good even after a crash: an end that cannot be stored is marked, and
     /// store() tries again. Throws when the marker cannot be written either.
     void close(const std::string& id, const Event& event);
@@ -62,13 +71,19 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
+    struct Note {
+        std::string id;
+        std::string text;
+    };
+
     struct Session {
         std::string user;
         std::string address;
         StoredSession::Time loginTime;
         Clock::time_point lastUse;
         std::string device;
-        bool used = false;  ///< since it was stored
+        bool used = false;             ///< since it was stored
+        std::vector<Note> notes = {};  ///< the oldest first
     };
     using Table = std::unordered_map<std::string, Session>;
 

@@ -33,6 +33,15 @@ document.addEventListener("DOMContentLoaded", function () {
     }
 });
 
+// A page that answers a form can be reloaded, and found again with "back", without sending the form once
+// more. Most forms are answered by another page's address; this is for those that are not.
+document.addEventListener("DOMContentLoaded", function () {
+    var form = document.querySelector("form[data-address]");
+    if (form && form.dataset.address) {
+        history.replaceState(null, "", form.dataset.address);
+    }
+});
+
 // The first wrong input, or otherwise what the page says about its form, gets the focus, so that a
 // screen reader says it.
 document.addEventListener("DOMContentLoaded", function () {

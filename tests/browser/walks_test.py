@@ -13,6 +13,11 @@ class Walks(BrowserCase):
     def type(self, *keys):
         ActionChains(self.browser.driver).send_keys(*keys).perform()
 
+    def retype(self, text):
+        """Types over what a box holds."""
+        keys = ActionChains(self.browser.driver)
+        keys.key_down(Keys.CONTROL).send_keys("a").key_up(Keys.CONTROL).send_keys(text).perform()
+
     def tab_to(self, selector):
         """Presses Tab until an element has the focus. Every stop on the way must show that."""
         for _ in range(MOST_STOPS):
@@ -37,11 +42,11 @@ class Walks(BrowserCase):
         self.tab_to(MENU_LINK)
         self.browser.leave(lambda: self.type(Keys.ENTER))
         self.tab_to("[name=interval]")
-        self.type(Keys.CONTROL + "a", Keys.NULL, "4801")
+        self.retype("4801")
         self.browser.leave(lambda: self.type(Keys.ENTER))
         self.assertEqual(self.browser.driver.switch_to.active_element.get_attribute("name"),
                          "interval")
-        self.type(Keys.CONTROL + "a", Keys.NULL, "48")
+        self.retype("48")
         self.browser.leave(lambda: self.type(Keys.ENTER))
         self.tab_to("[name=submit]")
         self.browser.leave(lambda: self.type(Keys.ENTER))

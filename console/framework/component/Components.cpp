@@ -72,14 +72,21 @@ std::string percentEncoded(const std::string& text) {
 
 }  // namespace
 
-std::string addressWith(const std::string& path,
-                        const std::vector<std::pair<std::string, std::string>>& fields) {
+std::string pathWith(const std::string& path,
+                     const std::vector<std::pair<std::string, std::string>>& fields) {
     std::string address = path;
-    const char* separator = "?";
+    char separator = '?';
     for (const auto& [name, value] : fields) {
         address += separator + percentEncoded(name) + '=' + percentEncoded(value);
-        separator = "&amp;";
+        separator = '&';
     }
+    return address;
+}
+
+std::string addressWith(const std::string& path,
+                        const std::vector<std::pair<std::string, std::string>>& fields) {
+    std::string address = pathWith(path, fields);
+    MessageMgr::convertStr(address, "&", "&amp;");
     return address;
 }
 

@@ -31,7 +31,11 @@ Component makeSentence(const std::string& text, int colour = ORVLib::Gui::TextSt
 Component makeLink(const std::string& url, const std::string& text, const std::string& target = "",
                    const std::string& cssClass = "");
 
-/// An address with fields, for makeLink(). Names and values may hold any bytes.
+/// A page's address with fields. Names and values may hold any bytes.
+std::string pathWith(const std::string& path,
+                     const std::vector<std::pair<std::string, std::string>>& fields);
+
+/// As pathWith(), for makeLink().
 std::string addressWith(const std::string& path,
                         const std::vector<std::pair<std::string, std::string>>& fields);
 

@@ -32,7 +32,7 @@ const ChoiceInput::Option* ChoiceInput::chosen() const {
 
 std::string ChoiceInput::getShownText() const {
     const Option* const option = chosen();
-    return option != nullptr ? option->label : "";
+    return option != nullptr ? option->label : getValue();
 }
 
 std::string ChoiceInput::getChoices() const {

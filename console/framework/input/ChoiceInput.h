@@ -19,6 +19,8 @@ public:
     void addOptions(const Vocabulary& words);
 
     bool isError() const override { return chosen() == nullptr; }
+
+    /// The label of the chosen option; a value without option as it is.
     std::string getShownText() const override;
 
     /// The labels of all options.

@@ -10,9 +10,10 @@ using namespace ORVLib::Gui;
 
 namespace Console {
 
-void Input::submit(const FormInfo& form) {
+void Input::submit(const Fields& fields) {
     for (std::size_t i = 0; i < m_values.size(); ++i) {
-        m_values[i] = fieldOf(form, fieldName(i));
+        const auto field = fields.find(fieldName(i));
+        m_values[i] = field != fields.end() ? field->second : "";
     }
 }
 

@@ -9,6 +9,9 @@
 
 namespace Console {
 
+/// The fields of a form, by their names.
+using Fields = ORVLib::Gui::FormInfo::FieldMap;
+
 /// An input of a settings page. It keeps the values of its fields as the user typed them, so that
 /// the form shows a wrong entry again. The library's components are made from these values when the
 /// input is checked or printed.
@@ -29,7 +32,7 @@ public:
     virtual void write(Record& record) const { record.push_back(getText()); }
 
     /// Takes the values that the user sent.
-    void submit(const ORVLib::Gui::FormInfo& form);
+    void submit(const Fields& fields);
 
     virtual bool isError() const = 0;
     virtual bool isEmpty() const { return getText().empty(); }

@@ -54,9 +54,9 @@ void InputList::addEntry(const std::string& label, Text hint, std::unique_ptr<In
     m_nextHeading.clear();
 }
 
-void InputList::submit(const FormInfo& form) {
+void InputList::submit(const Fields& fields) {
     for (Entry& entry : m_entries) {
-        entry.input->submit(form);
+        entry.input->submit(fields);
     }
 }
 
@@ -164,7 +164,7 @@ void InputList::printValues(bool carried) const {
     std::string heading;
     for (const Entry& entry : m_entries) {
         heading = entry.heading.empty() ? heading : entry.heading;
-        if (isChanged(entry)) {
+        if (isChanged(entry) || !entry.input->isEditable()) {
             printHeading(heading);
             heading.clear();
             printValue(entry);
@@ -180,7 +180,7 @@ void InputList::printValue(const Entry& entry) {
     LabelledList row;
     if (entry.input->isSecret()) {
         row.add(entry.label, text(TEXT_CHANGED));
-    } else if (entry.present) {
+    } else if (entry.present && entry.input->isEditable()) {
         row.add(entry.label, std::make_unique<Change>(shown(*entry.present),
                                                       shown(entry.input->getShownText())));
     } else {

@@ -28,7 +28,7 @@ public:
     void addHeading(const std::string& heading) { m_nextHeading = heading; }
 
     /// Takes the values that the user sent.
-    void submit(const ORVLib::Gui::FormInfo& form);
+    void submit(const Fields& fields);
 
     /// Marks the inputs that are wrong, and no others. An input that is not needed, given the
     /// values of the others, is neither checked nor shown among the values.

@@ -6,6 +6,7 @@
 #include "framework/component/PageChrome.h"
 #include "framework/page/Outline.h"
 #include "framework/page/Partitions.h"
+#include "framework/page/Redirect.h"
 #include "framework/page/SessionEnd.h"
 
 using namespace ORVLib::Gui;
@@ -42,6 +43,10 @@ void ConsoleMain::showPage(PageContext& context) {
     HTMLMapUtil::insertIntoMap(m_page->getMap(), "session",
                                makeSessionEnd(context.requester, !isSelfRefreshing()));
     Component body = makeBody(context);
+    if (!m_redirect.empty()) {
+        printRedirect(m_redirect);
+        return;
+    }
     if (!usesFrames() && !isAnsweredWithFile()) {
         putOutline(context.requester);
     }

@@ -53,7 +53,7 @@ private:
 
 /// Makes a settings page from its arguments, and its content.
 template <typename Page, typename... Arguments>
-Component makePage(Arguments&&... arguments) {
+std::unique_ptr<Page> makePage(Arguments&&... arguments) {
     auto page = std::make_unique<Page>(std::forward<Arguments>(arguments)...);
     page->makePage();
     return page;

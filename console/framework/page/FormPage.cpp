@@ -27,12 +27,12 @@ FormPage::FormPage(const PageContext& context, Function function, Text purpose,
       m_purpose(purpose),
       m_returnPath(ORVGUIUtil::getCGIPath(function)),
       m_completion(SETTINGS_CHANGED),
-      m_step(stepOf(context, moduleOf(function))),
-      m_state(libraryStateOf(m_step)),
+      m_request(readFormRequest(context, function)),
+      m_state(libraryStateOf(m_request.step)),
       m_shown(std::make_unique<LabelledList>()),
       m_carried(std::make_unique<ComponentGroup>()) {
     if (context.partition != JudgeAuthority::NO_PARTITION) {
-        carry(PARTITION_FIELD, std::to_string(context.partition));
+        carryInAddress(PARTITION_FIELD, std::to_string(context.partition));
         m_returnPath = partitionPath(function, context.partition);
     }
 }
@@ -51,8 +51,64 @@ void FormPage::carry(const std::string& name, const std::string& value) {
     m_carried->add(std::make_unique<HiddenField>(name, inputValue(value)));
 }
 
+void FormPage::carryInAddress(const std::string& name, const std::string& value) {
+    carry(name, value);
+    m_address.emplace_back(name, value);
+}
+
 std::string FormPage::getField(const std::string& name) const {
-    return fieldOf(m_context.form, name);
+    const auto field = m_request.fields.find(name);
+    return field != m_request.fields.end() ? field->second : "";
+}
+
+bool FormPage::answerDraft() {
+    if (!m_context.form.isPostMethod()) {
+        return false;
+    }
+    const auto id = keepDraft(m_context, m_function, m_request);
+    if (id) {
+        m_context.redirect = makeAddress(DRAFT_FIELD, *id);
+    }
+    return id.has_value();
+}
+
+bool FormPage::claimForm() {
+    if (m_request.draftId.empty()) {
+        return true;
+    }
+    const auto id = claimDraft(m_context, m_function, m_request);
+    if (id) {
+        m_request.draftId = *id;
+    } else {
+        m_context.redirect = makeAddress(DRAFT_FIELD, m_request.draftId);
+    }
+    return id.has_value();
+}
+
+void FormPage::answerDone(const Record& done) {
+    m_request.done = done;
+    const auto id = keepDone(m_context, m_function, m_request);
+    if (id) {
+        m_context.redirect = makeAddress(DONE_FIELD, *id);
+    } else {
+        showCompletion();
+    }
+}
+
+/// The address of the page, with one more field unless its name is empty.
+std::string FormPage::makeAddress(const std::string& field, const std::string& value) const {
+    auto fields = m_address;
+    if (!field.empty()) {
+        fields.emplace_back(field, value);
+    }
+    return pathWith(ORVGUIUtil::getCGIPath(m_function), fields);
+}
+
+/// Where the browser finds the page without sending the form again, in the answer to a POST.
+void FormPage::putAddress() {
+    if (m_context.form.isPostMethod()) {
+        putText(getMap(), "address", makeAddress("", ""));
+    }
 }
 
 void FormPage::refuse(Text reason, const std::string& detail) {
@@ -73,6 +129,10 @@ void FormPage::beginForm(Step next) {
     putText(getMap(), "title", text(m_title));
     putSentence(getMap(), "purpose", text(m_purpose));
     putText(getMap(), "path", ORVGUIUtil::getCGIPath(m_function));
+    putAddress();
+    if (getStep() == Step::CONFIRM || getStep() == Step::EDIT_AGAIN) {
+        carry(DRAFT_FIELD, m_request.draftId);
+    }
     HTMLMapUtil::insertIntoMap(getMap(), "tabs", makePartitionTabs(m_context, m_function));
     if (isRefused()) {
         HTMLMapUtil::insertIntoMap(getMap(), "error",
@@ -106,6 +166,9 @@ void FormPage::putButton(const std::string& marker, Text label) {
 
 void FormPage::showCompletion() {
     constexpr int NO_CODE = 0;
+    m_isCompleted = true;
+    putAddress();
+    HTMLMapUtil::insertIntoMap(getMap(), "shown", std::move(m_shown));
     setComplPageItemToMap(text(m_title), "\"location.href='" + m_returnPath + "'\"", m_completion);
     // In place of the library's component, whose lines cannot wrap.
     HTMLMapUtil::insertIntoMap(getMap(), "message",

@@ -32,6 +32,9 @@ protected:
     /// Adds a hidden field to the form.
     void carry(const std::string& name, const std::string& value);
 
+    /// As carry(), for a field that the page also needs in its address.
+    void carryInAddress(const std::string& name, const std::string& value);
+
     /// The value of a field of the request; empty without it.
     std::string getField(const std::string& name) const;
 
@@ -60,7 +63,23 @@ protected:
 
     // The operations below are for the kinds of page; the pages themselves need not call them.
 
-    Step getStep() const { return m_step; }
+    Step getStep() const { return m_request.step; }
+    const Fields& getFields() const { return m_request.fields; }
+
+    /// What the page gave to answerDone(). REQUIRES: the step is DONE.
+    const Record& getDone() const { return m_request.done; }
+
+    /// Sends the browser on to a GET that takes the step which this request asks for. Does nothing
+    /// and returns false when the request is no POST, or the board does not keep the form.
+    bool answerDraft();
+
+    /// Before a form is applied: false when its draft was applied already, or is gone. The browser
+    /// is then sent to a page that says so.
+    bool claimForm();
+
+    /// Sends the browser on to a page that shows that the form was applied: `done` is what it needs
+    /// for that. Without the board's help, the answer is that page.
+    void answerDone(const Record& done);
 
     /// Makes a form that asks for the step `next`, with the reason of refuse(). The kind of page
     /// adds its inputs and buttons.
@@ -83,7 +102,13 @@ protected:
     /// Makes the page that says that the form was applied.
     void showCompletion();
 
+    /// True when this is the page that says that the form was applied.
+    bool isCompleted() const { return m_isCompleted; }
+
 private:
+    std::string makeAddress(const std::string& field, const std::string& value) const;
+    void putAddress();
+
     PageContext m_context;
     Function m_function;
     Text m_title;
@@ -93,7 +118,9 @@ private:
     int m_completion;
     Text m_applyLabel = TEXT_SET;
     std::string m_problem;
-    Step m_step;
+    bool m_isCompleted = false;
+    std::vector<std::pair<std::string, std::string>> m_address;  ///< fields of the page's address
+    FormRequest m_request;
     int m_state;  ///< the library's, which keeps a pointer to it
     std::unique_ptr<LabelledList> m_shown;
     std::unique_ptr<ComponentGroup> m_carried;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "gui/CGIAuthority.h"
@@ -18,6 +19,8 @@ struct PageContext {
     ORVLib::Gui::CGIRequester& requester;
     const ORVLib::Gui::CGIAuthority& authority;
     int language;
+    std::string&
+        redirect;  ///< the address that the browser is sent to in place of the page, if any
 
     /// The partition that the page works on, and all that the user may choose.
     int partition = ORVLib::Gui::JudgeAuthority::NO_PARTITION;

@@ -54,6 +54,8 @@ protected:
     /// The roles that may use the page. None for a page that everybody may use.
     virtual std::vector<Text> getRoles() const { return {}; }
 
+    std::string m_redirect;  ///< see PageContext
+
 private:
     bool m_isFile = false;
 };

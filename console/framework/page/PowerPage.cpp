@@ -68,7 +68,7 @@ void PowerPage::addOperations(bool on) {
     for (const Operation& operation : OPERATIONS) {
         // The system is on when any partition is: the others can still be switched on.
         const bool always = !operation.whenOn && !isForPartition(getContext());
-        if (operation.whenOn == on || always) {
+        if (operation.whenOn == on || always || getStep() == Step::DONE) {
             m_operation.addOption(operation.name, text(operation.label));
         }
     }

@@ -2,11 +2,13 @@
 
 #include <iostream>
 
+#include "framework/access/PageLimits.h"
 #include "framework/component/Components.h"
 
 namespace Console {
 
 void printRedirect(const std::string& path) {
+    notePageBegun();
     std::cout << "Status: 303 See Other\n"
                  "Location: "
               << path

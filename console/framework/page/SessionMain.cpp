@@ -9,7 +9,7 @@ int SessionMain::execMain() {
     guiCheckSession(!isSessionRenewed());
     loadTexts();
     CGIRequester requester(m_sessionId.c_str());
-    PageContext context{*m_formInfo, *m_messages, requester, m_authority, m_language};
+    PageContext context{*m_formInfo, *m_messages, requester, m_authority, m_language, m_redirect};
     showPage(context);
     return 0;
 }

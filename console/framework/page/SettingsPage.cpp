@@ -55,17 +55,32 @@ SettingsPage::SettingsPage(const PageContext& context, Function function, Text p
 void SettingsPage::makeDispPage() {
     const std::string seen = m_revision;
     const bool isToConfirm = getStep() == Step::CONFIRM && isConfirmed();
+    const bool isToEdit = getStep() == Step::EDIT_AGAIN;
+    if ((isToConfirm || isToEdit) && answerDraft()) {
+        return;
+    }
+    if (getStep() == Step::DONE) {
+        showDone();
+        return;
+    }
     readPresent();
     if (isToConfirm && isOutdated(seen)) {
         refuse(TEXT_CHANGED_MEANWHILE);
-    } else if (isToConfirm || getStep() == Step::EDIT_AGAIN) {
+    } else if (isToConfirm || isToEdit) {
         m_revision = seen;
         submit();
     } else if (getStep() == Step::CUT_OFF) {
         refuse(TEXT_FORM_CUT_OFF);
+    } else if (getStep() == Step::GONE) {
+        refuse(TEXT_NO_DRAFT);
     }
     if (isToConfirm && !isRefused()) {
         if (areInputsValid()) {
+            // A draft of a form that was to be applied already lacks the consent.
+            if (getField(HTMLPage::FORM_PAGE_STATE) == pageStateOf(Step::APPLY) &&
+                isConsentMissing()) {
+                refuse(TEXT_CONSENT_MISSING);
+            }
             showConfirmation();
             return;
         }
@@ -83,10 +98,15 @@ void SettingsPage::makeConfigPage() {
         return;
     }
     submit();
-    if (areInputsValid() && !isRefused()) {
-        if (isConsentMissing()) {
-            refuse(TEXT_CONSENT_MISSING);
-            isConfirmed() ? showConfirmation() : showForm();
+    const bool isRight = areInputsValid() && !isRefused();
+    const bool isReady = isRight && !isConsentMissing();
+    if (!isReady && isConfirmed() && answerDraft()) {
+        return;
+    }
+    if (isRight && !isReady) {
+        refuse(TEXT_CONSENT_MISSING);
+    } else if (isReady) {
+        if (!claimForm()) {
             return;
         }
         apply();
@@ -96,8 +116,42 @@ void SettingsPage::makeConfigPage() {
     }
     if (isRefused()) {
         showForm();
-    } else {
-        showCompletion();
+        return;
+    }
+    Record done = m_present;
+    writeTexts(done);
+    answerDone(done);
+}
+
+void SettingsPage::showDone() {
+    RecordReader reader(getDone());
+    if (isCompared()) {
+        readTexts(reader);
+        m_inputs.compareWithPresent();
+    }
+    readTexts(reader);
+    reader.requireEnd();
+    m_inputs.check([this](const Input& input) { return isNeeded(input); });
+    showCompletion();
+    HTMLMapUtil::insertIntoMap(getMap(), "entries",
+                               std::make_unique<InputListView>(m_inputs, View::DONE));
+}
+
+/// The texts of all inputs. Of a secret one, only whether there is any.
+void SettingsPage::writeTexts(Record& record) const {
+    constexpr char SOME[] = "*";
+    for (const Input* const input : m_inputs.getInputs()) {
+        if (input->isSecret()) {
+            record.emplace_back(input->isEmpty() ? "" : SOME);
+        } else {
+            input->write(record);
+        }
+    }
+}
+
+void SettingsPage::readTexts(RecordReader& reader) {
+    for (Input* const input : m_inputs.getInputs()) {
+        input->read(reader);
     }
 }
 
@@ -112,6 +166,8 @@ void SettingsPage::readPresent() {
     m_revision = sumOf(record);
     if (isCompared()) {
         m_inputs.compareWithPresent();
+        m_present.clear();
+        writeTexts(m_present);
     }
 }
 
@@ -122,11 +178,16 @@ bool SettingsPage::isOutdated(const std::string& seen) const {
 }
 
 bool SettingsPage::isConsentMissing() {
-    return !getLockOut().empty() && getField(CONSENT_FIELD) != CONSENT;
+    return !findLockOut().empty() && getField(CONSENT_FIELD) != CONSENT;
+}
+
+/// What the user would lose, as far as the input is valid.
+std::string SettingsPage::findLockOut() {
+    return m_inputs.isAnyMarked() ? "" : getLockOut();
 }
 
 void SettingsPage::submit() {
-    m_inputs.submit(getContext().form);
+    m_inputs.submit(getFields());
 }
 
 bool SettingsPage::areInputsValid() {
@@ -164,8 +225,9 @@ void SettingsPage::showConfirmation() {
 }
 
 void SettingsPage::putConsent() {
-    std::string lockOut = getLockOut();
+    std::string lockOut = findLockOut();
     if (!lockOut.empty()) {
+        putText(getMap(), "danger", "danger");
         HTMLMapUtil::insertIntoMap(getMap(), "consent",
                                    std::make_unique<Consent>(std::move(lockOut)));
     }

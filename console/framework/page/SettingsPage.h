@@ -83,15 +83,20 @@ private:
     void makeConfigPage() final;
 
     void readPresent();
+    void writeTexts(Record& record) const;
+    void readTexts(RecordReader& reader);
     bool isOutdated(const std::string& seen) const;
     bool isConsentMissing();
+    std::string findLockOut();
     void submit();
     bool areInputsValid();
     void showForm();
     void showConfirmation();
+    void showDone();
     void putConsent();
     void putEntries(View view);
 
+    Record m_present;        ///< texts of the inputs before the change
     std::string m_revision;  ///< digest of the settings that the user sees, or saw
     InputList m_inputs;
 };

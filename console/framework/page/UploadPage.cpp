@@ -42,6 +42,9 @@ void UploadPage::makeDispPage() {
             drop();
             showForm(text(TEXT_FILE_DROPPED));
             return;
+        case Step::DONE:
+            showCompletion();
+            return;
         case Step::CUT_OFF:
             refuse(isFileLost(getContext().form) ? TEXT_FILE_LOST : TEXT_FORM_CUT_OFF);
             break;
@@ -53,10 +56,10 @@ void UploadPage::makeDispPage() {
 
 void UploadPage::makeConfigPage() {
     apply();
-    if (isCompleted()) {
-        showCompletion();
-    } else {
+    if (isRefused()) {
         showForm("");
+    } else {
+        answerDone({});
     }
 }
 

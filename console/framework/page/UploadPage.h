@@ -13,8 +13,7 @@ namespace Console {
 /// board, or carries it in the form.
 class UploadPage : public FormPage {
 public:
-    /// True when the page has done what the user confirmed. REQUIRES: makePage() was called.
-    bool isCompleted() const { return getStep() == Step::APPLY && !isRefused(); }
+    using FormPage::isCompleted;
 
 protected:
     /// `file` is the label of the input, `notice` the question before apply().

@@ -63,7 +63,7 @@ public:
         : SettingsPage(context, ADD_FUNCTION, TEXT_ADD_ACCESS_PURPOSE),
           m_row(add(TEXT_MASKED_ADDRESS, TEXT_WRONG_MASKED_ADDRESS,
                     std::make_unique<MaskedAddressInput>("address"))) {
-        carry(OPERATION, ADD);
+        carryInAddress(OPERATION, ADD);
         setReturnPath(listPath());
         setApplyLabel(TEXT_ADD);
         setCompletion(ROW_ADDED);
@@ -103,7 +103,7 @@ public:
         for (const Row& row : m_list) {
             m_row.addOption(row.getText(), row.getText());
         }
-        carry(OPERATION, REMOVE);
+        carryInAddress(OPERATION, REMOVE);
         setReturnPath(listPath());
         setApplyLabel(TEXT_REMOVE);
         setCompletion(ROW_REMOVED);

@@ -29,7 +29,7 @@ public:
 
     /// Takes the values that the user sent. Marks wrong ones, and returns false then.
     bool submit(const FormInfo& form) {
-        m_inputs.submit(form);
+        m_inputs.submit(form.getFields());
         m_inputs.check();
         if (!m_inputs.isAnyMarked() && !m_lastDay.isEmpty() &&
             m_lastDay.getText() < m_firstDay.getText()) {

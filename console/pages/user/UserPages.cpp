@@ -72,7 +72,7 @@ Text reasonFor(unsigned int error) {
 UserPage::UserPage(const PageContext& context, Function function, Text purpose,
                    const std::string& action)
     : SettingsPage(context, function, purpose) {
-    carry(ACTION_FIELD, action);
+    carryInAddress(ACTION_FIELD, action);
     setReturnPath(ORVGUIUtil::getCGIPath(function));
 }
 
@@ -155,7 +155,7 @@ EditUserPage::EditUserPage(const PageContext& context, const User& user)
     : UserSettingsPage(context, EDIT, TEXT_EDIT_USER_PURPOSE, ACTION_EDIT,
                        std::make_unique<ShownInput>(user.name), TEXT_NEW_PASSWORD),
       m_user(user) {
-    carry(NAME_FIELD, user.name);
+    carryInAddress(NAME_FIELD, user.name);
     setCompletion(USER_CHANGED);
 }
 
@@ -172,10 +172,13 @@ void EditUserPage::apply() {
 
 RemoveUserPage::RemoveUserPage(const PageContext& context, const User& user)
     : UserPage(context, EDIT, TEXT_REMOVE_USER_PURPOSE, ACTION_REMOVE), m_name(user.name) {
-    addShown(TEXT_USER_NAME, user.name);
-    addShown(TEXT_ROLE, translate(roles(), user.role));
-    addShown(TEXT_USER_PARTITIONS, listPartitions(user.partitions));
-    carry(NAME_FIELD, user.name);
+    for (const auto& [label, value] : std::initializer_list<std::pair<Text, std::string>>{
+             {TEXT_USER_NAME, user.name},
+             {TEXT_ROLE, translate(roles(), user.role)},
+             {TEXT_USER_PARTITIONS, listPartitions(user.partitions)}}) {
+        add(label, TEXT_NO_SUCH_USER, std::make_unique<ShownInput>(value));
+    }
+    carryInAddress(NAME_FIELD, user.name);
     setTitle(TEXT_REMOVE_USER);
     setHelp(TEXT_HELP_REMOVE_USER);
     setApplyLabel(TEXT_REMOVE);

@@ -82,6 +82,8 @@ class RemoveUserPage : public UserPage {
 public:
     RemoveUserPage(const PageContext& context, const User& user);
 
+    using FormPage::isCompleted;
+
 protected:
     bool isCompared() const override { return false; }
     void readCurrent() override {}

@@ -47,6 +47,12 @@ protected:
         const std::string name = getField(NAME_FIELD);
         const auto user = std::find_if(users.begin(), users.end(),
                                        [&name](const auto& each) { return each.name == name; });
+        if (user == users.end() && getAction() == ACTION_REMOVE) {
+            auto removed = makePage<RemoveUserPage>(context, User{name, "", "", ""});
+            if (removed->isCompleted()) {
+                return removed;
+            }
+        }
         if (user == users.end()) {
             setTitle(TEXT_USERS);
             auto list = makeList(users);
