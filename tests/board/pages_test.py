@@ -50,7 +50,7 @@ REQUESTS = (
     ("Japanese text", INSPECTOR, form(language=0, text="設定".encode("euc-jp")),
      "<code>設定</code>".encode("euc-jp")),
     ("every component", "/common/gallery.cgi?language=0", None, "部品一覧".encode("euc-jp")),
-    ("Japanese log-in", LOGIN, form(user="operator", password="operator-pass"), b"EUC-JP"),
+    ("Japanese log-in", LOGIN, form(user="operator", password="operator-pass"), b"Set-Cookie: sid="),
     ("Japanese setting", REFRESH, None, "<h1>リフレッシュ間隔</h1>".encode("euc-jp")),
 )
 WITH_A_FAULT = (

@@ -13,7 +13,7 @@ AXE, LAYOUT = ((HERE / name).read_text(encoding="utf-8") for name in ("axe.js", 
 WIDTHS, MENU_WIDTHS = (320, 768, 1280), (250, 250, 250)
 SCHEMES = ("dark", "", "light")  # at each width; axe-core looks at two of them
 # A page's states, each with an element that only it has.
-STATES = {"error": ".err_string", "confirmation": "[name=back]",
+STATES = {"error": "main .err_string", "confirmation": "[name=back]",
           "done": "[role=status].normal_green"}
 STRANGERS = ("/common/gallery.cgi?language={}", "/common/request.cgi?language={}&text=a")
 FRAMES = {"/common/menu.cgi?load=1&tid=0&mid=3": MENU_WIDTHS,

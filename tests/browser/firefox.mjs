@@ -80,7 +80,7 @@ async function walkUpload() {
 try {
     await page.setViewport({ width: 1280, height: 900 });
     await login("admin");
-    await see("console", /User name: admin/);
+    await see("console", /User name:\s+admin/);
     await walkSettings();
     await open("/system/sys_status.cgi", "status", /31 C/);
     await open("/user/list.cgi", "list", /operator/);

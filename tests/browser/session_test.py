@@ -28,7 +28,7 @@ class Session(BrowserCase):
         self.browser.driver.switch_to.default_content()
         self.browser.fill({"user": user, "password": user + "-pass"})
         self.browser.press("login")
-        self.browser.wait(lambda driver: "/common/frame.cgi" in driver.current_url)
+        self.browser.wait(lambda driver: "/common/login.cgi" not in driver.current_url)
         self.browser.enter("CONT_FRAME")
 
     def test_the_warning_lets_the_user_stay(self):

@@ -70,7 +70,7 @@ class User:
     def log_in(self):
         if not self.asked:  # more of them would slow down the user's own log-ins
             self.ask("password is wrong", self.client.login, self.name, "guess")
-        self.ask("0;URL=/common/frame.cgi", self.client.login, self.name, "soak-pass")
+        self.ask("31 C", self.client.login, self.name, "soak-pass")
 
     def see(self):
         path, text = self.random.choice(PAGES)

@@ -98,6 +98,12 @@ constexpr char FRAME_PATH[] = "/common/frame.cgi";
 constexpr char LOGIN_PATH[] = "/common/login.cgi";
 constexpr char FUNCTION_FIELD[] = "fid";
 
+/// The page without a session, and the fields of its address: whether the user has logged out, and
+/// the language.
+constexpr char TIMEOUT_PATH[] = "/common/timeout.cgi";
+constexpr char LOGGED_OUT_FIELD[] = "logged_out";
+constexpr char LANGUAGE_FIELD[] = "language";
+
 /// The name of a top menu, 0 to 5, in the user's language.
 std::string topMenuName(int topMenu, int language);
 

@@ -44,7 +44,7 @@ void ConsoleMain::showPage(PageContext& context) {
                                makeSessionEnd(context.requester, !isSelfRefreshing()));
     Component body = makeBody(context);
     if (!m_redirect.empty()) {
-        printRedirect(m_redirect);
+        printRedirect(*m_page, m_redirect);
         return;
     }
     if (!usesFrames() && !isAnsweredWithFile()) {

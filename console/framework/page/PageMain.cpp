@@ -24,7 +24,7 @@ std::string PageMain::getField(const std::string& name) const {
 }
 
 void PageMain::chooseLanguage() {
-    m_language = getField("language") == "0" ? 0 : 1;
+    m_language = getField(LANGUAGE_FIELD) == "0" ? 0 : 1;
 }
 
 bool PageMain::askLanguage() {

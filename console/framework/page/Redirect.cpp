@@ -1,29 +1,20 @@
 #include "framework/page/Redirect.h"
 
-#include <iostream>
-
 #include "framework/access/PageLimits.h"
-#include "framework/component/Components.h"
+#include "framework/component/PageChrome.h"
+#include "gui/TextString.h"
+
+using namespace ORVLib::Gui;
 
 namespace Console {
 
-void printRedirect(const std::string& path) {
+void printRedirect(HTMLPage& page, const std::string& path) {
+    HTMLMapUtil::insertIntoMap(page.getMap(), "location",
+                               std::make_unique<TextString>(path, false, true));
+    putText(page.getMap(), "link", path);
+    page.getGenerator().setSkeletonFileName(skeletonPath("skeleton_redirect.txt"));
     notePageBegun();
-    std::cout << "Status: 303 See Other\n"
-                 "Location: "
-              << path
-              << "\n"
-                 "Content-Type: text/html; charset=utf-8\n"
-                 "Cache-Control: no-store\n"
-                 "X-Content-Type-Options: nosniff\n"
-                 "Referrer-Policy: same-origin\n"
-                 "Content-Security-Policy: default-src 'none'; frame-ancestors 'self'\n"
-                 "\n"
-                 "<!DOCTYPE html>\n"
-                 "<html lang=\"en\">\n"
-                 "<title>303 See Other</title>\n";
-    makeLink(path, path)->printHTML();
-    std::cout << "\n</html>\n";
+    page.getGenerator().printHTML();
 }
 
 }  // namespace Console

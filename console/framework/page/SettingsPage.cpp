@@ -93,8 +93,10 @@ void SettingsPage::makeConfigPage() {
     const std::string seen = m_revision;
     readPresent();
     if (isOutdated(seen)) {
-        refuse(TEXT_CHANGED_MEANWHILE);
-        showForm();
+        if (!isConfirmed() || !answerDraft()) {
+            refuse(TEXT_CHANGED_MEANWHILE);
+            showForm();
+        }
         return;
     }
     submit();

@@ -25,7 +25,8 @@ protected:
     void showPage(PageContext& context) override {
         const FunctionEntry& entry = wantedFunction();
         if (!usesFrames()) {
-            printRedirect(ORVGUIUtil::getCGIPath(entry.function));
+            HTMLPage page(m_language);
+            printRedirect(page, ORVGUIUtil::getCGIPath(entry.function));
             return;
         }
         OutlineFramePage page(m_language, context.messages);

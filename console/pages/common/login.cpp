@@ -11,8 +11,8 @@
 #include "framework/input/Form.h"
 #include "framework/page/PageMain.h"
 #include "framework/page/Program.h"
+#include "framework/page/Redirect.h"
 #include "gui/CGIRequester.h"
-#include "gui/MetaTag.h"
 #include "gui/PasswordField.h"
 #include "gui/SubmitButton.h"
 #include "gui/TextField.h"
@@ -105,6 +105,9 @@ private:
         form->put("submit", std::make_unique<SubmitButton>("login", text(TEXT_LOGIN)));
         form->putText("waiting", text(TEXT_LOGGING_IN));
         form->put("help", std::make_unique<Help>(TEXT_HELP_LOGIN));
+        if (m_formInfo->isPostMethod()) {
+            form->putText("address", LOGIN_PATH);
+        }
         if (m_problem != TEXT_CONSOLE) {
             form->put("problem", makeSentence(text(m_problem), TextString::ERROR_COLOUR));
         }
@@ -113,9 +116,7 @@ private:
 
     void openConsole() {
         putLoginCookies(*m_page, m_sessionId, m_device);
-        HTMLMapUtil::insertIntoMap(m_page->getMap(), "meta_refresh",
-                                   std::make_unique<MetaTag>("Refresh", "0", FRAME_PATH));
-        m_page->getGenerator().printHTML();
+        printRedirect(*m_page, FRAME_PATH);
     }
 
     std::string m_user;

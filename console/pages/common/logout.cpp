@@ -1,11 +1,13 @@
 // Ends the session: tells the board, and makes the browser delete its cookie. The information strip
 // has a form for it; a link to this page asks first.
 
+#include "framework/access/Functions.h"
 #include "framework/backend/Board.h"
 #include "framework/component/PageChrome.h"
 #include "framework/component/SkeletonPart.h"
 #include "framework/page/PageStep.h"
 #include "framework/page/Program.h"
+#include "framework/page/Redirect.h"
 #include "framework/page/SessionMain.h"
 #include "gui/SubmitButton.h"
 
@@ -32,8 +34,12 @@ protected:
         beginPage(TEXT_LOGOUT);
         if (isEnded) {
             putExpiredCookie(*m_page);
+            printRedirect(*m_page,
+                          pathWith(TIMEOUT_PATH, {{LOGGED_OUT_FIELD, "1"},
+                                                  {LANGUAGE_FIELD, std::to_string(m_language)}}));
+        } else {
+            printPage(makeQuestion(context.requester, isSent));
         }
-        printPage(isEnded ? makeFarewell() : makeQuestion(context.requester, isSent));
     }
 
 private:
@@ -52,13 +58,6 @@ private:
             question->put("error", makeSentence(text(TEXT_FORM_CUT_OFF), TextString::ERROR_COLOUR));
         }
         return question;
-    }
-
-    static Component makeFarewell() {
-        auto farewell = std::make_unique<SkeletonPart>("skeleton_farewell.txt");
-        farewell->putText("title", text(TEXT_LOGGED_OUT));
-        farewell->putText("login_label", text(TEXT_LOGIN));
-        return farewell;
     }
 };
 
