@@ -3,6 +3,7 @@
 import contextlib
 import hashlib
 import json
+import re
 import shutil
 import sqlite3
 import time
@@ -10,7 +11,7 @@ import urllib.parse
 
 from console_check import sent
 from console_client import LOGIN, LOGOUT, ConsoleClient
-from console_pages import FUNCTIONS, PAGES, SettingsPage, boxes
+from console_pages import ASKED, DONE, FUNCTIONS, PAGES, SettingsPage, boxes
 from make_firmware import make_image
 from support.site_case import SiteCase
 
@@ -30,6 +31,7 @@ FORMS = (*(SettingsPage(*words, user=user) for *words, user in (
     (60, USERS + "?action=edit&name=new", {"role": "operator"}, "admin"),
     (60, USERS + "?action=remove&name=new", {}, "admin"),
     (63, "/user/ch_passwd.cgi", dict.fromkeys(PASSWORDS, "guest-pass"), "guest"))), *PAGES)
+SEARCH = "/system/sel_filtering.cgi?search=1&severity=info&source=power&count=200"
 READ_ONLY = {3: "/system/sys_status.cgi", 7: "/system/sel_filtering.cgi", 64: "/user/who.cgi",
              95: "/common/progress.cgi", 153: "/system/pel.cgi"}
 OTHERS = (LOGIN, LOGOUT, BACKUP + "?download=1", FIRMWARE, "/", "/default.css", "/console.js",
@@ -105,6 +107,47 @@ class Access(SiteCase):
         self.assertEqual(self.state(), before)
         self.assertIn(b'role="status"', owner.post(path, fields).body)
         self.assertNotEqual(self.state(), before)
+
+    def test_a_form_is_answered_by_pages_that_can_be_reloaded_and_is_applied_once(self):
+        for path, changes, user, stranger in (
+                ("/network/orv_refresh_set.cgi?", {"interval": "61"}, "guest", "staff"),
+                ("/system/sys_info.cgi?", {"system_name": "<b>\"'"}, "admin", "guest"),
+                ("/partition/boot_control.cgi?partition=3&", {"retries": "7"}, "part", "admin"),
+                ("/partition/power_control.cgi?partition=1&", {"operation": "reset"}, "operator",
+                 "admin")):
+            with self.subTest(path=path):
+                self.assertWalksOn(path, changes, self.clients[user], self.clients[stranger])
+
+    def assertWalksOn(self, path, changes, client, stranger):
+        form = client.get(path).form()
+        answer = client.post(form.path, {**form.fields, **changes}, None, False)
+        draft = answer.headers["location"]
+        self.assertEqual((answer.status, draft[:-16]), (303, path + "draft="))
+        before = self.events(), self.state()
+        asked = client.get(draft)
+        self.assertEqual(asked.body, client.get(draft).body)
+        self.assertEqual((self.events(), self.state()), before)
+        done = client.post(asked.form().path, asked.form().fields)
+        self.assertEqual(done.address[:-16], path + "done=")
+        after = self.events(), self.state()
+        self.assertNotEqual(after, before)
+        for page, sign in ((asked, ASKED), (done, DONE)):
+            self.assertIn(sign, page.body)
+            self.assertNotIn(b"<b>\"", page.body)
+        self.assertEqual(client.get(done.address).body, done.body)
+        again = client.post(asked.form().path, {**asked.form().fields, "seen": ""})
+        self.assertEqual(again.address, draft)
+        for client_, wrong in ((client, draft), (stranger, draft), (stranger, done.address),
+                               *((client, path + wrong) for wrong in (
+                                   "draft=x", "done=", "done=%0d%0aX:1", "done=" + draft[-16:],
+                                   "draft=" + done.address[-16:]))):
+            for sign in (ASKED, DONE):
+                self.assertNotIn(sign, client_.get(wrong).body)
+        self.assertEqual((self.events(), self.state()), after)
+
+    def events(self):
+        """How many events of power and settings there are."""
+        return len(re.findall(b"<td>", self.clients["admin"].get(SEARCH).body))
 
     def attempts(self, form, fields):
         """Who sends what, with which headers, of what must not change anything."""

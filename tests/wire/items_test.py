@@ -12,7 +12,7 @@ from support.board_client import (
     ACL, ACL_ADD, ACL_REMOVE, ADDRESSES, BACKUP, BAD_REQUEST, BOARD_FAILURE, BOOT, CLOCK,
     DAMAGED, DROP, EVENTS, EXCHANGE, EXISTS, FULL, HTTPS_PORT, LAST_ADMINISTRATOR, LED, MAIL,
     MAINTENANCE_MODE, NOT_AUTHORISED, NOT_FOUND, NO_ITEM, NO_SESSION, OWN_FILTER,
-    OWN_LANGUAGE, OWN_SESSION, PARTITIONS, PERMISSION, POWER, PRODUCT, PROGRESS, REFUSED, SCHEDULE,
+    OWN_LANGUAGE, OWN_NOTE, OWN_SESSION, PARTITIONS, PERMISSION, POWER, PRODUCT, PROGRESS, REFUSED, SCHEDULE,
     SERVICES, SESSIONS, SOME_ITEM, STAGE, STAGED, START, STATUS, SYSTEM_NAMES, SYSTEM_POWER,
     TRAPS, USERS, USER_ADD, USER_EDIT, USER_REMOVE, WRITE, number, record, texts)
 
@@ -378,6 +378,31 @@ class ItemsTest(BoardCase):
         self.assertRefused(FULL, self.put, USER_ADD, admin,
                            record("user59", "password", "guest", self.NOBODY, 1))
         self.assertEqual(len(self.rows(USERS, admin, 4)), 64)
+
+    def test_a_session_keeps_a_few_notes_for_itself(self):
+        admin, guest = self.start_as(b"admin", b"guest")
+        for unfit in (b"", b"\0", b"x", b"x\0y", b"A" * 16 + b"\0", b"0" * 16, b"0" * 15 + b"\0y",
+                      b"\0" + b"y" * 2049):
+            self.assertRefused(BAD_REQUEST, self.ask, OWN_NOTE | EXCHANGE, guest, unfit)
+
+        def keep(note, replaced=b""):
+            return self.ask(OWN_NOTE | EXCHANGE, guest, replaced + b"\0" + note).payload[:-1]
+
+        def find(note, session=guest):
+            return self.ask(OWN_NOTE | EXCHANGE, session, note + b"\0").payload
+
+        kept = [keep(b"%d\0\xff" % number) for number in range(6)]
+        self.assertEqual([find(note) for note in kept], [b"%d\0\xff" % n for n in range(6)])
+        self.assertRefused(NOT_FOUND, find, kept[0], admin)
+        newer = keep(b"y" * 2048, kept[0])
+        self.assertRefused(NOT_FOUND, keep, b"z", kept[0])  # its place is taken
+        newest = keep(b"w")  # in the place of the oldest
+        self.assertEqual([find(note) for note in (newer, newest)], [b"y" * 2048, b"w"])
+        for gone in kept[:2]:
+            self.assertRefused(NOT_FOUND, find, gone)
+        self.end(signal.SIGTERM)
+        self.start()
+        self.assertRefused(NOT_FOUND, find, newest)
 
     def test_sessions_are_listed_without_their_ids(self):
         self.start()
