@@ -9,6 +9,7 @@ from console_pages import PAGES
 from make_firmware import make_image
 from support.browser_case import BrowserCase
 
+REFRESH = "/network/orv_refresh_set.cgi"
 FIRMWARE, IMAGE_SIZE = "/maintenance/orv_firmup.cgi", 90 << 20
 # Cut to what a field takes. None holds a blank, which address fields show as another one.
 NASTY_TEXTS = {1: ("<script>alert(1)</script>", "\"><img/src=x/onerror=alert(1)>",
@@ -43,6 +44,24 @@ class Forms(BrowserCase):
                 self.assertIn(value, self.browser.text())
             else:
                 self.assertEqual(self.browser.value(name), value)
+
+    def test_going_back_and_reloading_send_nothing_again(self):
+        self.browser.login("guest")
+        for path, *inputs in (
+                (REFRESH, {"interval": "4801"}, {"interval": "44"}, {}),
+                ("/user/ch_passwd.cgi", {"present": "wrong"}, {"present": "wrong-again"})):
+            self.browser.open("/system/sys_status.cgi")
+            self.browser.open(path)
+            for values in inputs:
+                self.browser.fill(values)
+                self.browser.press("submit")
+                self.browser.leave(self.browser.driver.refresh)
+                self.assertTrue(self.browser.all("main form"), values)
+            while "sys_status" not in self.browser.driver.current_url:
+                self.browser.leave(self.browser.driver.back)
+                self.assertTrue(self.browser.all("main"), path)  # and no question of the browser
+        self.browser.open(REFRESH)
+        self.assertEqual(self.browser.value("interval"), "44")
 
     def test_an_image_is_sent_then_installed(self):
         image = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory())) / "image.bin"
