@@ -5,6 +5,9 @@
 
 (function () {
 
+// What the board has done: `renewed` the session, `refused` the form that this page answers.
+const page = document.currentScript.dataset;
+
 // --- What the tab remembers ---------------------------------------------------------------------
 //
 // sessionStorage belongs to this tab and site. Logging out clears it (console.js).
@@ -39,9 +42,9 @@ function recall(key) {
 
 // --- Input that is kept -------------------------------------------------------------------------
 //
-// A record: `user`, `time`, `path` of the page, `top` of the window with its frames, the `fields` as
-// [name, value, checked], and a `state`. "sent": the form's answer is awaited. "lost": the session
-// had ended. `led` counts the pages that the user was led to, to get there again.
+// A record: `user`, `time`, `path` of the page, `top` of the window with its frames, the `fields`
+// as [name, value, checked], and a `state`. "sent": the form's answer is awaited. "lost": the
+// session had ended. `led` counts the pages that the user was led to, to get there again.
 
 const LONGEST_AGE = 60 * 60 * 1000;  // milliseconds
 const LARGEST_RECORD = 32 * 1024;  // characters
@@ -111,7 +114,8 @@ function keepUnsent() {
 }
 
 // A page of a living session is the answer to the form. That of a confirmation keeps the record,
-// because nothing has been applied yet.
+// because nothing has been applied yet. A form of an earlier session was refused: its user has
+// logged in again in another tab.
 function noteAnswer() {
     const record = recall(KEPT_INPUT);
     if (!record || record.state !== "sent") {
@@ -120,7 +124,9 @@ function noteAnswer() {
     if (!location.search && record.path.split("?")[0] === location.pathname) {
         pagePath = record.path;  // the answer's own address has lost the query
     }
-    if (!isConfirmation()) {
+    if (page.refused) {
+        loseInput();
+    } else if (!isConfirmation()) {
         forget(KEPT_INPUT);
     }
 }
@@ -192,14 +198,13 @@ function resumeInput() {
 
 // --- The end of the session ---------------------------------------------------------------------
 //
-// The state: `end` of the session, as far as it is known, and the time after which an unused one
-// ends, both in milliseconds; `isSure` that the board was asked when the warning was due; `isClosed`
-// that the user has closed the warning. Other tabs may have made the session last longer: before the page
-// warns, and before it says that the session has ended, it asks.
+// The state: `end` of the session, as far as it is known, and `timeout`, after which an unused one
+// ends, both in milliseconds; `isSure` that the board was asked when the warning was due;
+// `isClosed` that the user has closed the warning. Other tabs may have made the session last
+// longer: before the page warns, and before it says that the session has ended, it asks.
 
 const LONGEST_WARNING = 2 * 60 * 1000, LONGEST_SLEEP = 30 * 1000, SECOND = 1000;  // milliseconds
 const ADDRESS = "/common/session.cgi";
-const isRenewed = Boolean(document.currentScript.dataset.renewed);  // by this page
 const ending = document.getElementById("session_ending");
 const ended = document.getElementById("session_ended");
 let timer = 0, isAsking = false;
@@ -268,7 +273,7 @@ function warn(state, left) {
     ending.querySelector("[role=timer]").textContent =
         Math.floor(seconds / 60) + ":" + String(seconds % 60).padStart(2, "0");
     if (!state.isClosed && !ending.open) {
-        ending.querySelector(".err_string").hidden = true;
+        ending.querySelector(".failed").hidden = true;
         ending.showModal();
     }
 }
@@ -283,7 +288,7 @@ function closeWarning() {
 
 async function stay() {
     const token = ending.querySelector("[name=form_end]").value;
-    const failure = ending.querySelector(".err_string");
+    const failure = ending.querySelector(".failed");
     failure.hidden = true;
     failure.setAttribute("role", "alert");
     failure.hidden = await ask({ method: "POST", body: new URLSearchParams({ form_end: token }) });
@@ -300,7 +305,7 @@ function sayEnded() {
 
 function watchSession() {
     const state = recall(SESSION_STATE);
-    if (state && isRenewed) {
+    if (state && page.renewed) {
         setState(state.timeout, state.timeout, false);
     }
     ending.addEventListener("cancel", closeWarning);

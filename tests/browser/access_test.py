@@ -14,13 +14,15 @@ WIDTHS, MENU_WIDTHS = (320, 768, 1280), (250, 250, 250)
 SCHEMES = ("dark", "", "light")  # at each width; axe-core looks at two of them
 # A page's states, each with an element that only it has.
 STATES = {"error": "main .err_string", "confirmation": "[name=back]",
-          "done": "[role=status].normal_green"}
+          "done": "[role=status].normal_green", "ending": "#session_ending[open]",
+          "ended": "#session_ended[open]"}
 STRANGERS = ("/common/gallery.cgi?language={}", "/common/request.cgi?language={}&text=a")
 FRAMES = {"/common/menu.cgi?load=1&tid=0&mid=3": MENU_WIDTHS,
           "/common/information.cgi?menu0=Network+Configuration&menu1=Event+filter": WIDTHS}
 # The only pages without a help text: they say all that there is.
 WITHOUT_HELP = ("/common/timeout.cgi", "/common/logout.cgi")
 SEARCH = "/system/sel_filtering.cgi?search=1&severity=info&source=&count="
+REFRESH = "/network/orv_refresh_set.cgi"
 DEFAULT_LANGUAGE = "0x02010001"
 UPLOADS = "/maintenance/orv_firmup.cgi", "/maintenance/orv_backup_restore.cgi"
 
@@ -136,6 +138,10 @@ class Access(BrowserCase):
 
     def walk_out(self):
         self.enter("guest")
+        for state in ("ending", "ended"):
+            self.browser.open(REFRESH)
+            self.browser.driver.execute_script(f"session_{state}.showModal()")
+            self.look(REFRESH)
         self.open("/user/list.cgi")  # the error page
         self.open("/common/logout.cgi")
         self.browser.press("logout")

@@ -41,7 +41,7 @@ void ConsoleMain::showPage(PageContext& context) {
         setAutoRefresh(*m_page);
     }
     HTMLMapUtil::insertIntoMap(m_page->getMap(), "session",
-                               makeSessionEnd(context.requester, !isSelfRefreshing()));
+                               makeSessionEnd(context, !isSelfRefreshing()));
     Component body = makeBody(context);
     if (!m_redirect.empty()) {
         printRedirect(*m_page, m_redirect);

@@ -1,9 +1,10 @@
 #include "framework/page/SessionEnd.h"
 
 #include <iostream>
-#include <utility>
 
+#include "framework/access/CsrfToken.h"
 #include "framework/component/PageText.h"
+#include "framework/input/Form.h"
 #include "framework/page/PageStep.h"
 
 using namespace ORVLib::Gui;
@@ -26,7 +27,7 @@ constexpr char BEGIN[] =
 constexpr Piece PIECES[] = {
     {"\n<h2 id=\"ending_title\">", TEXT_SESSION_ENDING},
     {"</h2>\n<p id=\"ending_text\">", TEXT_SESSION_ENDING_WHY},
-    {" <b role=\"timer\"></b></p>\n<p class=\"err_string\" hidden>", TEXT_STAY_FAILED},
+    {" <b role=\"timer\"></b></p>\n<p class=\"failed\" hidden>", TEXT_STAY_FAILED},
     {"</p>\n<p class=\"buttons\"><button type=\"button\" value=\"stay\">", TEXT_STAY},
     {"</button> <button type=\"button\" value=\"close\">", TEXT_CLOSE},
     {"</button></p>\n</dialog>\n"
@@ -46,8 +47,10 @@ constexpr char END[] = "</template>\n<script src=\"/session.js\"";
 /// Every page prints it, so it has no skeleton of its own, which the page would have to read.
 class SessionEnd : public HTMLComponent {
 public:
-    SessionEnd(Component token, bool isRenewed)
-        : m_token(std::move(token)), m_isRenewed(isRenewed) {}
+    SessionEnd(const PageContext& context, bool isRenewed)
+        : m_token(makeFormEnd(context.requester)),
+          m_isRenewed(isRenewed),
+          m_isRefused(isRefused(context)) {}
 
     void printHTML() const override {
         std::cout << BEGIN;
@@ -55,19 +58,27 @@ public:
         for (const Piece& piece : PIECES) {
             std::cout << piece.html << sentenceText(text(piece.text));
         }
-        std::cout << END << (m_isRenewed ? " data-renewed=\"yes\"" : "") << "></script>\n";
+        std::cout << END << (m_isRenewed ? " data-renewed=\"yes\"" : "")
+                  << (m_isRefused ? " data-refused=\"yes\"" : "") << "></script>\n";
     }
     bool isError() const override { return false; }
 
 private:
+    /// True for a form that was opened in another session, or did not arrive whole.
+    static bool isRefused(const PageContext& context) {
+        return context.form.isPostMethod() &&
+               !isCsrfToken(fieldOf(context.form, END_FIELD), context.requester.getSessionId());
+    }
+
     Component m_token;
     bool m_isRenewed;
+    bool m_isRefused;
 };
 
 }  // namespace
 
-Component makeSessionEnd(const CGIRequester& requester, bool isRenewed) {
-    return std::make_unique<SessionEnd>(makeFormEnd(requester), isRenewed);
+Component makeSessionEnd(const PageContext& context, bool isRenewed) {
+    return std::make_unique<SessionEnd>(context, isRenewed);
 }
 
 }  // namespace Console

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "framework/component/Components.h"
-#include "gui/CGIRequester.h"
+#include "framework/page/PageContext.h"
 
 namespace Console {
 
@@ -9,6 +9,6 @@ namespace Console {
 /// message that it has ended, and the message that input is back. The script session.js shows them
 /// when it is time; without JavaScript nothing shows. `isRenewed` says whether the page made the
 /// session last longer.
-Component makeSessionEnd(const ORVLib::Gui::CGIRequester& requester, bool isRenewed);
+Component makeSessionEnd(const PageContext& context, bool isRenewed);
 
 }  // namespace Console
