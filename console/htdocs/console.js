@@ -69,17 +69,112 @@ function reachScrollers() {
 window.addEventListener("load", reachScrollers);
 window.addEventListener("resize", reachScrollers);
 
-// The text box of a file field shows the chosen file as soon as the dialog closes.
-document.addEventListener("change", function (event) {
-    var chooser = event.target;
-    if (chooser.type !== "file" || chooser.name.indexOf("browse_") !== 0 || !chooser.form) {
-        return;
-    }
+// The text box of a file field shows the name of the chosen file, as soon as the dialog closes. The
+// field's button puts a path there whose folder does not exist; this listener runs after it.
+function showFileName(chooser) {
     var shown = chooser.form.elements[chooser.name.slice("browse_".length)];
     if (shown) {
-        shown.value = chooser.value;
+        shown.value = chooser.files.length ? chooser.files[0].name : "";
+    }
+}
+
+["change", "click"].forEach(function (type) {
+    document.addEventListener(type, function (event) {
+        var part = event.target;
+        if (part.form && part.matches("[type=file], [type=button]")) {
+            part.parentElement.querySelectorAll("[type=file][name^=browse_]").forEach(showFileName);
+        }
+    });
+});
+
+// --- The boxes of an address --------------------------------------------------------------------
+
+var IPV4 = /^((?:\d{1,3}\.){3}\d{1,3})(?:\/(\d{1,2}))?$/;
+var MAC = /^([\da-f]{2}([:.-]?)(?:[\da-f]{2}\2){4}[\da-f]{2}|[\da-f]{4}(?:\.[\da-f]{4}){2})$/i;
+
+// All boxes of the address that a box is part of, such as address0 to address3. Four boxes of three
+// digits are an IPv4 address, which a box of two digits for the mask may follow; six of two digits
+// are a MAC address. Empty for any other input.
+function boxesOf(input) {
+    if (!input.form || input.type !== "text") {
+        return [];
+    }
+    var name = input.name.replace(/\d$/, ""), lengths = "", boxes = [];
+    for (var box; (box = input.form.elements[name + boxes.length]) && box.type === "text";) {
+        boxes.push(box);
+        lengths += box.maxLength;
+    }
+    return /^(3333|33332|222222)$/.test(lengths) && boxes.includes(input) ? boxes : [];
+}
+
+// The texts for the boxes, when a text is an address of their kind.
+function partsOf(text, boxes) {
+    var stripped = text.replace(/\s/g, "");
+    if (boxes.length === 6) {
+        return MAC.test(stripped) ? stripped.replace(/[^\da-f]/gi, "").match(/../g) : [];
+    }
+    var [, address, mask] = IPV4.exec(stripped) || [null, "", null];
+    var parts = mask ? address.split(".").concat(mask) : address.split(".");
+    var isGood = address && parts.length <= boxes.length && !(mask > 32) &&
+        parts.every((part) => part <= 255);
+    return isGood ? parts : [];
+}
+
+// An address that is pasted into the first box fills all boxes.
+document.addEventListener("paste", function (event) {
+    var boxes = boxesOf(event.target);
+    if (!boxes.length || boxes[0] !== event.target) {
+        return;
+    }
+    var parts = partsOf(event.clipboardData.getData("text"), boxes);
+    parts.forEach(function (part, i) {
+        boxes[i].value = part;
+        boxes[i].dispatchEvent(new Event("input", { bubbles: true }));
+        boxes[i].dispatchEvent(new Event("change", { bubbles: true }));
+    });
+    if (parts.length) {
+        event.preventDefault();
+        boxes[parts.length - 1].focus();
     }
 });
+
+// The sign after the digits of a box leads to the next one.
+document.addEventListener("beforeinput", function (event) {
+    var boxes = boxesOf(event.target), next = boxes[boxes.indexOf(event.target) + 1];
+    var isSign = [".", ":", "-", "/"].includes(event.data);
+    if (next && isSign && /^[\da-f]*$/i.test(event.target.value)) {
+        event.preventDefault();
+        if (event.target.value) {
+            next.focus();
+            next.select();
+        }
+    }
+});
+
+// --- Keys ---------------------------------------------------------------------------------------
+
+// Backspace in an empty box leads to the box before. Escape on a confirmation leads back to the
+// form, which keeps the input.
+document.addEventListener("keydown", function (event) {
+    if (event.defaultPrevented || event.isComposing) {
+        return;
+    }
+    if (event.key === "Backspace" && event.target.value === "") {
+        var boxes = boxesOf(event.target), before = boxes[boxes.indexOf(event.target) - 1];
+        if (before) {
+            event.preventDefault();
+            before.focus();
+            before.setSelectionRange(before.value.length, before.value.length);
+        }
+    } else if (event.key === "Escape" && !document.querySelector("dialog[open]")) {
+        var back = document.querySelector("[type=submit][name=back]");
+        if (back) {
+            back.click();
+        }
+    }
+});
+
+// --- Input that is not sent yet -----------------------------------------------------------------
 
 // Whether the page has input that the board does not have yet: typed, refused, or to be confirmed.
 var isUnsaved = false;

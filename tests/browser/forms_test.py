@@ -5,18 +5,68 @@ import pathlib
 import tempfile
 
 from selenium.common.exceptions import NoAlertPresentException
+from selenium.webdriver import ActionChains
+from selenium.webdriver.common.keys import Keys
 from console_pages import PAGES
 from make_firmware import make_image
 from support.browser_case import BrowserCase
 
 REFRESH = "/network/orv_refresh_set.cgi"
 FIRMWARE, IMAGE_SIZE = "/maintenance/orv_firmup.cgi", 90 << 20
+# Six boxes for a MAC address, and a place to copy from.
+MAC_BOXES = """document.body.append(document.createElement("textarea"));
+    for (let box = 0; box < 6; box++) {
+        document.forms[0].append(Object.assign(document.createElement("input"), {
+            type: "text", name: "mac" + box, maxLength: 2}));
+    }
+    isUnsaved = false;"""
 # Cut to what a field takes. None holds a blank, which address fields show as another one.
 NASTY_TEXTS = {1: ("<script>alert(1)</script>", "\"><img/src=x/onerror=alert(1)>",
                    "'\"&lt;&#65;&amp;", "</select></form>\""), 0: ("日本語<b>\"設定\"",)}
+# A group of boxes, what is pasted into the first one, and what the boxes then hold.
+ADDRESS, MASKED, MAC = "IPAddressField_edit", "IPAddrMaskField_edit", "mac"
+PASTED = (
+    (ADDRESS, " 10.1.22.255\n", "10 1 22 255"), (MASKED, "10. 1.2. 3 /8", "10 1 2 3 8"),
+    (MASKED, "10.1.2.3", "10 1 2 3 24"), *((MAC, text, "00 1B 21 ab cd ef") for text in (
+        "00:1B:21:ab:cd:ef", "00-1B-21-ab-cd-ef", "001B.21ab.cdef", "001B21abcdef")),
+    (ADDRESS, "10.1.2.3/8", "10. 0 2 10"), (ADDRESS, "http://10.1.2.3", "htt 0 2 10"),
+    (ADDRESS, "10.1.2.256", "10. 0 2 10"), (MASKED, "10.1.2.3/33", "10. 0 2 10 24"),
+    (MAC, "00:1B-21:ab:cd:ef", "00     "))
+# What is typed into the first box of an empty group.
+TYPED = (
+    (ADDRESS, "192.0.2.1", "192 0 2 1"), (MASKED, "10.0.0.0/8", "10 0 0 0 8"),
+    (ADDRESS, "1..2", "1 2  "), (MAC, "0:1:2-3", "0 1 2 3  "),
+    (ADDRESS, "1.2." + 4 * Keys.BACKSPACE + "7", "7   "))
 
 
 class Forms(BrowserCase):
+    def test_an_address_is_pasted_and_typed_as_one_text(self):
+        self.browser.open("/common/gallery.cgi")
+        for group, text, expected in PASTED:
+            with self.subTest(group=group, text=text):
+                self.browser.driver.refresh()
+                self.browser.driver.execute_script(MAC_BOXES)
+                self.browser.one("textarea").send_keys(text, Keys.CONTROL, "ac")
+                first = self.browser.one(f"[name={group}0]")
+                first.send_keys(Keys.CONTROL, "av")
+                self.assertBoxes(group, expected)
+                self.assertTrue(self.browser.driver.execute_script("return isUnsaved"))
+        for group, keys, expected in TYPED:
+            with self.subTest(group=group, keys=keys):
+                for box in self.boxes_of(group):
+                    box.clear()
+                self.browser.one(f"[name={group}0]").click()
+                ActionChains(self.browser.driver).send_keys(keys).perform()
+                self.assertBoxes(group, expected)
+
+    def boxes_of(self, group):
+        return [self.browser.one(f"[name={group}{number}]") for number in range(6)
+                if self.browser.all(f"[name={group}{number}]")]
+
+    def assertBoxes(self, group, expected):
+        self.assertEqual(" ".join(box.get_attribute("value") for box in self.boxes_of(group)),
+                         expected)
+
     def test_what_is_typed_stays_text_in_both_languages(self):
         for user in sorted({page.user for page in PAGES}):
             self.addCleanup(self.set_language, user, 1)
@@ -63,6 +113,16 @@ class Forms(BrowserCase):
         self.browser.open(REFRESH)
         self.assertEqual(self.browser.value("interval"), "44")
 
+    def test_enter_sends_a_form_and_escape_leads_back_to_it(self):
+        self.browser.login("guest")
+        self.browser.open(REFRESH)
+        self.browser.fill({"interval": "77"})
+        ActionChains(self.browser.driver).send_keys(Keys.ESCAPE).perform()
+        for key, is_asked in ((Keys.ENTER, True), (Keys.ESCAPE, False)):
+            self.browser.leave(ActionChains(self.browser.driver).send_keys(key).perform)
+            self.assertEqual(bool(self.browser.all("[name=back]")), is_asked)
+            self.assertEqual(self.browser.value("interval"), "77")
+
     def test_an_image_is_sent_then_installed(self):
         image = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory())) / "image.bin"
         image.write_bytes(make_image(IMAGE_SIZE, b"2.0.1"))
@@ -70,6 +130,9 @@ class Forms(BrowserCase):
         for button in ("back", "submit"):
             self.browser.open(FIRMWARE)
             self.browser.fill({"browse_file": str(image)})
+            for _ in range(2):  # the button itself puts a path there
+                self.assertEqual(self.browser.value("file"), "image.bin")
+                self.browser.one("[type=button]").click()
             self.browser.press("submit")
             for shown in ("image.bin", "2.0.1", str(IMAGE_SIZE)):
                 self.assertIn(shown, self.browser.text())
