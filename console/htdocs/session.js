@@ -67,10 +67,11 @@ function userName() {
     return shown.find(Boolean)?.textContent || null;
 }
 
-// Never passwords, files, or hidden fields such as the CSRF token.
+// Never passwords, files, or hidden fields such as the CSRF token; nor a consent, which is given
+// once, for what the page says at that moment.
 function inputsOf(form) {
     return Array.from(form.elements).filter((input) => input.name && !input.disabled &&
-        !input.readOnly && input.matches(KEEPABLE));
+        !input.readOnly && input.matches(KEEPABLE) && !input.closest(".consent"));
 }
 
 function keepInput(form, state) {
