@@ -13,7 +13,8 @@ AXE, LAYOUT = ((HERE / name).read_text(encoding="utf-8") for name in ("axe.js", 
 WIDTHS, MENU_WIDTHS = (320, 768, 1280), (250, 250, 250)
 SCHEMES = ("dark", "", "light")  # at each width; axe-core looks at two of them
 # A page's states, each with an element that only it has.
-STATES = {"error": "main .err_string", "confirmation": "[name=back]",
+STATES = {"error": "main .err_string",
+          "unchanged": "main form:has([name=back]):not(:has([name=submit]))", "confirmation": "[name=back]",
           "done": "[role=status].normal_green", "ending": "#session_ending[open]",
           "ended": "#session_ended[open]"}
 STRANGERS = ("/common/gallery.cgi?language={}", "/common/request.cgi?language={}&text=a")
@@ -36,6 +37,7 @@ class Access(BrowserCase):
 
     def test_every_page_and_state_in_each_language(self):
         for self.language in (1, 0):
+            self.renew_board()
             self.walk_as_a_stranger()
             self.walk_lists()
             for page in PAGES:
@@ -53,6 +55,13 @@ class Access(BrowserCase):
         for page, language in itertools.product(PAGES, (0, 1)):
             for state in ("form", "confirmation", "done", *["error"] * bool(page.wrong)):
                 self.assertIn((page.path, state, language), self.seen)
+
+    def renew_board(self):
+        """A board with the settings of a new one: a confirmation shows only what changes."""
+        self.site.stop_board()
+        for file in self.site.run.glob("board.db*"):
+            file.unlink()
+        self.site.start_board()
 
     def enter(self, user):
         self.set_language(user, self.language)
@@ -110,6 +119,7 @@ class Access(BrowserCase):
         self.enter(page.user)
         wrong = [dict(page.wrong[:1])] if page.wrong else []
         self.walk(page.path, *({**page.valid, **change} for change in (*wrong, {})), {})
+        self.walk(page.path, {})
 
     def walk_flow(self, user, path, *forms):
         self.enter(user)
