@@ -65,7 +65,8 @@ class Form(html.parser.HTMLParser):
 
 def plain(markup):
     """The bytes that a page shows for a piece of HTML text."""
-    return html.unescape(markup.replace(b"&nbsp;", b" ").decode("latin-1")).encode("latin-1")
+    text = html.unescape(markup.replace(b"&nbsp;", b" ").decode("latin-1"))
+    return text.encode("latin-1", "xmlcharrefreplace")
 
 
 def multipart(fields, file_name, content, boundary=BOUNDARY):

@@ -15,7 +15,6 @@ namespace {
 
 constexpr char REVISION_FIELD[] = "seen";
 constexpr char CONSENT_FIELD[] = "consent";
-constexpr char CONSENT[] = "1";
 
 /// What the user would lose, and the box that consents to it.
 class Consent : public HTMLComponent {
@@ -26,12 +25,20 @@ public:
         std::cout << "<div class=\"consent\">\n<p role=\"alert\">";
         makeSentence(m_lockOut, TextString::ERROR_COLOUR)->printHTML();
         std::cout << "</p>\n<p>";
-        FlagInput(CONSENT_FIELD, text(TEXT_CONSENT), "").print();
+        makeBox().print();
         std::cout << "</p>\n</div>";
     }
     bool isError() const override { return false; }
 
+    static bool isGiven(const Fields& fields) {
+        FlagInput box = makeBox();
+        box.submit(fields);
+        return !box.isEmpty();
+    }
+
 private:
+    static FlagInput makeBox() { return {CONSENT_FIELD, text(TEXT_CONSENT), ""}; }
+
     std::string m_lockOut;
 };
 
@@ -180,7 +187,7 @@ bool SettingsPage::isOutdated(const std::string& seen) const {
 }
 
 bool SettingsPage::isConsentMissing() {
-    return !findLockOut().empty() && getField(CONSENT_FIELD) != CONSENT;
+    return !findLockOut().empty() && !Consent::isGiven(getFields());
 }
 
 /// What the user would lose, as far as the input is valid.
