@@ -16,7 +16,8 @@ constexpr Field SOURCE = word("manual|servers");
 const char* const SERVERS = "servers";
 constexpr Field SERVER = orEmpty(ADDRESS);
 
-// The content that is written. Date and time count with the source "manual" only.
+// The content that is written. Date and time count with the source "manual" only, and are both
+// empty when the time is kept.
 enum TimeField { TIME_DATE, TIME_TIME, TIME_ZONE, TIME_SOURCE, TIME_SERVER };
 constexpr Field TIME_FIELDS[] = {text(0, 64), text(0, 64), ZONE, SOURCE, SERVER, SERVER};
 
@@ -39,10 +40,23 @@ int parseOffset(const std::string& stored) {
     return *parseNumber(parseTexts(stored)->at(STORED_OFFSET), INT_MIN, INT_MAX);
 }
 
+// True when neither date nor time is given: the clock goes on, whatever its zone is from now on.
+bool isTimeKept(const Record& fields) {
+    return fields[TIME_DATE].empty() && fields[TIME_TIME].empty();
+}
+
+// The present offset. In the new zone, too, the clock must not be before 1970, or it would not run.
+std::int64_t keepOffset(const BoardState& state, const std::string& zone) {
+    return std::max(state.getTimeOffset(), -BoardState::getMachineTime() - *parseZone(zone));
+}
+
 // The offset of the time that is set to the machine's. The event log has no times before 1970.
 std::int64_t measureOffset(const Call& call, const Record& fields) {
     if (fields[TIME_SOURCE] == SERVERS) {
         return 0;
+    }
+    if (isTimeKept(fields)) {
+        return keepOffset(call.state, fields[TIME_ZONE]);
     }
     const std::int64_t time = std::int64_t{*parseDay(fields[TIME_DATE])} * SECONDS_PER_DAY +
                               *parseTime(fields[TIME_TIME]) - *parseZone(fields[TIME_ZONE]);
@@ -60,9 +74,9 @@ bool isTime(const std::string& content) {
         return false;
     }
     const Record& fields = *record;
-    return fields[TIME_SOURCE] == SERVERS
-               ? !fields[TIME_SERVER].empty()
-               : parseDay(fields[TIME_DATE]) && parseTime(fields[TIME_TIME]);
+    return fields[TIME_SOURCE] == SERVERS ? !fields[TIME_SERVER].empty()
+                                          : isTimeKept(fields) || (parseDay(fields[TIME_DATE]) &&
+                                                                   parseTime(fields[TIME_TIME]));
 }
 
 std::string readSettings(BoardState& state) {
@@ -78,10 +92,8 @@ bool isSettings(const std::string& content) {
 
 std::int64_t restoreSettings(const BoardState& state, std::string& content) {
     Record fields = *parseTexts(content);
-    // In the new zone, too, the clock must not be before 1970, or it would not run.
-    const std::int64_t lowest = -BoardState::getMachineTime() - *parseZone(fields[SETTING_ZONE]);
     const std::int64_t offset =
-        fields[SETTING_SOURCE] == SERVERS ? 0 : std::max(state.getTimeOffset(), lowest);
+        fields[SETTING_SOURCE] == SERVERS ? 0 : keepOffset(state, fields[SETTING_ZONE]);
     fields.insert(fields.begin(), std::to_string(offset));
     content = formatRecord(fields);
     return offset;
@@ -112,8 +124,11 @@ void write(const Call& call) {
     if (!isStored(stored)) {
         throw boardError(ERROR_BAD_REQUEST, "the time is too far from the machine's", call.id);
     }
-    call.state.writeItem(ITEM_CLOCK, stored, call.makeEvent(EventCode::SETTINGS_CHANGED, "clock"));
-    call.state.setTimeOffset(offset);
+    if (call.state.readItem(ITEM_CLOCK) != stored) {
+        call.state.writeItem(ITEM_CLOCK, stored,
+                             call.makeEvent(EventCode::SETTINGS_CHANGED, "clock"));
+        call.state.setTimeOffset(offset);
+    }
 }
 
 }  // namespace ORVLib::Board::BoardClock

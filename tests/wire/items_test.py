@@ -107,6 +107,7 @@ class ItemsTest(BoardCase):
          ["2037-12-32|00:00:00|+00:00|manual||", "2026-01-01|24:00:00|+00:00|manual||",
           "2026-01-01|00:00:60|+00:00|manual||", "1970-01-01|00:59:59|+01:00|manual||",
           "2026-01-01|00:00:00|+14:01|manual||", "2026-01-01|00:00:00|01:00|manual||",
+          "|00:00:00|+00:00|manual||", "2026-01-01||+00:00|manual||",
           "2026-01-01|00:00:00|+00:00|servers||192.0.2.1",
           "2026-01-01|00:00:00|+00:00|gps|192.0.2.1|"]))
 
@@ -458,6 +459,15 @@ class ItemsTest(BoardCase):
         self.assertAlmostEqual(int(event[1]), local + 19800, delta=20)
         self.put(CLOCK, admin, texts("|now|+14:00|servers|192.0.2.1|"))
         self.assertAlmostEqual(shown()[0], time.time() + 50400, delta=2)
+        for zone in ("-05:30", "+00:00"):  # without date and time, the clock goes on
+            self.put(CLOCK, admin, texts(f"||{zone}|manual||"))
+        events = self.events(admin, 9)
+        self.put(CLOCK, admin, texts("||+00:00|manual||"))
+        self.assertEqual(self.events(admin, 9), events)
+        self.assertAlmostEqual(shown()[0], time.time(), delta=2)
+        self.put(CLOCK, admin, texts("2030-01-01|08:00:00|+09:00|manual||"))
+        self.put(CLOCK, admin, texts("||-14:00|manual||"))
+        self.assertAlmostEqual(shown()[0], calendar.timegm((2029, 12, 31, 9, 0, 0)), delta=2)
         self.put(CLOCK, admin, texts("2037-12-31|23:59:59|-14:00|manual||"))
         time.sleep(1.1)
         self.put(CLOCK, admin, self.get(CLOCK, admin))  # it stops there

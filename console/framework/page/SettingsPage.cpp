@@ -244,6 +244,7 @@ void SettingsPage::putConsent() {
 
 void SettingsPage::putEntries(View view) {
     carry(REVISION_FIELD, m_revision);
+    carryMore();
     putRows();
     HTMLMapUtil::insertIntoMap(getMap(), "entries",
                                std::make_unique<InputListView>(m_inputs, view));

@@ -36,6 +36,9 @@ protected:
     /// False for an input whose present value changes by itself: it is no change of the settings.
     virtual bool isKept(const Input&) const { return true; }
 
+    /// Calls carry() for what the page must know of the form that it shows, when it is sent.
+    virtual void carryMore() {}
+
     /// Marks inputs that are wrong in combination, or by a rule of the page.
     virtual void checkInputs() {}
 

@@ -54,7 +54,11 @@ TEST(Answers, TimesThatAreNoneStayAsTheyAre) {
     EXPECT_EQ(utcTime("1924991999"), "2030-12-31 23:59:59");
     for (const char* const text : {"", "12x", "-1", "99999999999"}) {
         EXPECT_EQ(utcTime(text), text);
+        EXPECT_EQ(movedTime(text, "+00:00", "+01:00"), text);
     }
+    EXPECT_EQ(movedTime("2030-12-31 23:59:59", "-03:30", "+05:45"), "2031-01-01 09:14:59");
+    EXPECT_EQ(movedTime("1970-01-01 00:00:00", "+09:00", "-12:00"), "1970-01-01 00:00:00");
+    EXPECT_EQ(movedTime("2037-12-31 23:59:59", "-12:00", "+14:00"), "2037-12-31 23:59:59");
 }
 
 }  // namespace Console
