@@ -12,6 +12,7 @@
 #include "item/Firmware.h"
 #include "item/FirmwareStage.h"
 #include "item/Installation.h"
+#include "item/Probation.h"
 #include "protocol/Digest.h"
 #include "state/SampleBoard.h"
 
@@ -107,6 +108,7 @@ void serve(Fuzz::Input& input, const Parts& parts, const std::vector<std::string
             client.proceed();
         }
         parts.installation.finish();
+        parts.probation.proceed();
         Firmware::dropOrphan(parts);
     }
     parts.sessions.store();
@@ -127,6 +129,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         Sessions sessions(state, std::chrono::seconds(1000), folder.path + "/ended");
         FirmwareStage stage(path + ".firmware");
         Installation installation(state);
+        Probation probation(state);
         installation.noteInterruption();
         BoardClock::start(state);
         std::vector<std::string> ids = {""};
@@ -136,7 +139,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
                     sessions.open(user.name, "", "", {EventCode::LOGGED_IN, user.name, ""}));
             }
         }
-        serve(input, {state, sessions, stage, installation}, ids);
+        serve(input, {state, sessions, stage, installation, probation}, ids);
     }
     return 0;
 }

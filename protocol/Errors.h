@@ -21,6 +21,7 @@ enum ErrorDetail : unsigned int {
     ERROR_NOT_FOUND = 1288,
     ERROR_LAST_ADMINISTRATOR = 1289,
     ERROR_DAMAGED = 1290,
+    ERROR_NOT_REACHED = 1291,   ///< the user did not reach the board by its new network settings
     ERROR_BOARD_FAILURE = 1792  ///< the board itself failed; the action code says how
 };
 

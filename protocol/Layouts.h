@@ -52,6 +52,9 @@ struct PasswordChange {
     static constexpr std::size_t SIZE = NEW_OFFSET + NAME_SIZE;
 };
 
+/// The most seconds that new network settings can wait to be confirmed.
+constexpr int MAX_PROBATION_S = 3600;
+
 /// A byte for each partition and one for the system, not zero while in maintenance.
 struct MaintenanceMode {
     static constexpr std::size_t FIRST_PARTITION_OFFSET = 17;

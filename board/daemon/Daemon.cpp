@@ -58,6 +58,7 @@ Daemon::Daemon(const Options& options)
       m_sessions(m_state, options.sessionTimeout, options.state + MARKER_SUFFIX),
       m_stage(options.state + STAGE_SUFFIX),
       m_installation(m_state),
+      m_probation(m_state),
       m_requests(getParts()),
       m_waiting(randomBytes(Digest::SIZE)),
       m_nextStore(Clock::now() + Sessions::STORE_INTERVAL),
@@ -75,16 +76,19 @@ void Daemon::run() {
         removeClosed();
         startPasswordCheck();
         finishInstallation();
+        tryProbation(&Probation::proceed);
         if (Clock::now() >= m_nextStore) {
             storeSessions();
         }
         Firmware::dropOrphan(getParts());
     }
+    tryProbation(&Probation::storeRest);
     storeSessions();
 }
 
 int Daemon::getWaitMs() const {
     Clock::time_point next = std::min(m_nextStore, m_installation.getDeadline());
+    next = std::min(next, m_probation.getDeadline());
     if (m_nextAccept > Clock::now()) {
         next = std::min(next, m_nextAccept);
     }
@@ -304,6 +308,14 @@ void Daemon::finishInstallation() {
         m_installation.finish();
     } catch (const DatabaseError& error) {
         putLog(std::string("cannot store what was installed: ") + error.what());
+    }
+}
+
+void Daemon::tryProbation(void (Probation::*step)()) {
+    try {
+        (m_probation.*step)();
+    } catch (const DatabaseError& error) {
+        putLog(std::string("cannot store the probation of the network: ") + error.what());
     }
 }
 

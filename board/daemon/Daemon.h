@@ -14,6 +14,7 @@
 #include "daemon/Requests.h"
 #include "item/FirmwareStage.h"
 #include "item/Installation.h"
+#include "item/Probation.h"
 #include "state/BoardState.h"
 #include "state/Sessions.h"
 
@@ -53,9 +54,10 @@ private:
     void removeClosed();
     void noteInterruption();
     void finishInstallation();
+    void tryProbation(void (Probation::*step)());
     void storeSessions();
 
-    Parts getParts() { return {m_state, m_sessions, m_stage, m_installation}; }
+    Parts getParts() { return {m_state, m_sessions, m_stage, m_installation, m_probation}; }
     FaultKind getDamage(const Client& client) const;
 
     Faults m_faults;
@@ -66,6 +68,7 @@ private:
     Sessions m_sessions;
     FirmwareStage m_stage;
     Installation m_installation;
+    Probation m_probation;
     Requests m_requests;
     PasswordQueue m_waiting;
     PasswordWorker m_passwords;

@@ -5,6 +5,7 @@
 
 #include "item/BoardClock.h"
 #include "item/Item.h"
+#include "item/Probation.h"
 #include "protocol/Digest.h"
 #include "wire/Protocol.h"
 
@@ -116,7 +117,7 @@ std::string read(const Call& call) {
 void restore(const Call& call) {
     StoredItems contents = parse(call.content);
     const std::int64_t offset = BoardClock::restoreSettings(call.state, contents[ITEM_CLOCK]);
-    call.state.writeItems(contents, {call.makeEvent(EventCode::SETTINGS_RESTORED, "")});
+    call.probation.write(contents, call.makeEvent(EventCode::SETTINGS_RESTORED, ""));
     call.state.setTimeOffset(offset);
 }
 

@@ -12,6 +12,7 @@ namespace ORVLib::Board {
 
 class FirmwareStage;
 class Installation;
+class Probation;
 
 /// The user of a request, and the session.
 struct Caller {
@@ -25,6 +26,7 @@ struct Parts {
     Sessions& sessions;
     FirmwareStage& stage;
     Installation& installation;
+    Probation& probation;
 };
 
 /// One use of an item.

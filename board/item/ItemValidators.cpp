@@ -65,6 +65,10 @@ bool isPort(const std::string& content) {
     return isNumber(content, 1, 65535);
 }
 
+bool isProbationTime(const std::string& content) {
+    return isNumber(content, 0, MAX_PROBATION_S);
+}
+
 bool isPasswordChange(const std::string& content) {
     return content.size() == PasswordChange::SIZE;
 }

@@ -9,9 +9,12 @@
 /// use.
 namespace ORVLib::Board {
 
-/// The fields of ITEM_SERVICES that the HTTPS port is.
+/// The fields of ITEM_SERVICES: whether a service is on, and its port.
 constexpr Field SERVICES[] = {FLAG, PORT, FLAG, PORT, FLAG, PORT, FLAG, PORT};
-constexpr std::size_t HTTPS_PORT_FIELD = 3;
+enum ServicesField { SERVICES_HTTP, HTTP_PORT_FIELD, SERVICES_HTTPS, HTTPS_PORT_FIELD };
+
+/// The field of ITEM_ADDRESSES that is the board's address.
+constexpr std::size_t ADDRESS_FIELD = 1;
 
 /// A row of ITEM_ACCESS_LIST.
 constexpr Field ACCESS_ROW[] = {ADDRESS, MASK_BITS};
@@ -33,6 +36,7 @@ bool isLanguage(const std::string& content);
 bool isOwnLanguage(const std::string& content);
 bool isInterval(const std::string& content);
 bool isPort(const std::string& content);
+bool isProbationTime(const std::string& content);
 bool isPasswordChange(const std::string& content);
 
 bool isProduct(const std::string& content);

@@ -4,6 +4,8 @@
 
 #include "common/ParseNumber.h"
 #include "item/ItemValidators.h"
+#include "item/Probation.h"
+#include "item/Stored.h"
 #include "wire/Protocol.h"
 
 namespace ORVLib::Board::Network {
@@ -11,6 +13,12 @@ namespace ORVLib::Board::Network {
 namespace {
 
 const char* const ACCESS_LIST = "access list";
+
+// How a user reached the board: the fields of ITEM_PROBATION_CONFIRM.
+constexpr Field REVISION = text(Probation::REVISION_DIGITS, Probation::REVISION_DIGITS);
+constexpr Field REACHED_ADDRESS = text(0, 64);
+enum ConfirmationField { CONFIRMED_REVISION, SERVER_ADDRESS, SERVER_PORT, ENCRYPTED, CLIENT };
+constexpr Field CONFIRMATION[] = {REVISION, REACHED_ADDRESS, PORT, FLAG, REACHED_ADDRESS};
 
 // Where the call's row begins in the list, or the list's end.
 Record::iterator findRow(Record& list, const Record& row) {
@@ -27,11 +35,18 @@ Record readAccessList(const Call& call) {
 }
 
 void writeAccessList(const Call& call, const Record& list) {
-    call.state.writeItem(ITEM_ACCESS_LIST, formatRecord(list),
+    call.probation.write({{ITEM_ACCESS_LIST, formatRecord(list)}},
                          call.makeEvent(EventCode::SETTINGS_CHANGED, ACCESS_LIST));
 }
 
 }  // namespace
+
+void write(const Call& call) {
+    if (call.state.readItem(call.id) != call.content) {
+        call.probation.write({{call.id, call.content}},
+                             call.makeEvent(EventCode::SETTINGS_CHANGED, call.rules.name));
+    }
+}
 
 std::string readHttpsPort(const Call& call) {
     const std::string services = readValid(call.state, ITEM_SERVICES, isServices);
@@ -48,7 +63,7 @@ void writeHttpsPort(const Call& call) {
         throw boardError(ERROR_BAD_REQUEST, "another service has this port", call.id);
     }
     if (content != before) {
-        call.state.writeItem(ITEM_SERVICES, content,
+        call.probation.write({{ITEM_SERVICES, content}},
                              call.makeEvent(EventCode::SETTINGS_CHANGED, "HTTPS port"));
     }
 }
@@ -74,6 +89,41 @@ void removeAccess(const Call& call) {
     }
     list.erase(row, row + std::size(ACCESS_ROW));
     writeAccessList(call, list);
+}
+
+std::string readProbation(const Call& call) {
+    return call.probation.read();
+}
+
+bool isConfirmation(const std::string& content) {
+    return parseRecord(content, CONFIRMATION).has_value();
+}
+
+void confirm(const Call& call) {
+    const Record fields = *parseTexts(call.content);
+    call.probation.confirm(
+        fields[CONFIRMED_REVISION],
+        {fields[SERVER_ADDRESS], fields[SERVER_PORT], fields[ENCRYPTED] == "1", fields[CLIENT]},
+        call.getUser().name);
+}
+
+bool isRevision(const std::string& content) {
+    return isValidRecord(content, REVISION);
+}
+
+void undo(const Call& call) {
+    call.probation.undo(parseTexts(call.content)->front(), call.getUser().name);
+}
+
+std::string readProbationTime(const Call& call) {
+    return formatNumber(Probation::readTime(call.state));
+}
+
+// The time that a board has before it is set is no change, either.
+void writeProbationTime(const Call& call) {
+    if (readNumber(call.content, 0) != Probation::readTime(call.state)) {
+        Stored::write(call);
+    }
 }
 
 }  // namespace ORVLib::Board::Network

@@ -26,6 +26,7 @@ Severity getSeverity(EventCode code) {
     switch (code) {
         case EventCode::LOGIN_REFUSED:
         case EventCode::PASSWORD_CHANGE_REFUSED:
+        case EventCode::NETWORK_EXPIRED:
         case EventCode::FORCED_OFF:
         case EventCode::RESET:
         case EventCode::FAN_SLOW:

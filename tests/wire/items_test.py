@@ -12,9 +12,10 @@ from support.board_client import (
     ACL, ACL_ADD, ACL_REMOVE, ADDRESSES, BACKUP, BAD_REQUEST, BOARD_FAILURE, BOOT, CLOCK,
     DAMAGED, DROP, EVENTS, EXCHANGE, EXISTS, FULL, HTTPS_PORT, LAST_ADMINISTRATOR, LED, MAIL,
     MAINTENANCE_MODE, NOT_AUTHORISED, NOT_FOUND, NO_ITEM, NO_SESSION, OWN_FILTER,
-    OWN_LANGUAGE, OWN_NOTE, OWN_SESSION, PARTITIONS, PERMISSION, POWER, PRODUCT, PROGRESS, REFUSED, SCHEDULE,
-    SERVICES, SESSIONS, SOME_ITEM, STAGE, STAGED, START, STATUS, SYSTEM_NAMES, SYSTEM_POWER,
-    TRAPS, USERS, USER_ADD, USER_EDIT, USER_REMOVE, WRITE, number, record, texts)
+    OWN_LANGUAGE, OWN_NOTE, OWN_SESSION, PARTITIONS, PERMISSION, POWER, PROBATION, PROBATION_TIME,
+    PRODUCT, PROGRESS, REFUSED, SCHEDULE, SERVICES, SESSIONS, SOME_ITEM, STAGE, STAGED, START,
+    STATUS, SYSTEM_NAMES, SYSTEM_POWER, TRAPS, USERS, USER_ADD, USER_EDIT, USER_REMOVE, WRITE,
+    number, record, texts)
 
 
 class ItemsTest(BoardCase):
@@ -42,6 +43,7 @@ class ItemsTest(BoardCase):
         (OWN_LANGUAGE, "apsog", "apsog", number(0)), (HTTPS_PORT, "apsog", "a", number(8443)),
         (OWN_SESSION, "apsog", "", b"x"), (SOME_ITEM, "apsog", "a", b"x"),
         (MAINTENANCE_MODE, "apsog", "as", bytes(34)),
+        (PROBATION, "as", "", b"x"), (PROBATION_TIME, "apsog", "a", number(0)),
         (PERMISSION, "apsog", "a", struct.pack(">4I", 1, 1, 4, 0)))
 
     def assertAllowed(self, allowed, operation, *arguments):

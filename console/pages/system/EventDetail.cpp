@@ -23,6 +23,7 @@ const Vocabulary& words() {
         {"HTTPS port", TEXT_SERVICES},
         {"trap receivers", TEXT_TRAPS},
         {"access list", TEXT_ACCESS_LIST},
+        {"network probation", TEXT_PROBATION_TIME},
         {"mail notification", TEXT_MAIL},
         {"maintenance permission", TEXT_STAFF_POWER},
         {"power schedule", TEXT_SCHEDULE},
