@@ -1,15 +1,13 @@
 #include "item/Probation.h"
 
-#include <arpa/inet.h>
-
 #include <algorithm>
 #include <iterator>
 
-#include "common/ByteOrder.h"
 #include "common/Hex.h"
 #include "common/ParseNumber.h"
 #include "item/Call.h"
 #include "item/ItemValidators.h"
+#include "protocol/Addresses.h"
 #include "protocol/Digest.h"
 #include "wire/Fields.h"
 #include "wire/Protocol.h"
@@ -38,20 +36,6 @@ constexpr Field BEFORE = text(0, 4096);
 constexpr Field STORED[] = {number(0, MAX_PROBATION_S), BEFORE, BEFORE, BEFORE};
 
 const char* const OFF = "off";
-
-// A number for an IPv4 address, also for one in an IPv6 form such as ::ffff:192.0.2.1.
-std::optional<std::uint32_t> parseAddress(const std::string& text) {
-    constexpr int IPV4_OFFSET = 12;
-    unsigned char bytes[sizeof(in6_addr)];
-    if (::inet_pton(AF_INET, text.c_str(), bytes) == 1) {
-        return Bytes::read32(bytes);
-    }
-    in6_addr address{};
-    if (::inet_pton(AF_INET6, text.c_str(), &address) != 1 || !IN6_IS_ADDR_V4MAPPED(&address)) {
-        return std::nullopt;
-    }
-    return Bytes::read32(address.s6_addr + IPV4_OFFSET);
-}
 
 // The port at which a service has to be reached; empty when it may be any.
 std::string neededPort(const Record& before, const Record& present, std::size_t service) {
@@ -218,13 +202,10 @@ Probation::Needed Probation::findNeeded(const Kept& kept) {
 }
 
 bool Probation::isListed(const std::string& client) {
-    constexpr int ADDRESS_BITS = 32;
     const Record list = *parseRows(readValid(m_state, ITEM_ACCESS_LIST, isAccessList), ACCESS_ROW);
-    const auto address = parseAddress(client);
     bool isFound = list.empty();
-    for (auto row = list.begin(); address && row != list.end(); row += std::size(ACCESS_ROW)) {
-        const int bits = *parseNumber(row[1], 1, ADDRESS_BITS);
-        isFound |= ((*address ^ *parseAddress(row[0])) >> (ADDRESS_BITS - bits)) == 0;
+    for (auto row = list.begin(); row != list.end(); row += std::size(ACCESS_ROW)) {
+        isFound |= isInNetwork(client, row[0], *parseNumber(row[1], 1, ADDRESS_BITS));
     }
     return isFound;
 }

@@ -16,7 +16,7 @@ SCHEMES = ("dark", "", "light")  # at each width; axe-core looks at two of them
 STATES = {"error": "main .err_string",
           "unchanged": "main form:has([name=back]):not(:has([name=submit]))", "confirmation": "[name=back]",
           "done": "[role=status].normal_green", "ending": "#session_ending[open]",
-          "ended": "#session_ended[open]"}
+          "ended": "#session_ended[open]", "waiting": "[name=keep]"}
 STRANGERS = ("/common/gallery.cgi?language={}", "/common/request.cgi?language={}&text=a")
 FRAMES = {"/common/menu.cgi?load=1&tid=0&mid=3": MENU_WIDTHS,
           "/common/information.cgi?menu0=Network+Configuration&menu1=Event+filter": WIDTHS}
@@ -25,6 +25,7 @@ WITHOUT_HELP = ("/common/timeout.cgi", "/common/logout.cgi")
 SEARCH = "/system/sel_filtering.cgi?search=1&severity=info&source=&count="
 REFRESH = "/network/orv_refresh_set.cgi"
 DEFAULT_LANGUAGE = "0x02010001"
+PROBATION = "/network/probation.cgi"
 UPLOADS = "/maintenance/orv_firmup.cgi", "/maintenance/orv_backup_restore.cgi"
 
 
@@ -112,6 +113,7 @@ class Access(BrowserCase):
         for function in FUNCTIONS["admin"]:
             self.browser.show(function)
             self.open(self.browser.driver.execute_script("return location.pathname"))
+        self.open(PROBATION)
         for count in ("9", "0"):
             self.open(SEARCH + count)
 
@@ -143,6 +145,7 @@ class Access(BrowserCase):
             image.write(make_image(1000, b"2.0"))
             image.flush()
             self.enter("staff")
+            self.open(PROBATION)
             for path in UPLOADS:
                 self.walk(path, {}, {"browse_file": image.name})
 

@@ -59,6 +59,8 @@ class Access(SiteCase):
         self.clients = {user: WatchedClient(self.site.url) for user in FUNCTIONS}
         for user, client in self.clients.items():
             client.login(user)
+        # Settings that wait to be confirmed would come back during the tests.
+        self.site.boardctl("set", self.clients["admin"].session, "0x02010051", "00000000")
 
     def tearDown(self):
         super().tearDown()

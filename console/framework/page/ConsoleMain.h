@@ -59,6 +59,17 @@ std::unique_ptr<Page> makePage(Arguments&&... arguments) {
     return page;
 }
 
+/// As makePage(), for a page that changes network settings: it shows those that wait to be
+/// confirmed.
+template <typename Page>
+std::unique_ptr<Page> makeNetworkPage(const PageContext& context) {
+    auto page = makePage<Page>(context);
+    if (context.redirect.empty()) {
+        page->putProbation();
+    }
+    return page;
+}
+
 /// The main object of a page whose body is a settings page, which is made from a PageContext.
 template <typename Page, Function FUNCTION = Page::FUNCTION>
 class SettingsMain : public ConsoleMain {
@@ -67,6 +78,18 @@ public:
 
 protected:
     Component makeBody(const PageContext& context) override { return makePage<Page>(context); }
+};
+
+/// As SettingsMain, for a page of makeNetworkPage().
+template <typename Page>
+class NetworkMain : public SettingsMain<Page> {
+public:
+    using SettingsMain<Page>::SettingsMain;
+
+protected:
+    Component makeBody(const PageContext& context) override {
+        return makeNetworkPage<Page>(context);
+    }
 };
 
 }  // namespace Console

@@ -3,6 +3,7 @@
 #include "framework/component/PageChrome.h"
 #include "framework/input/Form.h"
 #include "framework/page/Partitions.h"
+#include "framework/page/Probation.h"
 #include "gui/HiddenField.h"
 #include "gui/ORVGUIUtil.h"
 #include "gui/SubmitButton.h"
@@ -38,6 +39,12 @@ FormPage::FormPage(const PageContext& context, Function function, Text purpose,
 }
 
 FormPage::~FormPage() = default;
+
+void FormPage::putProbation() {
+    if (Component notice = makeProbationNotice(getRequester())) {
+        HTMLMapUtil::insertIntoMap(getMap(), "probation", std::move(notice));
+    }
+}
 
 void FormPage::addShown(Text label, Component value) {
     m_shown->add(text(label), std::move(value));

@@ -19,6 +19,10 @@ class FormPage : public ORVLib::Gui::CommonDefaultPage {
 public:
     ~FormPage() override;  // not inline: each page would have a copy of this class's tables
 
+    /// Shows the network settings that wait to be confirmed, if any do. REQUIRES: makePage() was
+    /// called, and the user may change network settings.
+    void putProbation();
+
 protected:
     /// The function gives the page its title and address; `purpose` says what the page is for.
     /// `skeleton` is a file name in the folder of the page skeletons.

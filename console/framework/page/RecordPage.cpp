@@ -5,7 +5,7 @@ namespace Console {
 void RecordPage::readCurrent() {
     const Record record = readRecord(getRequester(), m_item);
     RecordReader reader(record);
-    for (Input* const input : getInputs()) {
+    for (Input* const input : getRecordInputs()) {
         input->read(reader);
     }
     reader.requireEnd();
@@ -13,7 +13,7 @@ void RecordPage::readCurrent() {
 
 void RecordPage::apply() {
     Record record;
-    for (const Input* const input : getInputs()) {
+    for (const Input* const input : getRecordInputs()) {
         // The input itself keeps its value, for a form that is shown again.
         if (isNeeded(*input)) {
             input->write(record);

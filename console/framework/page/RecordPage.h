@@ -12,6 +12,9 @@ protected:
     RecordPage(const PageContext& context, Function function, Text purpose, unsigned int item)
         : SettingsPage(context, function, purpose), m_item(item) {}
 
+    /// The inputs that are the record's texts: all of them, unless the page has others, too.
+    virtual std::vector<Input*> getRecordInputs() const { return getInputs(); }
+
     void readCurrent() override;
 
     /// When the board refuses the record, the form says so.

@@ -122,14 +122,14 @@ private:
     }
 };
 
-class BackupMain : public SettingsMain<BackupPage> {
+class BackupMain : public NetworkMain<BackupPage> {
 public:
-    using SettingsMain::SettingsMain;
+    using NetworkMain::NetworkMain;
 
 protected:
     Component makeBody(const PageContext& context) override {
         if (context.form.getFields().count(DOWNLOAD_FIELD) == 0) {
-            return SettingsMain::makeBody(context);
+            return NetworkMain::makeBody(context);
         }
         auto backup = std::make_unique<RawBytes>(readBytes(context.requester, ITEM_BACKUP));
         answerWithFile(BACKUP_NAME);

@@ -2,6 +2,7 @@
 
 #include "framework/backend/Board.h"
 #include "framework/page/ConsoleMain.h"
+#include "framework/page/Probation.h"
 #include "framework/page/Program.h"
 #include "framework/page/SettingsPage.h"
 #include "gui/ORVGUIUtil.h"
@@ -158,9 +159,9 @@ protected:
     Component makeBody(const PageContext& context) override {
         switch (getFunction()) {
             case ADD_FUNCTION:
-                return makePage<AddPage>(context);
+                return makeNetworkPage<AddPage>(context);
             case REMOVE_FUNCTION:
-                return makePage<RemovePage>(context);
+                return makeNetworkPage<RemovePage>(context);
             default:
                 return makeList(context.requester);
         }
@@ -172,6 +173,9 @@ private:
             makeListPart(LIST_FUNCTION, TEXT_ACCESS_LIST_PURPOSE, makeTable(readList(requester)));
         list->put("tabs",
                   makeLink(addressWith(listPath(), {{OPERATION, ADD}}), text(TEXT_ADD_ACCESS)));
+        if (Component notice = makeProbationNotice(requester)) {
+            list->put("probation", std::move(notice));
+        }
         return list;
     }
 };

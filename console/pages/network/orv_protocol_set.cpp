@@ -64,5 +64,5 @@ private:
 }  // namespace Console
 
 int main() {
-    return Console::runProgram<Console::SettingsMain<Console::ServicesPage>>();
+    return Console::runProgram<Console::NetworkMain<Console::ServicesPage>>();
 }
