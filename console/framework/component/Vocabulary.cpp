@@ -21,7 +21,7 @@ const Word* find(const Vocabulary& words, const std::string& word) {
 
 const Vocabulary& roles() {
     static const Vocabulary ROLES = {
-        {"administrator", TEXT_ROLE_ADMINISTRATOR},
+        {ROLE_ADMINISTRATOR, TEXT_ROLE_ADMINISTRATOR},
         {ROLE_PARTITION, TEXT_ROLE_PARTITION},
         {"operator", TEXT_ROLE_OPERATOR},
         {"staff", TEXT_ROLE_STAFF},

@@ -23,7 +23,8 @@ const Vocabulary& roles();
 const Vocabulary& severities();
 const Vocabulary& sources();
 
-/// The role of the administrators of some partitions.
+/// The roles of the administrators, and of those of some partitions.
+constexpr char ROLE_ADMINISTRATOR[] = "administrator";
 constexpr char ROLE_PARTITION[] = "partition";
 
 /// A word in the user's language. An unknown word is returned unchanged: a later board may have

@@ -151,16 +151,21 @@ void AddUserPage::apply() {
     sendInputs(ITEM_USER_ADD);
 }
 
-EditUserPage::EditUserPage(const PageContext& context, const User& user)
+EditUserPage::EditUserPage(const PageContext& context, const User& user,
+                           const std::vector<User>& users)
     : UserSettingsPage(context, EDIT, TEXT_EDIT_USER_PURPOSE, ACTION_EDIT,
                        std::make_unique<ShownInput>(user.name), TEXT_NEW_PASSWORD),
-      m_user(user) {
+      m_user(user),
+      m_isOnlyAdministrator(isOnlyAdministrator(user, users)) {
     carryInAddress(NAME_FIELD, user.name);
     setCompletion(USER_CHANGED);
 }
 
 void EditUserPage::checkInputs() {
     UserSettingsPage::checkInputs();
+    if (m_isOnlyAdministrator && getRole() != ROLE_ADMINISTRATOR) {
+        markRole(TEXT_ONLY_ADMINISTRATOR);
+    }
     if (!m_password.isEmpty() && !isGoodPassword(m_password.getText())) {
         mark(m_password);
     }
@@ -183,6 +188,13 @@ RemoveUserPage::RemoveUserPage(const PageContext& context, const User& user)
     setHelp(TEXT_HELP_REMOVE_USER);
     setApplyLabel(TEXT_REMOVE);
     setCompletion(USER_REMOVED);
+}
+
+/// The board would refuse it.
+void RemoveUserPage::readCurrent() {
+    if (m_name == readUserName(getRequester())) {
+        refuse(TEXT_OWN_USER);
+    }
 }
 
 void RemoveUserPage::apply() {

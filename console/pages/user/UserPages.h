@@ -41,6 +41,9 @@ protected:
     /// Writes the inputs: name, password, role, partitions and language.
     void sendInputs(unsigned int item);
 
+    std::string getRole() const { return m_role.getText(); }
+    void markRole(Text hint) { mark(m_role, hint); }
+
     Input& m_name;
     PasswordInput& m_password;
 
@@ -67,7 +70,7 @@ protected:
 /// An empty password does not change the user's password.
 class EditUserPage : public UserSettingsPage {
 public:
-    EditUserPage(const PageContext& context, const User& user);
+    EditUserPage(const PageContext& context, const User& user, const std::vector<User>& users);
 
 protected:
     void readCurrent() override { setSettings(m_user); }
@@ -76,6 +79,7 @@ protected:
 
 private:
     User m_user;
+    bool m_isOnlyAdministrator;
 };
 
 class RemoveUserPage : public UserPage {
@@ -86,7 +90,7 @@ public:
 
 protected:
     bool isCompared() const override { return false; }
-    void readCurrent() override {}
+    void readCurrent() override;
     void apply() override;
 
 private:

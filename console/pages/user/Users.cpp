@@ -1,6 +1,9 @@
 #include "pages/user/Users.h"
 
+#include <algorithm>
+
 #include "framework/backend/Board.h"
+#include "framework/component/Vocabulary.h"
 
 using namespace ORVLib::Gui;
 
@@ -26,6 +29,13 @@ std::vector<User> readUsers(CGIRequester& requester) {
         users.push_back({row[0], row[1], row[2], row[3]});
     }
     return users;
+}
+
+bool isOnlyAdministrator(const User& user, const std::vector<User>& users) {
+    const auto isOther = [&user](const User& each) {
+        return each.role == ROLE_ADMINISTRATOR && each.name != user.name;
+    };
+    return user.role == ROLE_ADMINISTRATOR && std::none_of(users.begin(), users.end(), isOther);
 }
 
 std::string listPartitions(const std::string& partitions) {

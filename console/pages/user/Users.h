@@ -20,6 +20,9 @@ struct User {
 /// All users. A failure ends in the error page.
 std::vector<User> readUsers(ORVLib::Gui::CGIRequester& requester);
 
+/// True when no other user is an administrator.
+bool isOnlyAdministrator(const User& user, const std::vector<User>& users);
+
 /// The numbers of a user's partitions: "0, 3".
 std::string listPartitions(const std::string& partitions);
 

@@ -62,7 +62,7 @@ protected:
         if (getAction() == ACTION_REMOVE) {
             return makePage<RemoveUserPage>(context, *user);
         }
-        return makePage<EditUserPage>(context, *user);
+        return makePage<EditUserPage>(context, *user, users);
     }
 
 private:
