@@ -92,6 +92,7 @@ PAGES = (
 # What takes several forms: user, page, and for each form the fields that are filled in, and a part
 # of the answer: often the sign of an error, a question or a completion.
 WRONG, ASKED, DONE = b"err_string", b'name="back"', b'role="status"'
+CONSENT = {"consent0": True}  # to a change that ends the user's own way in
 USERS, ACCESS_LIST = "/user/list.cgi", "/network/orv_acl_set.cgi"
 PARTITION_POWER = "/partition/power_control.cgi?partition=0"
 PASSWORDS = b"new.user-pass", b"secret-12"
@@ -111,7 +112,8 @@ FLOWS = (
     ("admin", USERS + "?action=remove&name=admin", ({}, b"cannot remove")),
     ("admin", USERS + "?action=edit&name=admin", ({"role": "guest"}, b"only system")),
     ("admin", ACCESS_LIST + "?operation=add", ({"address0": "256"}, WRONG),
-     ({f"address{i}": "24" for i in range(5)}, ASKED), ({}, DONE)),
+     ({f"address{i}": "24" for i in range(5)}, ASKED), ({}, b"no longer reach"),
+     (CONSENT, DONE)),
     ("admin", ACCESS_LIST + "?operation=remove&row=24.24.24.24/24", ({}, DONE)),
     ("admin", "/system/power_control.cgi", ({}, WRONG), ({"operation": "reset"}, ASKED),
      ({}, DONE)),

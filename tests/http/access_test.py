@@ -101,7 +101,8 @@ class Access(SiteCase):
 
     def assertOnlyItsFormChanges(self, form, values):
         owner, path = self.clients[form.user], form.path.partition("?")[0]
-        fields = {**owner.get(form.path).form().fields, **values, "page_state": "4"}
+        fields = {**owner.get(form.path).form().fields, **values, "page_state": "4",
+                  "consent0": "1"}
         before = self.state()
         for client, wrong, headers in self.attempts(form, fields):
             self.assertEqual(client.post(path, wrong, headers).status, 403 if headers else 200)

@@ -3,7 +3,6 @@
 import re
 import signal
 import time
-import urllib.parse
 
 from console_client import LOGIN
 from make_firmware import make_image
@@ -11,7 +10,6 @@ from support.site_case import SiteCase
 
 REFRESH, MAINTENANCE = "/network/orv_refresh_set.cgi", "/maintenance/maintenance_mode.cgi"
 MENU, POWER = "/common/menu.cgi?load=1&tid=0&mid=3", "/system/power_control.cgi"
-SERVICES, PROBATION = "/network/orv_protocol_set.cgi", "/network/probation.cgi"
 SEARCH, FIRMWARE = "/system/sel_filtering.cgi", "/maintenance/orv_firmup.cgi"
 
 
@@ -21,14 +19,6 @@ class Console(SiteCase):
 
     def answer_of(self, user):
         return self.client.post(LOGIN, {"user": user, "password": user + "-pass"}, follows=False)
-
-    @staticmethod
-    def apply(client, path, changes):
-        """Sends a page's form with changes, confirms it, and returns what the browser then shows."""
-        for fields in (changes, {}):
-            form = (client.get(path) if fields else answer).form()
-            answer = client.post(form.path, {**form.fields, **fields})
-        return answer
 
     def test_login_sets_a_cookie_for_the_whole_console_and_one_for_itself(self):
         session = r"sid=[\w-]{31}; path=/; HttpOnly; SameSite=Strict$"
@@ -127,38 +117,6 @@ class Console(SiteCase):
                                          {"Accept-Language": language})
             self.assertLess(time.monotonic() - begin, 5)
             self.assertIn(words, answer.body.decode("EUC-JP"))
-
-    def test_network_settings_wait_to_be_confirmed_where_they_apply(self):
-        """For each port of HTTP: whether it is the one in use, who ends the wait, how, and the port
-        afterwards. A backup with the settings may be restored by staff, too."""
-        self.client.login("admin")
-        backup = self.site.boardctl("get", self.client.session, "0x02010068")
-        wrong = ({"keep": "1", "form_end": "0" * 32}, {"keep": "1", "probation": "0" * 16}, {})
-        for port, user, button, kept in ((1, "admin", "undo", 80),
-                                         (self.site.port, "admin", "keep", self.site.port),
-                                         (80, "staff", "undo", self.site.port)):
-            here = port == self.site.port
-            if user == "admin":
-                done = self.apply(self.client, SERVICES, {"http_port": str(port)})
-                self.assertIn("Unconfirmed network settings", done.text())
-                self.assertEqual(f'href="http://127.0.0.1:{port}/network/'.encode() in done.body,
-                                 not here)
-            else:
-                self.client.login(user)
-                self.site.boardctl("set", self.client.session, "0x02010068", backup)
-            form = self.client.get(PROBATION).form()
-            for fields in (*wrong, *([] if here else [{"keep": "1"}])):
-                self.assertIn("Nothing has been changed" if fields in wrong else "not using the new ones",
-                              self.client.post(form.path, {**form.fields, **fields}).text())
-            self.client.get(PROBATION + "?" + urllib.parse.urlencode({**form.fields, button: "1"}))
-            self.assertIn(b'name="keep"', self.client.get(PROBATION).body)
-            answer = self.client.post(form.path, {**form.fields, button: "1"})
-            self.assertEqual((answer.status, answer.headers["location"]), (303, PROBATION))
-            self.assertIn("All network settings are confirmed", self.client.get(PROBATION).text())
-            self.client.login("admin")
-            self.assertEqual(self.client.get(SERVICES).form().fields["http_port"], str(kept))
-        self.client.login("guest")
-        self.assertIn("(00:0502)", self.client.get(PROBATION).text())
 
     def test_technical_staff_follows_the_maintenance_rule(self):
         self.client.login("admin")

@@ -93,6 +93,10 @@ bool FormPage::claimForm() {
 }
 
 void FormPage::answerDone(const Record& done) {
+    if (!m_donePath.empty()) {
+        m_context.redirect = m_donePath;
+        return;
+    }
     m_request.done = done;
     const auto id = keepDone(m_context, m_function, m_request);
     if (id) {

@@ -59,6 +59,10 @@ protected:
     /// the form lead there. Without it, the button leads to the page itself.
     void setReturnPath(const std::string& path);
 
+    /// Sends the browser to another page of the console after the form is applied: for a change
+    /// after which the user may not use this one any longer.
+    void setDonePath(const std::string& path) { m_donePath = path; }
+
     /// Sets the label of the button that applies.
     void setApplyLabel(Text label) { m_applyLabel = label; }
 
@@ -119,6 +123,7 @@ private:
     Text m_help;
     Text m_purpose;
     std::string m_returnPath;
+    std::string m_donePath;
     int m_completion;
     Text m_applyLabel = TEXT_SET;
     std::string m_problem;

@@ -6,6 +6,7 @@
 #include "framework/page/Program.h"
 #include "framework/page/SettingsPage.h"
 #include "gui/ORVGUIUtil.h"
+#include "pages/network/LostWay.h"
 
 using namespace ORVLib::Gui;
 
@@ -29,16 +30,8 @@ std::string listPath() {
     return ORVGUIUtil::getCGIPath(LIST_FUNCTION);
 }
 
-/// A row of the list. Its text has a slash between address and mask bits.
-struct Row {
-    std::string address;
-    std::string maskBits;
-
-    std::string getText() const { return address + '/' + maskBits; }
-};
-
-std::vector<Row> readList(CGIRequester& requester) {
-    std::vector<Row> list;
+std::vector<AccessRow> readList(CGIRequester& requester) {
+    std::vector<AccessRow> list;
     const Record record = readRecord(requester, ITEM_ACCESS_LIST);
     for (const auto& row : rowsOf(record, 2)) {
         list.push_back({row[0], row[1]});
@@ -46,11 +39,11 @@ std::vector<Row> readList(CGIRequester& requester) {
     return list;
 }
 
-Component makeTable(const std::vector<Row>& rows) {
+Component makeTable(const std::vector<AccessRow>& rows) {
     auto table = std::make_unique<Table>(
         std::initializer_list<Text>{TEXT_ADDRESS, TEXT_MASK_BITS, TEXT_OPERATION},
         TEXT_NO_ACCESS_ROWS);
-    for (const Row& row : rows) {
+    for (const AccessRow& row : rows) {
         table->addRow(makeText(row.address), makeText(row.maskBits),
                       makeLink(addressWith(listPath(), {{OPERATION, REMOVE}, {ROW, row.getText()}}),
                                text(TEXT_REMOVE)));
@@ -73,6 +66,14 @@ public:
 protected:
     bool isCompared() const override { return false; }
     void readCurrent() override {}
+
+    std::string getLockOut() override {
+        std::vector<AccessRow> rows = readList(getRequester());
+        Record record;
+        m_row.write(record);
+        rows.push_back({record[0], record[1]});
+        return describeLostAccess(rows);
+    }
 
     void apply() override {
         Record record;
@@ -101,7 +102,7 @@ public:
         : SettingsPage(context, REMOVE_FUNCTION, TEXT_REMOVE_ACCESS_PURPOSE),
           m_list(readList(context.requester)),
           m_row(add(TEXT_MASKED_ADDRESS, TEXT_NO_SUCH_ACCESS, std::make_unique<ChosenInput>(ROW))) {
-        for (const Row& row : m_list) {
+        for (const AccessRow& row : m_list) {
             m_row.addOption(row.getText(), row.getText());
         }
         carryInAddress(OPERATION, REMOVE);
@@ -121,8 +122,18 @@ protected:
         }
     }
 
+    std::string getLockOut() override {
+        std::vector<AccessRow> rows;
+        for (const AccessRow& row : m_list) {
+            if (row.getText() != m_row.getText()) {
+                rows.push_back(row);
+            }
+        }
+        return m_row.isError() ? "" : describeLostAccess(rows);
+    }
+
     void apply() override {
-        for (const Row& row : m_list) {
+        for (const AccessRow& row : m_list) {
             if (row.getText() == m_row.getText()) {
                 remove(row);
             }
@@ -130,7 +141,7 @@ protected:
     }
 
 private:
-    void remove(const Row& row) {
+    void remove(const AccessRow& row) {
         Record record;
         record.push_back(row.address);
         record.push_back(row.maskBits);
@@ -139,7 +150,7 @@ private:
         }
     }
 
-    std::vector<Row> m_list;
+    std::vector<AccessRow> m_list;
     ChosenInput& m_row;
 };
 

@@ -5,6 +5,7 @@
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"
 #include "framework/page/RecordPage.h"
+#include "pages/network/LostWay.h"
 
 namespace Console {
 
@@ -62,6 +63,14 @@ protected:
         if (!m_probation->isError() && getSeconds() != 0 && getSeconds() < SHORTEST_PROBATION_S) {
             mark(*m_probation);
         }
+    }
+
+    std::string getLockOut() override {
+        const Record present = readRecord(getRequester(), ITEM_ADDRESSES);
+        RecordReader reader(present);
+        reader.next();  // the host name
+        const std::string wanted = m_address.getText();
+        return describeLostAddress(reader.next(), wanted.substr(0, wanted.find('/')));
     }
 
 private:

@@ -5,6 +5,7 @@
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"
 #include "framework/page/RecordPage.h"
+#include "pages/network/LostWay.h"
 
 namespace Console {
 
@@ -38,6 +39,18 @@ protected:
             mark(m_services[HTTP].enabled);
             mark(m_services[HTTPS].enabled);
         }
+    }
+
+    std::string getLockOut() override {
+        Record wanted;
+        for (const Input* const input : getInputs()) {
+            input->write(wanted);
+        }
+        const Record present = readRecord(getRequester(), ITEM_SERVICES);
+        if (present.size() != wanted.size()) {
+            failDamaged();
+        }
+        return describeLostService(present, wanted);
     }
 
 private:

@@ -171,7 +171,29 @@ void EditUserPage::checkInputs() {
     }
 }
 
+bool EditUserPage::isOwn() const {
+    return m_user.name == readUserName(getRequester());
+}
+
+bool EditUserPage::isOwnRoleLost() const {
+    return getRole() != m_user.role && isOwn();
+}
+
+std::string EditUserPage::getLockOut() {
+    if (isOwnRoleLost()) {
+        return text(TEXT_LOSES_ROLE) + ' ' + translate(roles(), m_user.role);
+    }
+    if (m_password.isEmpty() || !isOwn()) {
+        return "";
+    }
+    const int others = countSessions(getRequester(), m_user.name) - 1;
+    return others > 0 ? text(TEXT_LOSES_SESSIONS) + ' ' + std::to_string(others) : "";
+}
+
 void EditUserPage::apply() {
+    if (isOwnRoleLost()) {
+        setDonePath(FRAME_PATH);
+    }
     sendInputs(ITEM_USER_EDIT);
 }
 

@@ -75,9 +75,13 @@ public:
 protected:
     void readCurrent() override { setSettings(m_user); }
     void checkInputs() override;
+    std::string getLockOut() override;
     void apply() override;
 
 private:
+    bool isOwn() const;
+    bool isOwnRoleLost() const;
+
     User m_user;
     bool m_isOnlyAdministrator;
 };

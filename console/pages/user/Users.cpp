@@ -38,6 +38,13 @@ bool isOnlyAdministrator(const User& user, const std::vector<User>& users) {
     return user.role == ROLE_ADMINISTRATOR && std::none_of(users.begin(), users.end(), isOther);
 }
 
+int countSessions(CGIRequester& requester, const std::string& name) {
+    const auto sessions = rowsOf(readRecord(requester, ITEM_SESSIONS), SESSION_FIELDS);
+    return static_cast<int>(
+        std::count_if(sessions.begin(), sessions.end(),
+                      [&name](const Record& session) { return session.front() == name; }));
+}
+
 std::string listPartitions(const std::string& partitions) {
     std::string list;
     for (std::size_t partition = 0; partition < partitions.size(); ++partition) {

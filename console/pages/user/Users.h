@@ -9,6 +9,9 @@
 /// The users of the console.
 namespace Console {
 
+/// The fields of a session in the board's list; the first one is the user.
+constexpr std::size_t SESSION_FIELDS = 5;
+
 /// A user, as the board returns it.
 struct User {
     std::string name;
@@ -22,6 +25,9 @@ std::vector<User> readUsers(ORVLib::Gui::CGIRequester& requester);
 
 /// True when no other user is an administrator.
 bool isOnlyAdministrator(const User& user, const std::vector<User>& users);
+
+/// The sessions of a user. A failure ends in the error page.
+int countSessions(ORVLib::Gui::CGIRequester& requester, const std::string& name);
 
 /// The numbers of a user's partitions: "0, 3".
 std::string listPartitions(const std::string& partitions);

@@ -5,14 +5,13 @@
 #include "framework/component/Vocabulary.h"
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"
+#include "pages/user/Users.h"
 
 using namespace ORVLib::Gui;
 
 namespace Console {
 
 namespace {
-
-constexpr std::size_t SESSION_FIELDS = 5;
 
 class SessionsMain : public ConsoleMain {
 public:
