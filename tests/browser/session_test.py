@@ -62,7 +62,7 @@ class Session(BrowserCase):
         days = {"weekday6": True, "first_day0": "2027", "enabled0": True}
         for user, function, values, steps, next_user in (
                 ("guest", REFRESH, {"interval": "77"}, 1, "guest"),
-                ("guest", REFRESH, {"interval": "77"}, 2, "guest"),
+                ("guest", REFRESH, {"interval": "78"}, 2, "guest"),
                 ("guest", REFRESH, {"interval": "77"}, 1, "staff"),
                 ("guest", PASSWORD, dict.fromkeys(("present", "wanted"), "secret-1"), 1, "guest"),
                 ("part", SCHEDULE, days, 1, "part"), ("part", SCHEDULE, days, 1, ANOTHER_TAB)):
