@@ -5,11 +5,13 @@ import signal
 import time
 
 from console_client import LOGIN
+from console_pages import ASKED, CHANGE, DONE
 from make_firmware import make_image
 from support.site_case import SiteCase
 
 REFRESH, MAINTENANCE = "/network/orv_refresh_set.cgi", "/maintenance/maintenance_mode.cgi"
 MENU, POWER = "/common/menu.cgi?load=1&tid=0&mid=3", "/system/power_control.cgi"
+NAMES, PASSWORD = "/system/sys_info.cgi", "/user/ch_passwd.cgi"
 SEARCH, FIRMWARE = "/system/sel_filtering.cgi", "/maintenance/orv_firmup.cgi"
 
 
@@ -73,6 +75,24 @@ class Console(SiteCase):
             self.assertIn(b'<main class="notice" role="alert">', answer.body)
             self.assertIn("(00:0d02)", answer.text())
             self.assertEqual(self.client.get(path).body, before)
+        self.site.restart_board()
+
+    def test_what_the_board_does_not_keep_is_answered_at_once(self):
+        """Passwords, what is too large, and everything while the board fails to keep it."""
+        self.client.login("admin")
+        for fault, path, changes, *signs in (
+                ((), PASSWORD, CHANGE, b'name="wanted"'),
+                ((), PASSWORD, {**CHANGE, "back": "1"}, b'name="wanted"'),
+                ((), NAMES, {"contact": "x", "more": "x" * 2048}, ASKED),
+                (("--fault", "0201402b:error"), NAMES, {"contact": "y"}, ASKED, DONE)):
+            self.site.restart_board(*fault)
+            page = self.client.get(path)
+            for sign in signs:
+                page = self.client.post(path, {**page.form().fields, **changes}, follows=False)
+                self.assertEqual((page.status, sign in page.body), (200, True), changes)
+                self.assertIn(b'data-address="%s"' % path.encode(), page.body)
+        self.assertEqual(self.client.get(NAMES).field("contact"), "y")
+        self.assertIn("the board keeps no note: error 1792", self.trace_log())
         self.site.restart_board()
 
     def test_an_error_page_is_readable_and_leads_on(self):

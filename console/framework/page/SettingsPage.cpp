@@ -63,7 +63,8 @@ void SettingsPage::makeDispPage() {
     const std::string seen = m_revision;
     const bool isToConfirm = getStep() == Step::CONFIRM && isConfirmed();
     const bool isToEdit = getStep() == Step::EDIT_AGAIN;
-    if ((isToConfirm || isToEdit) && answerDraft()) {
+    // The form of a page without confirmation may have a password, which nobody keeps.
+    if ((isToConfirm || isToEdit) && isConfirmed() && answerDraft()) {
         return;
     }
     if (getStep() == Step::DONE) {
