@@ -98,6 +98,10 @@ void SettingsPage::makeDispPage() {
 }
 
 void SettingsPage::makeConfigPage() {
+    // At first: a form that is sent twice is not outdated by what it has changed itself.
+    if (!claimForm()) {
+        return;
+    }
     const std::string seen = m_revision;
     readPresent();
     if (isOutdated(seen)) {
@@ -116,9 +120,6 @@ void SettingsPage::makeConfigPage() {
     if (isRight && !isReady) {
         refuse(TEXT_CONSENT_MISSING);
     } else if (isReady) {
-        if (!claimForm()) {
-            return;
-        }
         apply();
     }
     if (m_inputs.isAnyMarked() && !isRefused()) {
