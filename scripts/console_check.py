@@ -135,7 +135,10 @@ def check_settings(site, page):
     asked = send(client, shown, page.valid, ASKED)
     again = send(client, asked, {"back": "1"}, b'type="submit"')
     asked = send(client, again, {}, ASKED)
-    send(client, asked, CONSENT if b'name="consent0"' in asked.body else {}, DONE)
+    done = send(client, asked, CONSENT if b'name="consent0"' in asked.body else {}, DONE)
+    for answer, field in ((again, "draft="), (asked, "draft="), (done, "done=")):
+        expect(field in answer.address, f"{page.path} answers a form itself")
+    expect(DONE in client.get(done.address).body, f"{page.path} cannot be reloaded")
     # The page shown first is outdated: nobody overwrites unseen what another one has set.
     send(client, shown, {**page.valid, "page_state": "4"}, WRONG)
     expect(values(client.get(page.path)) == sent(page.kept), f"{page.path} did not keep it")
