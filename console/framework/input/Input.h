@@ -53,6 +53,9 @@ public:
     /// True for an input whose text must not be shown or stored.
     virtual bool isSecret() const { return false; }
 
+    /// False for an input that only confirms another one: it is not shown as a change.
+    virtual bool isSetting() const { return true; }
+
     /// True for several boxes or buttons: they have one legend in place of a label.
     virtual bool isGroup() const { return false; }
 

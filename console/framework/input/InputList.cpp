@@ -151,7 +151,7 @@ bool InputList::isAnyChanged() const {
 }
 
 bool InputList::isChanged(const Entry& entry) {
-    if (!entry.needed) {
+    if (!entry.needed || !entry.input->isSetting()) {
         return false;
     }
     return entry.input->isSecret()

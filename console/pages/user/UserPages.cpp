@@ -91,15 +91,18 @@ UserSettingsPage::UserSettingsPage(const PageContext& context, Function function
                                    Text passwordLabel)
     : UserPage(context, function, purpose, action),
       m_name(add(TEXT_USER_NAME, TEXT_WRONG_USER_NAME, std::move(name))),
-      m_password(addPassword(passwordLabel, TEXT_BAD_PASSWORD, "password")),
-      m_repeated(addPassword(TEXT_PASSWORD_AGAIN, TEXT_REPEAT_PASSWORD, "repeated")),
+      m_password(
+          addPassword(passwordLabel, TEXT_BAD_PASSWORD, "password", PasswordInput::Use::SETTING)),
+      m_repeated(addPassword(TEXT_PASSWORD_AGAIN, TEXT_REPEAT_PASSWORD, "repeated",
+                             PasswordInput::Use::CHECK)),
       m_role(add(TEXT_ROLE, TEXT_WRONG_CHOICE, makeRoleInput())),
       m_partitions(add(TEXT_USER_PARTITIONS, TEXT_WRONG_USER_PARTITIONS,
                        std::make_unique<PartitionsInput>("partition", context.requester))),
       m_language(add(TEXT_LANGUAGE, TEXT_WRONG_CHOICE, makeLanguageInput())) {}
 
-PasswordInput& UserSettingsPage::addPassword(Text label, Text hint, const char* name) {
-    return add(label, hint, std::make_unique<PasswordInput>(name, LONGEST_PASSWORD));
+PasswordInput& UserSettingsPage::addPassword(Text label, Text hint, const char* name,
+                                             PasswordInput::Use use) {
+    return add(label, hint, std::make_unique<PasswordInput>(name, LONGEST_PASSWORD, use));
 }
 
 void UserSettingsPage::checkInputs() {

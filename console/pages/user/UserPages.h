@@ -48,7 +48,7 @@ protected:
     PasswordInput& m_password;
 
 private:
-    PasswordInput& addPassword(Text label, Text hint, const char* name);
+    PasswordInput& addPassword(Text label, Text hint, const char* name, PasswordInput::Use use);
 
     PasswordInput& m_repeated;
     MenuInput& m_role;

@@ -29,9 +29,12 @@ public:
 
     explicit PasswordPage(const PageContext& context)
         : SettingsPage(context, FUNCTION, TEXT_CHANGE_PASSWORD_PURPOSE),
-          m_present(addPassword(TEXT_PRESENT_PASSWORD, TEXT_ENTER_PRESENT, "present")),
-          m_wanted(addPassword(TEXT_NEW_PASSWORD, TEXT_BAD_PASSWORD, "wanted")),
-          m_repeated(addPassword(TEXT_REPEATED_PASSWORD, TEXT_REPEAT_PASSWORD, "repeated")) {
+          m_present(addPassword(TEXT_PRESENT_PASSWORD, TEXT_ENTER_PRESENT, "present",
+                                PasswordInput::Use::CHECK)),
+          m_wanted(addPassword(TEXT_NEW_PASSWORD, TEXT_BAD_PASSWORD, "wanted",
+                               PasswordInput::Use::SETTING)),
+          m_repeated(addPassword(TEXT_REPEATED_PASSWORD, TEXT_REPEAT_PASSWORD, "repeated",
+                                 PasswordInput::Use::CHECK)) {
         setCompletion(PASSWORD_CHANGED);
     }
 
@@ -70,8 +73,8 @@ protected:
     }
 
 private:
-    PasswordInput& addPassword(Text label, Text hint, const char* name) {
-        return add(label, hint, std::make_unique<PasswordInput>(name, LONGEST_PASSWORD));
+    PasswordInput& addPassword(Text label, Text hint, const char* name, PasswordInput::Use use) {
+        return add(label, hint, std::make_unique<PasswordInput>(name, LONGEST_PASSWORD, use));
     }
 
     PasswordInput& m_present;
