@@ -7,7 +7,9 @@ if (strip && strip.scrollHeight > strip.clientHeight) {
     problems.push("the strip is too low");
 }
 const SHOWN = "a:not(.skip), button, input, select, h1, h2, th, td, .label, .value, .place";
-const parts = [...document.querySelectorAll(SHOWN)].filter(part => part.getClientRects().length);
+// An open dialog covers the page, which cannot be used meanwhile.
+const shown = document.querySelector("dialog:modal") || document;
+const parts = [...shown.querySelectorAll(SHOWN)].filter(part => part.getClientRects().length);
 const name = part => part.outerHTML.slice(0, 120);
 const scrolls = part => part && (/auto|scroll/.test(getComputedStyle(part).overflowX)
     || scrolls(part.parentElement));
