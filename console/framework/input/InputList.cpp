@@ -17,7 +17,7 @@ namespace {
 void printHeading(const std::string& heading) {
     if (!heading.empty()) {
         std::cout << "<h2>";
-        TextString(heading).printHTML();
+        makeSentence(heading)->printHTML();
         std::cout << "</h2>\n";
     }
 }

@@ -83,7 +83,7 @@ Component makePlace(CGIRequester& requester, const Probation& probation) {
     }
     const bool isHere = isSameAddress(probation.address, way);
     if (isHere && !isSchemeOff && port == way.serverPort) {
-        return makeText(text(TEXT_PROBATION_HERE));
+        return makeSentence(text(TEXT_PROBATION_HERE));
     }
     const std::string url = makeUrl(isEncrypted, isHere ? way.host : probation.address, port);
     // At the same host the browser still has the session's cookie.
@@ -99,7 +99,7 @@ Component makeProbationNotice(CGIRequester& requester, const std::string& proble
         return nullptr;
     }
     auto notice = std::make_unique<SkeletonPart>("skeleton_probation.txt");
-    notice->putText("heading", text(TEXT_PROBATION));
+    notice->putSentence("heading", text(TEXT_PROBATION));
     notice->putSentence("explanation", text(TEXT_PROBATION_EXPLAINED));
     notice->putText("path", PROBATION_PATH);
     if (!problem.empty()) {
