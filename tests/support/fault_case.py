@@ -3,6 +3,7 @@
 import glob
 import hashlib
 import os
+import re
 import resource
 import signal
 import subprocess
@@ -99,8 +100,10 @@ class FaultCase(BoardCase):
         stdin = self.enterContext(tempfile.TemporaryFile(dir=self.folder))
         stdin.write(body[:len(body) - missing])
         stdin.seek(0)
+        path, _, query = path.partition("?")
         environment = {
             "REQUEST_METHOD": "GET" if fields is file is None else "POST", "HTTP_HOST": "board",
+            "QUERY_STRING": query,
             "SERVER_PORT": "80", "HTTP_COOKIE": "sid=" + self.session.decode(),
             "CONTENT_LENGTH": str(len(body)), "ORV_IPC_SOCKET": str(self.path),
             "ORV_IPC_TIMEOUT_MS": str(int(TIME_LIMIT * 1000)),
@@ -115,7 +118,8 @@ class FaultCase(BoardCase):
         page = Page(process.returncode, output or b"", log or b"")
         for report in SANITIZER_REPORTS:
             self.assertNotIn(report, page.log)
-        return page
+        redirect = re.match(rb"Status: 303 See Other\nLocation: (.*)\n", page.body)
+        return self.page(redirect[1].decode()) if redirect else page
 
     def page(self, path, fields=None, **options):
         return self.finish_page(self.start_page(path, fields, **options))

@@ -8,6 +8,7 @@
 #include "framework/page/Partitions.h"
 #include "framework/page/Redirect.h"
 #include "framework/page/SessionEnd.h"
+#include "orv/PException.h"
 
 using namespace ORVLib::Gui;
 
@@ -48,7 +49,7 @@ void ConsoleMain::showPage(PageContext& context) {
         return;
     }
     if (!usesFrames() && !isAnsweredWithFile()) {
-        putOutline(context.requester);
+        putOutline(context);
     }
     printPage(std::move(body));
 }
@@ -61,14 +62,25 @@ void ConsoleMain::setTitle(Text title) {
     }
 }
 
-void ConsoleMain::putOutline(CGIRequester& requester) {
+/// A form may have changed something: the page that says so is shown without the rest when the
+/// board fails only now.
+void ConsoleMain::putOutline(const PageContext& context) {
     const MenuPlace place = placeOf(getFunction());
-    HTMLMapUtil::insertIntoMap(
-        m_page->getMap(), "strip",
-        makeStrip(OutlineKind::PAGE, requester, placeText(place, m_title, m_language)));
+    Component strip;
+    try {
+        strip =
+            makeStrip(OutlineKind::PAGE, context.requester, placeText(place, m_title, m_language));
+    } catch (const ORVLib::PException&) {
+        if (!context.form.isPostMethod()) {
+            throw;
+        }
+        logError(moduleOf(getFunction()), "the board failed after it answered the form");
+        return;
+    }
+    HTMLMapUtil::insertIntoMap(m_page->getMap(), "strip", std::move(strip));
     HTMLMapUtil::insertIntoMap(
         m_page->getMap(), "menu",
-        makeMenu(OutlineKind::PAGE, requester, m_authority, place, m_language));
+        makeMenu(OutlineKind::PAGE, context.requester, m_authority, place, m_language));
     m_page->getGenerator().setSkeletonFileName(skeletonPath("skeleton_console.txt"));
 }
 

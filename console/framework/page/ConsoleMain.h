@@ -45,7 +45,7 @@ private:
     void showPage(PageContext& context) final;
     bool isSessionRenewed() const final { return !isSelfRefreshing(); }
 
-    void putOutline(ORVLib::Gui::CGIRequester& requester);
+    void putOutline(const PageContext& context);
 
     Function m_function;
     std::string m_title;
