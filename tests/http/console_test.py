@@ -11,6 +11,7 @@ from support.site_case import SiteCase
 
 REFRESH, MAINTENANCE = "/network/orv_refresh_set.cgi", "/maintenance/maintenance_mode.cgi"
 MENU, POWER = "/common/menu.cgi?load=1&tid=0&mid=3", "/system/power_control.cgi"
+SERVICES = "/network/orv_protocol_set.cgi"
 NAMES, PASSWORD = "/system/sys_info.cgi", "/user/ch_passwd.cgi"
 SEARCH, FIRMWARE = "/system/sel_filtering.cgi", "/maintenance/orv_firmup.cgi"
 
@@ -84,6 +85,7 @@ class Console(SiteCase):
                 ((), PASSWORD, CHANGE, b'name="wanted"'),
                 ((), PASSWORD, {**CHANGE, "back": "1"}, b'name="wanted"'),
                 ((), NAMES, {"contact": "x", "more": "x" * 2048}, ASKED),
+                (("--fault", "0201402b:error"), SERVICES, {"http_port": "81"}, ASKED, ASKED),
                 (("--fault", "0201402b:error"), NAMES, {"contact": "y"}, ASKED, DONE)):
             self.site.restart_board(*fault)
             page = self.client.get(path)

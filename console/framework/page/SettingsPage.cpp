@@ -119,6 +119,10 @@ void SettingsPage::makeConfigPage() {
     }
     if (isRight && !isReady) {
         refuse(TEXT_CONSENT_MISSING);
+        if (isConfirmed()) {
+            showConfirmation();
+            return;
+        }
     } else if (isReady) {
         apply();
     }
