@@ -147,9 +147,10 @@ class Limits(FaultCase):
         kind = resource.RLIMIT_NOFILE
         limits = range(1, 24)
         self.firstGood(limits, self.tryDaemon, kind)
-        self.start("--client-timeout", "500", limit=13, kind=kind)
+        self.start("--client-timeout", "500", limit=15, kind=kind)
         silent = [self.connect() for _ in range(9)]
-        self.session = self.login().session  # when they have been sent away
+        self.session = self.login().session
+        self.waitFor(lambda: self.descriptors() == self.idle)  # they have been sent away
         for path, file in ((NAMES, None), (INSPECTOR, b"x"), (SEARCH, None)):
             right = self.page(path, file=file)
             self.firstGood(limits, self.tryPage, kind, right, path, file=file)
