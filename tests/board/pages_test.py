@@ -1,8 +1,8 @@
 """The same requests to pages on the board and on this machine: same output and same log.
 
 Each machine runs its own build's pages and orvboardd. Only values that differ in every run are
-masked: the session ID, the CSRF token, and the time and process ID of a line of the log. The bytes
-of telegrams are tested by the suite wire, which runs on the board too.
+masked: the session ID, the CSRF token, the IDs of notes, and the time and process ID of a line of the
+log. The bytes of telegrams are tested by the suite wire, which runs on the board too.
 """
 
 import hashlib
@@ -24,6 +24,8 @@ FORM, MULTIPART = "application/x-www-form-urlencoded", "multipart/form-data; bou
 LOG_LINE_BEGIN = re.compile(rb"^[\d-]{10} [\d:.]{15} \[\d+\] ", re.MULTILINE)
 ANY_SESSION, ANY_TOKEN = b"s" * 31, b"t" * 32
 TOKEN = re.compile(rb'name="form_end" value="([0-9a-f]{32})"')
+NOTE = re.compile(rb'((?:draft|done)(?:=|" value="))[0-9a-f]{16}')
+ADDRESS = re.compile(rb"^Location: (/.*[?&](?:draft|done)=.*)$", re.MULTILINE)
 
 
 def form(**fields):
@@ -73,7 +75,7 @@ class Visit:
         self.machine, self.session, self.token = machine, "", ANY_TOKEN
 
     def ask(self, target, body):
-        """The masked answer and what the page logged."""
+        """The masked answer and what the page logged; after a form, with the page that it leads to."""
         content = body[1].replace(ANY_TOKEN, self.token) if body else b""
         output, log = self.machine.run_page(
             target.partition("?")[0], self._environment(target, body), content)
@@ -82,7 +84,10 @@ class Visit:
             self.session = opened[1].decode()
         if found := TOKEN.search(output):
             self.token = found[1]
-        return self._masked(output), LOG_LINE_BEGIN.sub(b"", self._masked(log))
+        masked = self._masked(output), LOG_LINE_BEGIN.sub(b"", self._masked(log))
+        if found := ADDRESS.search(output):
+            return tuple(map(bytes.__add__, masked, self.ask(found[1].decode(), None)))
+        return masked
 
     def _environment(self, target, body):
         path, _, query = target.partition("?")
@@ -94,7 +99,7 @@ class Visit:
                 "HTTP_COOKIE": "sid=" + self.session, "ORV_TRACE_LEVEL": "200"}
 
     def _masked(self, data):
-        data = data.replace(self.token, ANY_TOKEN)
+        data = NOTE.sub(rb"\1", data.replace(self.token, ANY_TOKEN))
         return data.replace(self.session.encode() or ANY_SESSION, ANY_SESSION)
 
 
