@@ -39,9 +39,9 @@ def take_pictures(site, browser, folder):
     take("dark")
     browser.prefer("light")
     browser.resize(*PHONE)
-    browser.open("/network/orv_ip_set.cgi")
+    browser.open("/network/orv_smtp_set.cgi")
     take("phone")
-    browser.open("/network/orv_ip_set.cgi#menu")
+    browser.open("/network/orv_smtp_set.cgi#menu")
     take("phone-menu")
     browser.resize(*WINDOW)
 
