@@ -13,7 +13,7 @@ AXE, LAYOUT = ((HERE / name).read_text(encoding="utf-8") for name in ("axe.js", 
 WIDTHS, MENU_WIDTHS = (320, 768, 1280), (250, 250, 250)
 SCHEMES = ("dark", "", "light")  # at each width; axe-core looks at two of them
 # A page's states, each with an element that only it has.
-STATES = {"error": "main .err_string",
+STATES = {"consent": ".consent", "error": "main .err_string",
           "unchanged": "main form:has([name=back]):not(:has([name=submit]))", "confirmation": "[name=back]",
           "done": "[role=status].normal_green", "ending": "#session_ending[open]",
           "ended": "#session_ended[open]", "waiting": "[name=keep]"}
@@ -54,8 +54,9 @@ class Access(BrowserCase):
         self.assertEqual({path for path, *_ in self.seen if path.endswith(".cgi")} - self.helped,
                          set(WITHOUT_HELP))
         for page, language in itertools.product(PAGES, (0, 1)):
-            for state in ("form", "confirmation", "done", *["error"] * bool(page.wrong)):
-                self.assertIn((page.path, state, language), self.seen)
+            for states in ({"form"}, {"confirmation", "consent"}, {"done"},
+                           *[{"error"}] * bool(page.wrong)):
+                self.assertTrue({(page.path, state, language) for state in states} & self.seen)
 
     def renew_board(self):
         """A board with the settings of a new one: a confirmation shows only what changes."""
