@@ -132,7 +132,8 @@ class Access(BrowserCase):
         self.open(path)
         with self.subTest(path=path, language=self.language):
             for changes in filter(self.can_fill, forms):
-                self.browser.fill(changes)
+                self.browser.fill({**changes, **dict.fromkeys(
+                    ["consent0"] * bool(self.browser.all(".consent")), True)})
                 self.browser.press("submit")
                 self.look(path)
 
