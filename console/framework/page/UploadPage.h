@@ -12,9 +12,6 @@ namespace Console {
 /// The uploaded file is deleted at the end of the request that brings it: receive() sends it to the
 /// board, or carries it in the form.
 class UploadPage : public FormPage {
-public:
-    using FormPage::isCompleted;
-
 protected:
     /// `file` is the label of the input, `notice` the question before apply().
     UploadPage(const PageContext& context, Function function, Text purpose, Text file, Text notice);

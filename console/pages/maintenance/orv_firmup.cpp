@@ -6,7 +6,6 @@
 #include "framework/page/ConsoleMain.h"
 #include "framework/page/Program.h"
 #include "framework/page/UploadPage.h"
-#include "gui/MetaTag.h"
 #include "gui/ORVGUIUtil.h"
 #include "pages/maintenance/FirmwareImage.h"
 #include "protocol/Digest.h"
@@ -20,11 +19,7 @@ namespace Console {
 namespace {
 
 constexpr Function PROGRESS = functionOf(TEXT_PROGRESS);
-constexpr int INSTALLATION_BEGUN = 440;
 constexpr char DIGEST_FIELD[] = "digest";
-
-/// The time until the completion page is replaced by the progress page.
-constexpr char FORWARD_SECONDS[] = "2";
 
 Record dropRequest() {
     return {"drop"};
@@ -59,8 +54,7 @@ public:
         : UploadPage(context, FUNCTION, TEXT_FIRMWARE_PURPOSE, TEXT_FIRMWARE_IMAGE,
                      TEXT_CONFIRM_INSTALL) {
         setApplyLabel(TEXT_INSTALL);
-        setCompletion(INSTALLATION_BEGUN);
-        setReturnPath(ORVGUIUtil::getCGIPath(PROGRESS));
+        setDonePath(ORVGUIUtil::getCGIPath(PROGRESS));
     }
 
 protected:
@@ -188,27 +182,11 @@ private:
     }
 };
 
-class FirmwareMain : public ConsoleMain {
-public:
-    explicit FirmwareMain(FormInfo& form) : ConsoleMain(form, FirmwarePage::FUNCTION) {}
-
-protected:
-    Component makeBody(const PageContext& context) override {
-        auto page = std::make_unique<FirmwarePage>(context);
-        page->makePage();
-        if (page->isCompleted()) {
-            HTMLMapUtil::insertIntoMap(m_page->getMap(), "meta_refresh",
-                                       std::make_unique<MetaTag>("Refresh", FORWARD_SECONDS,
-                                                                 ORVGUIUtil::getCGIPath(PROGRESS)));
-        }
-        return page;
-    }
-};
-
 }  // namespace
 
 }  // namespace Console
 
 int main() {
-    return Console::runUploadProgram<Console::FirmwareMain>(Console::FirmwarePage::FUNCTION);
+    return Console::runUploadProgram<Console::SettingsMain<Console::FirmwarePage>>(
+        Console::FirmwarePage::FUNCTION);
 }

@@ -63,8 +63,8 @@ private:
     void addService(const std::string& heading, const std::string& name) {
         addHeading(heading);
         auto& enabled =
-            add(TEXT_SERVICE, TEXT_NEITHER_HTTP_NOR_HTTPS, std::make_unique<ChecksInput>(name));
-        enabled.addBox(text(TEXT_ENABLED));
+            add(TEXT_SERVICE, TEXT_NEITHER_HTTP_NOR_HTTPS,
+                std::make_unique<FlagInput>(name, text(TEXT_ENABLED), text(TEXT_DISABLED)));
         auto& port = add(TEXT_PORT, TEXT_WRONG_PORT, std::make_unique<PortInput>(name + "_port"));
         m_services.push_back({enabled, port});
     }

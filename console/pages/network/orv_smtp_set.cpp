@@ -37,14 +37,14 @@ public:
 
     explicit MailPage(const PageContext& context)
         : RecordPage(context, FUNCTION, TEXT_MAIL_PURPOSE, ITEM_MAIL),
-          m_enabled(add(TEXT_SENDING, TEXT_WRONG_CHOICE, std::make_unique<ChecksInput>("enabled"))),
+          m_enabled(
+              add(TEXT_SENDING, TEXT_WRONG_CHOICE,
+                  std::make_unique<FlagInput>("enabled", text(TEXT_ENABLED), text(TEXT_DISABLED)))),
           m_server(addText<InetAddressField>(TEXT_MAIL_SERVER, TEXT_WRONG_MAIL_SERVER, "server")),
           m_port(add(TEXT_PORT, TEXT_WRONG_PORT, std::make_unique<PortInput>("port", true))),
           m_sender(addMailAddress(TEXT_SENDER, "sender")),
           m_firstRecipient(addMailAddress(TEXT_FIRST_RECIPIENT, "recipient1")),
-          m_secondRecipient(addMailAddress(TEXT_SECOND_RECIPIENT, "recipient2")) {
-        m_enabled.addBox(text(TEXT_ENABLED));
-    }
+          m_secondRecipient(addMailAddress(TEXT_SECOND_RECIPIENT, "recipient2")) {}
 
 protected:
     void checkInputs() override {

@@ -47,8 +47,8 @@ private:
     void addDestination(const std::string& number) {
         addHeading(text(TEXT_TRAP_DESTINATION) + ' ' + number);
         auto& enabled = add(TEXT_SENDING, TEXT_WRONG_CHOICE,
-                            std::make_unique<ChecksInput>("enabled" + number + '_'));
-        enabled.addBox(text(TEXT_ENABLED));
+                            std::make_unique<FlagInput>("enabled" + number + '_',
+                                                        text(TEXT_ENABLED), text(TEXT_DISABLED)));
         auto& address = add(TEXT_ADDRESS, TEXT_WRONG_ADDRESS,
                             std::make_unique<AddressInput>("address" + number + '_', true));
         auto& community =
