@@ -97,7 +97,7 @@ def check_requests(site):
 
 
 def check_menu(site, user):
-    """Everything that the menu leads to. Each function has the same page in both kinds of console."""
+    """Everything that the menu leads to: the same pages in both kinds of console."""
     client = client_of(site, user)
     menu = client.get("/common/menu.cgi?load=1&tid=0&mid=3").body.decode("latin-1")
     links, pages = MENU_LINK.findall(menu), set()

@@ -18,7 +18,7 @@ std::string answer(const Call& call) {
     const std::string note = call.content.substr(end + 1);
     const std::string& session = call.caller->sessionId;
     const std::string* const kept = call.sessions.findNote(session, id);
-    if (kept == nullptr && !id.empty()) {
+    if (kept == nullptr && (note.empty() || !id.empty())) {
         throw boardError(ERROR_NOT_FOUND, "the session has no such note", call.id);
     }
     return note.empty() ? *kept : formatRecord({call.sessions.keepNote(session, id, note)});

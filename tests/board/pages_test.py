@@ -1,8 +1,8 @@
 """The same requests to pages on the board and on this machine: same output and same log.
 
 Each machine runs its own build's pages and orvboardd. Only values that differ in every run are
-masked: the session ID, the CSRF token, the IDs of notes, and the time and process ID of a line of the
-log. The bytes of telegrams are tested by the suite wire, which runs on the board too.
+masked: the session ID, the CSRF token, the IDs of notes, and the time and process ID of a line of
+the log. The bytes of telegrams are tested by the suite wire, which runs on the board too.
 """
 
 import hashlib
@@ -52,7 +52,7 @@ REQUESTS = (
     ("Japanese text", INSPECTOR, form(language=0, text="設定".encode("euc-jp")),
      "<code>設定</code>".encode("euc-jp")),
     ("every component", "/common/gallery.cgi?language=0", None, "部品一覧".encode("euc-jp")),
-    ("Japanese log-in", LOGIN, form(user="operator", password="operator-pass"), b"Set-Cookie: sid="),
+    ("Japanese log-in", LOGIN, form(user="operator", password="operator-pass"), b"Set-Cookie: "),
     ("Japanese setting", REFRESH, None, "<h1>リフレッシュ間隔</h1>".encode("euc-jp")),
 )
 WITH_A_FAULT = (
@@ -75,7 +75,7 @@ class Visit:
         self.machine, self.session, self.token = machine, "", ANY_TOKEN
 
     def ask(self, target, body):
-        """The masked answer and what the page logged; after a form, with the page that it leads to."""
+        """The masked answer and log; after a form, with those of the page that it leads to."""
         content = body[1].replace(ANY_TOKEN, self.token) if body else b""
         output, log = self.machine.run_page(
             target.partition("?")[0], self._environment(target, body), content)

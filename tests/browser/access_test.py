@@ -14,9 +14,10 @@ WIDTHS, MENU_WIDTHS = (320, 768, 1280), (250, 250, 250)
 SCHEMES = ("dark", "", "light")  # at each width; axe-core looks at two of them
 # A page's states, each with an element that only it has.
 STATES = {"consent": ".consent", "error": "main .err_string",
-          "unchanged": "main form:has([name=back]):not(:has([name=submit]))", "confirmation": "[name=back]",
-          "done": "[role=status].normal_green", "ending": "#session_ending[open]",
-          "ended": "#session_ended[open]", "waiting": "[name=keep]"}
+          "unchanged": "main form:has([name=back]):not(:has([name=submit]))",
+          "confirmation": "[name=back]", "done": "[role=status].normal_green",
+          "ending": "#session_ending[open]", "ended": "#session_ended[open]",
+          "waiting": "[name=keep]"}
 STRANGERS = ("/common/gallery.cgi?language={}", "/common/request.cgi?language={}&text=a")
 FRAMES = {"/common/menu.cgi?load=1&tid=0&mid=3": MENU_WIDTHS,
           "/common/information.cgi?menu0=Network+Configuration&menu1=Event+filter": WIDTHS}

@@ -11,7 +11,7 @@ from console_client import ConsoleClient
 from console_site import ConsoleSite
 
 BUILD = Path(os.environ["CONSOLE_BUILD"])
-# The way of serving: a web server, whether pages run in the page server, and whether there are frames.
+# The way of serving: a web server, the page server or plain CGI, and frames or not.
 WAY = {"server": os.environ.get("CONSOLE_SERVER", "lighttpd"),
        "scgi": os.environ.get("CONSOLE_SCGI", "") not in ("", "0"),
        "frames": os.environ.get("CONSOLE_FRAMES", "") not in ("", "0")}
