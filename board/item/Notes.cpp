@@ -18,10 +18,11 @@ std::string answer(const Call& call) {
     const std::string note = call.content.substr(end + 1);
     const std::string& session = call.caller->sessionId;
     const std::string* const kept = call.sessions.findNote(session, id);
-    if (kept == nullptr && (note.empty() || !id.empty())) {
+    const bool isRead = note.empty();
+    if (kept == nullptr && (isRead || !id.empty())) {
         throw boardError(ERROR_NOT_FOUND, "the session has no such note", call.id);
     }
-    return note.empty() ? *kept : formatRecord({call.sessions.keepNote(session, id, note)});
+    return isRead ? *kept : formatRecord({call.sessions.keepNote(session, id, note)});
 }
 
 }  // namespace ORVLib::Board::Notes
