@@ -59,7 +59,8 @@ def send(client, page, changes, *expected):
     form = page.form()
     answer = client.post(form.path, sent({**form.fields, **changes}))
     for text in expected:
-        expect(text in answer.body or text in answer.text().encode("latin-1"),
+        expect(text in answer.body or text in answer.text().encode("latin-1")
+               or text.decode("latin-1") in answer.address,
                f"{form.path} does not answer {changes} with {text.decode()}")
     expect(not any(secret in answer.body for secret in PASSWORDS), f"{form.path} shows a password")
     return answer
