@@ -147,6 +147,8 @@ def check_settings(site, page):
 
 
 def check_flows(site):
+    expect("etwork settings" in client_of(site, "admin").get("/network/probation.cgi").text(),
+           "there is no page of unconfirmed network settings")
     for user, path, *forms in FLOWS:
         client = client_of(site, user)
         page = client.get(path)
@@ -174,6 +176,7 @@ def check_way_in_and_out(site):
         expect(expected in client.get(f"/system/sel_filtering.cgi?{search}&search=1").body,
                "the search does not answer as it should")
     living = client.session
+    expect(b'"left": ' in client.get("/common/session.cgi").body, "a session has no end")
     expect("Do you want" in client.get(LOGOUT).text(), "a link to the log-out does not ask")
     form = client.get("/common/information.cgi").form()
     client.post(form.path, form.fields)

@@ -23,7 +23,8 @@ REQUESTS = int(os.environ.get("SOAK_REQUESTS", "1000" if SANITIZED else "10000")
 CONNECTIONS, LIFE_SECONDS, UPLOAD_BYTES = 8, 2, 300000
 # The peak may grow when the server holds the uploads of all users at once for the first time.
 GROWTH_KIB = (8192 if SANITIZED else 2048) + CONNECTIONS * UPLOAD_BYTES // 1024
-AWAY = re.compile(r"\(00:040[12]\)|board cannot be reached")
+# A board that was away has lost what a form was about to lead to.
+AWAY = re.compile(r"\(00:040[12]\)|board cannot be reached|This confirmation is over")
 INSPECTOR, REFRESH = "/common/request.cgi", "/network/orv_refresh_set.cgi"
 PAGES = (("/system/sys_status.cgi", "31 C"), ("/user/who.cgi", "soak"),
          ("/user/ch_passwd.cgi", "New password"), ("/common/menu.cgi", "Change password"),

@@ -118,10 +118,9 @@ FormRequest readFormRequest(const PageContext& context, Function function) {
     } else if (fields.count(DRAFT_FIELD) != 0) {
         readDraft(context, function, request);
     } else if (fields.count(DONE_FIELD) != 0) {
-        if (std::optional<Record> note = findNoteOf(context, function, DONE_FIELD)) {
-            request.step = Step::DONE;
-            request.done = std::move(*note);
-        }
+        std::optional<Record> note = findNoteOf(context, function, DONE_FIELD);
+        request.step = note ? Step::DONE : Step::GONE;
+        request.done = note ? std::move(*note) : Record();
     }
     return request;
 }

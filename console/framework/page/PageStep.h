@@ -21,7 +21,7 @@
 ///     4                                    APPLY        none; or 3 when the input is wrong
 ///     not SHOW, but without the token      CUT_OFF      3
 ///     a GET with "draft"                   CONFIRM or EDIT_AGAIN as above; GONE without it
-///     a GET with "done"                    DONE         none
+///     a GET with "done"                    DONE         none; GONE without what was done
 ///
 /// A page without confirmation carries 4 in place of 3.
 ///
@@ -34,7 +34,7 @@ namespace Console {
 enum class Step {
     SHOW,        ///< show the form with the present settings
     CUT_OFF,     ///< the same, because the request is not a whole form of this session
-    GONE,        ///< the same, because the board no longer has the draft
+    GONE,        ///< the same, because the board no longer has the draft, or what was done
     EDIT_AGAIN,  ///< show the form with the input, after a confirmation
     CONFIRM,     ///< show the input, to be confirmed
     APPLY,       ///< apply the input

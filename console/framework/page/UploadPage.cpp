@@ -45,6 +45,9 @@ void UploadPage::makeDispPage() {
         case Step::DONE:
             showCompletion();
             return;
+        case Step::GONE:
+            refuse(TEXT_NO_DRAFT);
+            break;
         case Step::CUT_OFF:
             refuse(isFileLost(getContext().form) ? TEXT_FILE_LOST : TEXT_FORM_CUT_OFF);
             break;
