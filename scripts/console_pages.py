@@ -117,7 +117,7 @@ FLOWS = (
     ("admin", ACCESS_LIST + "?operation=remove&row=24.24.24.24/24", ({}, DONE)),
     ("admin", "/system/power_control.cgi", ({}, WRONG), ({"operation": "reset"}, ASKED),
      ({}, DONE)),
-    ("admin", "/network/orv_time_set.cgi", ({"zone": "-12:00"}, b"the clock goes on"),
+    ("admin", "/network/orv_time_set.cgi", ({"zone": "-12:00"}, b"the clock keeps running"),
      ({}, DONE)),
     ("part", PARTITION_POWER, ({"operation": "on"}, WRONG), ({"operation": "off"}, ASKED),
      ({}, DONE)),

@@ -40,7 +40,7 @@ int parseOffset(const std::string& stored) {
     return *parseNumber(parseTexts(stored)->at(STORED_OFFSET), INT_MIN, INT_MAX);
 }
 
-// True when neither date nor time is given: the clock goes on, whatever its zone is from now on.
+// True when neither date nor time is given: the clock keeps running, whatever its new zone is.
 bool isTimeKept(const Record& fields) {
     return fields[TIME_DATE].empty() && fields[TIME_TIME].empty();
 }

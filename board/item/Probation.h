@@ -11,9 +11,9 @@ namespace ORVLib::Board {
 
 /// Changes of the network settings that wait to be confirmed. Addresses, services and access list
 /// take effect at once. Unless somebody who reached the board by them confirms them in time, the
-/// board goes back to those before the first change that was not confirmed.
+/// board restores those before the first change that was not confirmed.
 ///
-/// The time is measured by the machine's steady clock. The daemon's next start goes on with the
+/// The time is measured by the machine's steady clock. The next start of the daemon uses the
 /// rest that was stored last.
 class Probation {
 public:

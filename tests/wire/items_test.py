@@ -461,7 +461,7 @@ class ItemsTest(BoardCase):
         self.assertAlmostEqual(int(event[1]), local + 19800, delta=20)
         self.put(CLOCK, admin, texts("|now|+14:00|servers|192.0.2.1|"))
         self.assertAlmostEqual(shown()[0], time.time() + 50400, delta=2)
-        for zone in ("-05:30", "+00:00"):  # without date and time, the clock goes on
+        for zone in ("-05:30", "+00:00"):  # without date and time, the clock keeps running
             self.put(CLOCK, admin, texts(f"||{zone}|manual||"))
         events = self.events(admin, 9)
         self.put(CLOCK, admin, texts("||+00:00|manual||"))

@@ -4,6 +4,11 @@
 
 namespace Console {
 
+std::string fieldOf(const Fields& fields, const std::string& name) {
+    const auto field = fields.find(name);
+    return field != fields.end() ? field->second : "";
+}
+
 std::string fieldOf(const ORVLib::Gui::FormInfo& form, const std::string& name) {
     std::string value;
     form.getFormData(name, value);

@@ -9,7 +9,11 @@ namespace Console {
 /// The name of a page's form, for components.
 constexpr char FORM_NAME[] = "form_name";
 
-/// The value of a field of the request; empty without it.
+/// The fields of a form, by their names.
+using Fields = ORVLib::Gui::FormInfo::FieldMap;
+
+/// The value of a field; empty without it.
+std::string fieldOf(const Fields& fields, const std::string& name);
 std::string fieldOf(const ORVLib::Gui::FormInfo& form, const std::string& name);
 
 /// A text as the value of an input component, which escapes only double quotes. The input then

@@ -12,8 +12,7 @@ namespace Console {
 
 void Input::submit(const Fields& fields) {
     for (std::size_t i = 0; i < m_values.size(); ++i) {
-        const auto field = fields.find(fieldName(i));
-        m_values[i] = field != fields.end() ? field->second : "";
+        m_values[i] = fieldOf(fields, fieldName(i));
     }
 }
 

@@ -5,12 +5,9 @@
 #include <vector>
 
 #include "framework/backend/RecordReader.h"
-#include "gui/FormInfo.h"
+#include "framework/input/Form.h"
 
 namespace Console {
-
-/// The fields of a form, by their names.
-using Fields = ORVLib::Gui::FormInfo::FieldMap;
 
 /// An input of a settings page. It keeps the values of its fields as the user typed them, so that
 /// the form shows a wrong entry again. The library's components are made from these values when the

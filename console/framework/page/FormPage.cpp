@@ -64,8 +64,7 @@ void FormPage::carryInAddress(const std::string& name, const std::string& value)
 }
 
 std::string FormPage::getField(const std::string& name) const {
-    const auto field = m_request.fields.find(name);
-    return field != m_request.fields.end() ? field->second : "";
+    return fieldOf(m_request.fields, name);
 }
 
 bool FormPage::answerDraft() {

@@ -60,7 +60,7 @@ protected:
     void setReturnPath(const std::string& path);
 
     /// Sends the browser to another page of the console after the form is applied: one that shows
-    /// how it goes on, or for a change after which the user may not use this one any longer.
+    /// the progress, or for a change after which the user may not use this one any longer.
     void setDonePath(const std::string& path) { m_donePath = path; }
 
     /// Sets the label of the button that applies.

@@ -41,17 +41,12 @@ const StepState* find(Step step) {
     return find([step](const StepState& state) { return state.step == step; });
 }
 
-std::string valueOf(const Fields& fields, const std::string& name) {
-    const auto field = fields.find(name);
-    return field != fields.end() ? field->second : "";
-}
-
 /// The step that the fields of a form ask for.
 Step wantedStep(const Fields& fields) {
     if (fields.count(BACK_FIELD) != 0) {
         return Step::EDIT_AGAIN;
     }
-    const std::string carried = valueOf(fields, HTMLPage::FORM_PAGE_STATE);
+    const std::string carried = fieldOf(fields, HTMLPage::FORM_PAGE_STATE);
     const StepState* const wanted = find(
         [&carried](const StepState& state) { return carried == std::to_string(state.carried); });
     return wanted != nullptr ? wanted->step : Step::SHOW;
@@ -108,7 +103,7 @@ bool isOwnForm(const FormInfo& form, const CGIRequester& requester, Module modul
 
 FormRequest readFormRequest(const PageContext& context, Function function) {
     const Fields& fields = context.form.getFields();
-    FormRequest request = {Step::SHOW, fields, valueOf(fields, DRAFT_FIELD), {}};
+    FormRequest request = {Step::SHOW, fields, fieldOf(fields, DRAFT_FIELD), {}};
     if (context.form.isPostMethod()) {
         request.step = wantedStep(fields);
         if (request.step != Step::SHOW &&

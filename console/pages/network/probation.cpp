@@ -1,4 +1,4 @@
-// Network settings that wait to be confirmed: keeps them, or goes back to the old ones.
+// Network settings that wait to be confirmed: keeps them, or restores the old ones.
 
 #include "framework/page/Probation.h"
 #include "framework/backend/Board.h"
